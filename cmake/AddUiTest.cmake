@@ -1,0 +1,23 @@
+# add_ui_test(<name> SOURCES <file>... [LIBRARIES <target>...] [NO_SCREEN])
+#
+# One test program. It runs on a virtual screen of its own with a window manager, or without any screen (NO_SCREEN),
+# and fails on a Qt warning that it has not announced with QTest::ignoreMessage().
+function(add_ui_test name)
+    cmake_parse_arguments(arg "NO_SCREEN" "" "SOURCES;LIBRARIES" ${ARGN})
+    add_executable(${name} ${arg_SOURCES})
+    set_target_properties(${name} PROPERTIES AUTOMOC ON CXX_EXTENSIONS OFF)
+    target_compile_definitions(${name} PRIVATE QT_NO_KEYWORDS)
+    target_link_libraries(${name} PRIVATE ui_test_support zelmar::common_ui_qt ${arg_LIBRARIES})
+    common_ui_qt_set_warnings(${name})
+
+    if(arg_NO_SCREEN)
+        add_test(NAME ${name} COMMAND ${name})
+    else()
+        add_test(NAME ${name} COMMAND "${PROJECT_SOURCE_DIR}/tools/with-screen" $<TARGET_FILE:${name}>)
+    endif()
+    set(suppressions "${PROJECT_SOURCE_DIR}/tests/support/leaks.supp")
+    set_tests_properties(${name} PROPERTIES
+        TIMEOUT 120
+        FAIL_REGULAR_EXPRESSION "QWARN  :;QCRITICAL:;QFATAL :;QSYSTEM:"
+        ENVIRONMENT "LSAN_OPTIONS=suppressions=${suppressions}:print_suppressions=0;UBSAN_OPTIONS=print_stacktrace=1")
+endfunction()

@@ -1,0 +1,7 @@
+# One instrumentation for the whole tree: sanitized and plain objects do not mix in one process.
+if(COMMON_UI_QT_SANITIZERS)
+    set(sanitizer_flags -fsanitize=${COMMON_UI_QT_SANITIZERS} -fno-omit-frame-pointer
+        -fno-sanitize-recover=all)
+    add_compile_options(${sanitizer_flags})
+    add_link_options(${sanitizer_flags})
+endif()

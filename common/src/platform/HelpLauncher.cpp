@@ -1,0 +1,75 @@
+#include "platform/HelpLauncher.h"
+
+#include <QDesktopServices>
+#include <QLoggingCategory>
+
+#include <utility>
+
+namespace zelmar {
+
+namespace {
+
+QString folderPath(const QUrl& url)
+{
+    const QString path = url.adjusted(QUrl::NormalizePathSegments).path();
+    return path.endsWith(QLatin1Char('/')) ? path : path + QLatin1Char('/');
+}
+
+/// The topic's page below `base`, or an invalid URL when its path leads elsewhere. The topic is never parsed as a URL
+/// of its own: a colon in it would make it one.
+QUrl topicUrl(const QUrl& base, const QString& topic)
+{
+    const QString basePath = folderPath(base);
+    QUrl url = base;
+    url.setPath(basePath + topic.section(QLatin1Char('#'), 0, 0));
+    if (topic.contains(QLatin1Char('#')))
+        url.setFragment(topic.section(QLatin1Char('#'), 1));
+    url = url.adjusted(QUrl::NormalizePathSegments);
+    return url.path().startsWith(basePath) ? url : QUrl();
+}
+
+} // namespace
+
+HelpLauncher& HelpLauncher::getInstance()
+{
+    static HelpLauncher instance;
+    return instance;
+}
+
+QUrl HelpLauncher::baseUrl() const
+{
+    return m_baseUrl;
+}
+
+void HelpLauncher::setBaseUrl(const QUrl& url)
+{
+    m_baseUrl = url;
+}
+
+void HelpLauncher::setHandler(Handler handler)
+{
+    m_handler = std::move(handler);
+}
+
+void HelpLauncher::showHelp(const std::string& topic)
+{
+    // A copy: the handler may put another one in its own place.
+    const Handler handler = m_handler;
+    if (handler)
+        handler(topic);
+    else
+        openTopic(topic);
+}
+
+void HelpLauncher::openTopic(const std::string& topic) const
+{
+    if (m_baseUrl.isEmpty()) {
+        qWarning("No place of help pages is set: cannot show the help topic %s", topic.c_str());
+        return;
+    }
+    const QUrl url = topicUrl(m_baseUrl, QString::fromStdString(topic));
+    if (!url.isValid() || !QDesktopServices::openUrl(url))
+        qWarning("Cannot show the help topic %s below %s", topic.c_str(), qPrintable(m_baseUrl.toString()));
+}
+
+} // namespace zelmar

@@ -1,0 +1,31 @@
+#include "ui/qt/dialogs/FolderReadTracker.h"
+
+FolderReadTracker::FolderReadTracker(QFileSystemModel& model)
+    : QObject(&model)
+    , m_model(model)
+    , m_root(model.rootPath())
+{
+    connect(&model, SIGNAL(directoryLoaded(QString)), this, SLOT(onDirectoryLoaded(QString)));
+    connect(&model, SIGNAL(rootPathChanged(QString)), this, SLOT(onRootPathChanged(QString)));
+}
+
+bool FolderReadTracker::rootIsBeingRead() const
+{
+    const QModelIndex root = m_model.index(m_model.rootPath());
+    return root.isValid() && !m_announced.contains(root);
+}
+
+void FolderReadTracker::onDirectoryLoaded(const QString& path)
+{
+    const QModelIndex folder = m_model.index(path);
+    // What can be fetched was left since: the announcement is a late one, and the folder is read again when it is
+    // entered.
+    if (folder.isValid() && !m_model.canFetchMore(folder))
+        m_announced.insert(folder);
+}
+
+void FolderReadTracker::onRootPathChanged(const QString& newPath)
+{
+    m_announced.remove(m_model.index(m_root));
+    m_root = newPath;
+}

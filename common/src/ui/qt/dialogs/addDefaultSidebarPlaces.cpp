@@ -1,0 +1,23 @@
+#include "ui/qt/dialogs/addDefaultSidebarPlaces.h"
+
+#include <boost/filesystem/exception.hpp>
+
+#include <QFileDialog>
+#include <QLoggingCategory>
+#include <QUrl>
+
+void addDefaultSidebarPlaces(QFileDialog& dialog, const StandardLocations& locations)
+{
+    try {
+        QList<QUrl> urls = dialog.sidebarUrls();
+        for (const auto place : {QStandardPaths::DesktopLocation, QStandardPaths::DocumentsLocation,
+                                 QStandardPaths::HomeLocation}) {
+            const QStringList folders = locations(place);
+            if (!folders.isEmpty())
+                urls.append(QUrl::fromLocalFile(folders.first()));
+        }
+        dialog.setSidebarUrls(urls);
+    } catch (const boost::filesystem::filesystem_error& error) {
+        qDebug("Unable to add default storage locations to sidebar: %s", error.what());
+    }
+}

@@ -1,0 +1,7 @@
+#include "ui/qt/dialogs/rules/temporaryNameFilter.h"
+
+QString temporaryNameFilter(const QString& selected, const QString& pattern)
+{
+    const QString description = selected.left(selected.indexOf(QLatin1Char('(')));
+    return (description + QLatin1Char('(') + pattern + QLatin1Char(')')).simplified();
+}

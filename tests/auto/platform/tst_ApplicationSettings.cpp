@@ -1,0 +1,223 @@
+#include "platform/ApplicationSettings.h"
+
+#include "OrdinaryUser.h"
+#include "TestHome.h"
+
+#include <QDir>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QSettings>
+#include <QTest>
+
+#include <string>
+#include <vector>
+
+using zelmar::ApplicationSettings;
+
+namespace {
+
+ApplicationSettings& settings()
+{
+    return ApplicationSettings::getInstance();
+}
+
+const std::vector<std::string>& trickyKeys()
+{
+    static const std::vector<std::string> keys{
+        "",
+        "QExtendedFileDialog/Geometry",
+        "qextendedfiledialog/geometry",
+        "QExtendedFileDialog\\Geometry",
+        "/",
+        "//",
+        "a/b",
+        "a_2fb", // what a careless escape would make of the one before
+        "_",
+        " ",
+        "%2f",
+        "General/x",
+        "\xC3\xA4",
+        "\xC3\x84",
+        "\xFF\xFE",
+        std::string("nul\0inside", 10),
+        std::string("nul"),
+        std::string(3000, 'k'),
+    };
+    return keys;
+}
+
+QByteArray valueOf(std::size_t index)
+{
+    return "value " + QByteArray::number(static_cast<int>(index)) + QByteArray("\0\xFF\n", 3);
+}
+
+QString settingsFile()
+{
+    return QSettings(QCoreApplication::organizationName(), QCoreApplication::applicationName()).fileName();
+}
+
+/// The answer of this program started again: whether it finds every value that the first one has kept.
+int checkAfterRestart()
+{
+    for (std::size_t i = 0; i < trickyKeys().size(); ++i) {
+        if (settings().getByteArrayValue(trickyKeys()[i]) != valueOf(i))
+            return 1 + static_cast<int>(i);
+    }
+    return 0;
+}
+
+} // namespace
+
+class tst_ApplicationSettings : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void nothingKeptIsEmpty();
+    void everyByteStringIsAKeyOfItsOwn();
+    void laterValueReplacesEarlierOne();
+    void emptyValueIsKept();
+    void survivesARestart();
+    void leavesTheApplicationsOwnSettingsAlone();
+    void damagedFileIsAWarning();
+    void unwritableFolderIsAWarning();
+    void withoutAnOrganization();
+    void ownStoreTakesThePlace();
+    void nullBringsTheDefaultStoreBack();
+};
+
+void tst_ApplicationSettings::init()
+{
+    settings().setStore(nullptr);
+    QFile::remove(settingsFile());
+}
+
+void tst_ApplicationSettings::nothingKeptIsEmpty()
+{
+    for (const std::string& key : trickyKeys())
+        QVERIFY(settings().getByteArrayValue(key).isEmpty());
+}
+
+void tst_ApplicationSettings::everyByteStringIsAKeyOfItsOwn()
+{
+    for (std::size_t i = 0; i < trickyKeys().size(); ++i)
+        settings().depositValue(trickyKeys()[i], valueOf(i));
+    for (std::size_t i = 0; i < trickyKeys().size(); ++i)
+        QCOMPARE(settings().getByteArrayValue(trickyKeys()[i]), valueOf(i));
+}
+
+void tst_ApplicationSettings::laterValueReplacesEarlierOne()
+{
+    settings().depositValue("key", "first");
+    settings().depositValue("key", "second");
+    QCOMPARE(settings().getByteArrayValue("key"), QByteArray("second"));
+}
+
+void tst_ApplicationSettings::emptyValueIsKept()
+{
+    settings().depositValue("key", "first");
+    settings().depositValue("key", QByteArray());
+    QCOMPARE(settings().getByteArrayValue("key"), QByteArray());
+}
+
+void tst_ApplicationSettings::survivesARestart()
+{
+    for (std::size_t i = 0; i < trickyKeys().size(); ++i)
+        settings().depositValue(trickyKeys()[i], valueOf(i));
+
+    QProcess again;
+    again.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--check-after-restart")});
+    QVERIFY(again.waitForFinished());
+    QCOMPARE(again.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(again.exitCode(), 0);
+
+    // The check can fail: one value less, and it names the key.
+    settings().depositValue(trickyKeys()[1], "another");
+    again.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--check-after-restart")});
+    QVERIFY(again.waitForFinished());
+    QCOMPARE(again.exitCode(), 2);
+}
+
+void tst_ApplicationSettings::leavesTheApplicationsOwnSettingsAlone()
+{
+    {
+        QSettings own(QCoreApplication::organizationName(), QCoreApplication::applicationName());
+        own.setValue(QStringLiteral("key"), 7);
+    }
+    settings().depositValue("key", "ours");
+    QSettings own(QCoreApplication::organizationName(), QCoreApplication::applicationName());
+    QCOMPARE(own.value(QStringLiteral("key")).toInt(), 7);
+}
+
+void tst_ApplicationSettings::damagedFileIsAWarning()
+{
+    QVERIFY(QDir().mkpath(QFileInfo(settingsFile()).path()));
+    QFile file(settingsFile());
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("[gen\0eral\n\xFF\xFE = \\x\n]]=;\n", 26);
+    file.close();
+
+    const QRegularExpression warning(QStringLiteral("^The settings file .* is damaged$"));
+    QTest::ignoreMessage(QtWarningMsg, warning);
+    QVERIFY(settings().getByteArrayValue("key").isEmpty());
+}
+
+void tst_ApplicationSettings::unwritableFolderIsAWarning()
+{
+    const QString folder = QFileInfo(settingsFile()).path();
+    QVERIFY(QDir().mkpath(folder));
+    settings().depositValue("key", "kept");
+
+    const OrdinaryUser user;
+    QVERIFY(user.isOrdinary());
+    QTest::ignoreMessage(QtWarningMsg,
+                         QRegularExpression(QStringLiteral("^Cannot read or write the settings file ")));
+    settings().depositValue("key", "lost");
+}
+
+void tst_ApplicationSettings::withoutAnOrganization()
+{
+    const QString organization = QCoreApplication::organizationName();
+    QCoreApplication::setOrganizationName(QString());
+    settings().depositValue("key", "value"); // no warning either
+    const QByteArray kept = settings().getByteArrayValue("key");
+    QCoreApplication::setOrganizationName(organization);
+
+    QCOMPARE(kept, QByteArray("value"));
+    QVERIFY(settings().getByteArrayValue("key").isEmpty());
+}
+
+void tst_ApplicationSettings::ownStoreTakesThePlace()
+{
+    settings().depositValue("key", "in the file");
+    QVERIFY(settings().setStore(std::make_unique<ApplicationSettings::MemoryStore>()));
+
+    QVERIFY(settings().getByteArrayValue("key").isEmpty());
+    for (std::size_t i = 0; i < trickyKeys().size(); ++i)
+        settings().depositValue(trickyKeys()[i], valueOf(i));
+    for (std::size_t i = 0; i < trickyKeys().size(); ++i)
+        QCOMPARE(settings().getByteArrayValue(trickyKeys()[i]), valueOf(i));
+
+    const auto memory = settings().setStore(nullptr);
+    QCOMPARE(memory->value(trickyKeys()[1]), valueOf(1));
+}
+
+void tst_ApplicationSettings::nullBringsTheDefaultStoreBack()
+{
+    settings().depositValue("key", "in the file");
+    settings().setStore(std::make_unique<ApplicationSettings::MemoryStore>());
+    settings().setStore(nullptr);
+    QCOMPARE(settings().getByteArrayValue("key"), QByteArray("in the file"));
+}
+
+int main(int argc, char* argv[])
+{
+    const TestHome home;
+    QCoreApplication application(argc, argv);
+    if (application.arguments().contains(QStringLiteral("--check-after-restart")))
+        return checkAfterRestart();
+    tst_ApplicationSettings test;
+    return QTest::qExec(&test, argc, argv);
+}
+#include "tst_ApplicationSettings.moc"

@@ -1,0 +1,56 @@
+cmake_policy(VERSION 3.16)
+
+function(run)
+    execute_process(COMMAND ${ARGN} RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE output)
+    if(NOT result EQUAL 0)
+        string(REPLACE ";" " " command "${ARGN}")
+        message(FATAL_ERROR "${command}\nanswered ${result}:\n${output}")
+    endif()
+    set(output "${output}" PARENT_SCOPE)
+endfunction()
+
+function(expect_working program)
+    run("${program}")
+    if(NOT output MATCHES "the installed library works")
+        message(FATAL_ERROR "${program} said: ${output}")
+    endif()
+endfunction()
+
+file(REMOVE_RECURSE "${SCRATCH}")
+set(staging "${SCRATCH}/staging")
+set(prefix "${SCRATCH}/a moved prefix")
+run("${CMAKE_COMMAND}" --install "${BUILD}" --prefix "${staging}" --config "${CONFIG}")
+file(RENAME "${staging}" "${prefix}")
+
+# Only public headers are installed, each as it stands in the source tree.
+file(GLOB_RECURSE headers RELATIVE "${prefix}/include/common_ui_qt" "${prefix}/include/common_ui_qt/*.h")
+foreach(header IN LISTS headers)
+    if(NOT header STREQUAL "common_ui_qt_export.h")
+        file(READ "${HEADERS}/${header}" source)
+        file(READ "${prefix}/include/common_ui_qt/${header}" installed)
+        if(NOT source STREQUAL installed)
+            message(FATAL_ERROR "${header} differs from its source")
+        endif()
+    endif()
+    if(header MATCHES "internal|Tracker|rules/|Impl")
+        message(FATAL_ERROR "the internal header ${header} is installed")
+    endif()
+endforeach()
+
+# With find_package.
+run("${CMAKE_COMMAND}" -S "${CONSUMER}" -B "${SCRATCH}/consumer" -G Ninja
+    "-DCMAKE_PREFIX_PATH=${prefix}" "-DCMAKE_CXX_COMPILER=${CXX}" -DCMAKE_BUILD_TYPE=Debug)
+run("${CMAKE_COMMAND}" --build "${SCRATCH}/consumer")
+expect_working("${SCRATCH}/consumer/consumer")
+
+# With pkg-config: flags come with blanks escaped, as a shell wants them.
+file(GLOB_RECURSE pc "${prefix}/*/common_ui_qt.pc")
+get_filename_component(pc_folder "${pc}" DIRECTORY)
+get_filename_component(library_folder "${pc_folder}" DIRECTORY)
+file(WRITE "${SCRATCH}/with_pkg_config.sh"
+    "set -eu\nexport PKG_CONFIG_PATH='${pc_folder}'\n"
+    "eval \"'${CXX}' -std=c++14 '${CONSUMER}/main.cpp' -o '${SCRATCH}/with_pkg_config' "
+    "$(pkg-config --cflags --libs common_ui_qt)\"\n")
+run(sh "${SCRATCH}/with_pkg_config.sh")
+set(ENV{LD_LIBRARY_PATH} "${library_folder}")
+expect_working("${SCRATCH}/with_pkg_config")

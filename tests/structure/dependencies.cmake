@@ -1,0 +1,59 @@
+# Fails when a source includes what its folder may not know:
+#   property, platform, compat <- ui/qt/controls <- ui/qt/dialogs;
+#   dialogs/rules are pure text, without widgets; only dialogs/windows knows the shell's interfaces, and only the
+#   facades (ExtendedFileDialog, SaveFileDialog) know dialogs/windows.
+cmake_policy(VERSION 3.16)
+
+set(failures "")
+
+function(refuse_includes files pattern reason)
+    foreach(file IN LISTS files)
+        file(STRINGS "${SOURCES}/${file}" includes REGEX "^ *# *include.*${pattern}")
+        foreach(include IN LISTS includes)
+            set(failures "${failures}\n${file}: ${include} (${reason})")
+        endforeach()
+    endforeach()
+    set(failures "${failures}" PARENT_SCOPE)
+endfunction()
+
+function(refuse_text files pattern reason)
+    foreach(file IN LISTS files)
+        file(STRINGS "${SOURCES}/${file}" lines REGEX "${pattern}")
+        foreach(line IN LISTS lines)
+            set(failures "${failures}\n${file}: ${line} (${reason})")
+        endforeach()
+    endforeach()
+    set(failures "${failures}" PARENT_SCOPE)
+endfunction()
+
+file(GLOB_RECURSE all RELATIVE "${SOURCES}" "${SOURCES}/*.h" "${SOURCES}/*.cpp")
+if(NOT all)
+    message(FATAL_ERROR "no sources below ${SOURCES}")
+endif()
+
+set(foundation ${all})
+list(FILTER foundation INCLUDE REGEX "^(property|platform|compat)/")
+refuse_includes("${foundation}" "[\"<]ui/" "the foundation knows no user interface")
+
+set(property ${all})
+list(FILTER property INCLUDE REGEX "^property/")
+refuse_includes("${property}" "<Q" "observable values know no Qt")
+
+set(controls ${all})
+list(FILTER controls INCLUDE REGEX "^ui/qt/controls/")
+refuse_includes("${controls}" "[\"<]ui/qt/dialogs/" "controls know no dialogs")
+
+set(rules ${all})
+list(FILTER rules INCLUDE REGEX "^ui/qt/dialogs/rules/")
+refuse_includes("${rules}" "<(QtWidgets|QWidget|QApplication|QFileDialog|QDialog|QMessageBox)" "rules know no widget")
+
+set(portable ${all})
+list(FILTER portable EXCLUDE REGEX "^ui/qt/dialogs/windows/")
+refuse_text("${portable}" "shellapi\\.h|windows\\.h|shobjidl|IFileDialog|IShellItem|CoInitialize|HRESULT"
+    "only dialogs/windows knows the shell")
+list(FILTER portable EXCLUDE REGEX "^ui/qt/dialogs/(ExtendedFileDialog|SaveFileDialog)\\.cpp$")
+refuse_includes("${portable}" "dialogs/windows/" "only the facades know the native half")
+
+if(failures)
+    message(FATAL_ERROR "Includes against the direction of dependencies:${failures}")
+endif()
