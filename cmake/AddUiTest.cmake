@@ -17,7 +17,7 @@ function(add_ui_test name)
     endif()
     set(suppressions "${PROJECT_SOURCE_DIR}/tests/support/leaks.supp")
     set_tests_properties(${name} PROPERTIES
-        TIMEOUT 120
+        TIMEOUT 300
         FAIL_REGULAR_EXPRESSION "QWARN  :;QCRITICAL:;QFATAL :;QSYSTEM:"
         ENVIRONMENT "LSAN_OPTIONS=suppressions=${suppressions}:print_suppressions=0;UBSAN_OPTIONS=print_stacktrace=1")
 endfunction()

@@ -155,7 +155,7 @@ void tst_ApplicationSettings::damagedFileIsAWarning()
     QVERIFY(QDir().mkpath(QFileInfo(settingsFile()).path()));
     QFile file(settingsFile());
     QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write("[gen\0eral\n\xFF\xFE = \\x\n]]=;\n", 26);
+    file.write("[general\n\xFF\xFE = \\x\n]]=;\n");
     file.close();
 
     const QRegularExpression warning(QStringLiteral("^The settings file .* is damaged$"));

@@ -1,0 +1,7 @@
+#include "ui/qt/dialogs/SaveFileMessageHandlerInterface.h"
+
+namespace zelmar {
+
+SaveFileMessageHandlerInterface::~SaveFileMessageHandlerInterface() = default;
+
+} // namespace zelmar

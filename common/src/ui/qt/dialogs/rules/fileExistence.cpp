@@ -1,0 +1,16 @@
+#include "ui/qt/dialogs/rules/fileExistence.h"
+
+#include <boost/filesystem/operations.hpp>
+
+namespace fs = boost::filesystem;
+
+bool countsAsExisting(fs::file_type type)
+{
+    return type != fs::status_error && type != fs::file_not_found;
+}
+
+fs::file_type fileTypeOf(const std::string& name)
+{
+    boost::system::error_code error;
+    return fs::status(fs::path(name), error).type();
+}
