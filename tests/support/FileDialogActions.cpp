@@ -21,7 +21,8 @@ void typeName(QFileDialog& dialog, const QString& name)
     edit.setFocus();
     edit.selectAll();
     QTest::keyClick(&edit, Qt::Key_Delete);
-    QTest::keyClicks(&edit, name);
+    for (const QChar character : name) // not keyClicks(): it knows Latin-1 only
+        QTest::sendKeyEvent(QTest::Click, &edit, Qt::Key_unknown, QString(character), Qt::NoModifier);
 }
 
 void pressReturn(QFileDialog& dialog)

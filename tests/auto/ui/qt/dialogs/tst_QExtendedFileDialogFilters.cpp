@@ -289,7 +289,9 @@ void tst_QExtendedFileDialogFilters::patternThenAName()
     const auto dialog = makeDialog({text, data, all});
     pickFilter(*dialog, 1);
     acceptName(*dialog, QStringLiteral("run*"));
-    QTRY_COMPARE(listedNames(*dialog).size(), 3);
+    // Until the list has followed, Qt takes a name that the last filter hid for its folder.
+    QTRY_COMPARE(listedNames(*dialog),
+                 (QStringList{QStringLiteral("run.txt"), QStringLiteral("run1.dat"), QStringLiteral("run2.plt")}));
     QSignalSpy accepted(dialog.get(), &QDialog::accepted);
     acceptName(*dialog, QStringLiteral("run1.dat"));
     QCOMPARE(accepted.count(), 1);
