@@ -31,12 +31,12 @@ public:
     template <typename Dialog>
     void onDialog(const QString& name, std::function<void(Dialog&)> action)
     {
-        onDialogWhen<Dialog>(name, [](Dialog&) { return true; }, std::move(action));
+        onDialogWhen<Dialog>(
+            name, [](Dialog&) { return true; }, std::move(action));
     }
 
     template <typename Dialog>
-    void onDialogWhen(const QString& name, std::function<bool(Dialog&)> condition,
-                      std::function<void(Dialog&)> action)
+    void onDialogWhen(const QString& name, std::function<bool(Dialog&)> condition, std::function<void(Dialog&)> action)
     {
         addStep({name,
                  [condition = std::move(condition)](QDialog& dialog) {

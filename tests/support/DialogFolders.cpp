@@ -17,7 +17,7 @@ QString DialogFolders::path(const QString& name) const
 
 QString DialogFolders::addFile(const QString& name, const QByteArray& contents) const
 {
-    const QString result = path(name);
+    QString result = path(name);
     QDir().mkpath(QFileInfo(result).path());
     QFile file(result);
     if (!file.open(QIODevice::WriteOnly) || file.write(contents) != contents.size())

@@ -90,14 +90,19 @@ void fill(const QString& folder)
 
 std::vector<SaveFault> plainFaults()
 {
-    const auto at = [](const QString& folder, const char* name) { return folder + QLatin1Char('/') + QLatin1String(name); };
+    const auto at = [](const QString& folder, const char* name) {
+        return folder + QLatin1Char('/') + QLatin1String(name);
+    };
     return {
         {"nothing is wrong: new file", [=](const QString& f) { return at(f, "new.dat"); }, {}, true},
-        {"nothing is wrong: existing file", [=](const QString& f) { return addFile(at(f, "old.dat"), 0666); },
-         {"overwrite"}, true},
+        {"nothing is wrong: existing file",
+         [=](const QString& f) { return addFile(at(f, "old.dat"), 0666); },
+         {"overwrite"},
+         true},
         {"nothing is wrong: non-ASCII name",
          [=](const QString& f) { return addFile(f + QStringLiteral(u"/Me\u00dfwert \u6e2c\u5b9a.dat"), 0666); },
-         {"overwrite"}, true},
+         {"overwrite"},
+         true},
         {"nothing is wrong: neighbour with a name that is no UTF-8",
          [=](const QString& f) {
              const QByteArray name = native(f) + "/caf\xE9\xFF.dat";
@@ -105,43 +110,69 @@ std::vector<SaveFault> plainFaults()
              check(file >= 0 && close(file) == 0, "odd name");
              return at(f, "new.dat");
          },
-         {}, true},
-        {"read-only file", [=](const QString& f) { return addFile(at(f, "old.dat"), 0444); }, {"overwrite", "unable"}, false},
+         {},
+         true},
+        {"read-only file",
+         [=](const QString& f) { return addFile(at(f, "old.dat"), 0444); },
+         {"overwrite", "unable"},
+         false},
         {"writable file in a read-only folder",
          [=](const QString& f) {
              addFolder(at(f, "closed"), 0777);
              addFile(at(f, "closed/old.dat"), 0666);
              return addFolder(at(f, "closed"), 0555) + QStringLiteral("/old.dat");
          },
-         {"overwrite"}, true},
+         {"overwrite"},
+         true},
         {"new file in a read-only folder",
          [=](const QString& f) { return addFolder(at(f, "closed"), 0555) + QStringLiteral("/new.dat"); },
-         {"unable"}, false},
+         {"unable"},
+         false},
         {"missing folder", [=](const QString& f) { return at(f, "missing/new.dat"); }, {"unable"}, false},
         {"a file in place of the folder",
-         [=](const QString& f) { return addFile(at(f, "file"), 0666) + QStringLiteral("/new.dat"); }, {"unable"}, false},
-        {"a folder as target", [=](const QString& f) { return addFolder(at(f, "folder.dat"), 0777); },
-         {"overwrite", "unable"}, false},
+         [=](const QString& f) { return addFile(at(f, "file"), 0666) + QStringLiteral("/new.dat"); },
+         {"unable"},
+         false},
+        {"a folder as target",
+         [=](const QString& f) { return addFolder(at(f, "folder.dat"), 0777); },
+         {"overwrite", "unable"},
+         false},
         {"link to a read-only file",
          [=](const QString& f) { return addLink(at(f, "link.dat"), addFile(at(f, "old.dat"), 0444)); },
-         {"overwrite", "unable"}, false},
+         {"overwrite", "unable"},
+         false},
         // Behind these names nothing exists, so that their folder is what has to be writable. That the name itself
         // leads nowhere comes out when the caller writes.
         {"dangling link", [=](const QString& f) { return addLink(at(f, "link.dat"), at(f, "nowhere.dat")); }, {}, true},
         {"loop of links", [=](const QString& f) { return addLink(at(f, "loop.dat"), at(f, "loop.dat")); }, {}, true},
-        {"name too long", [=](const QString& f) { return f + QLatin1Char('/') + QString(300, QLatin1Char('x')) + QStringLiteral(".dat"); },
-         {}, true},
+        {"name too long",
+         [=](const QString& f) {
+             return f + QLatin1Char('/') + QString(300, QLatin1Char('x')) + QStringLiteral(".dat");
+         },
+         {},
+         true},
         {"folder deleted after the choice",
          [=](const QString& f) { return addFolder(at(f, "short-lived"), 0777) + QStringLiteral("/new.dat"); },
-         {"unable"}, false, [=](const QString& f) { QDir(f).rmdir(at(f, "short-lived")); }},
-        {"file deleted after the choice", [=](const QString& f) { return addFile(at(f, "old.dat"), 0666); }, {}, true,
+         {"unable"},
+         false,
+         [=](const QString& f) { QDir(f).rmdir(at(f, "short-lived")); }},
+        {"file deleted after the choice",
+         [=](const QString& f) { return addFile(at(f, "old.dat"), 0666); },
+         {},
+         true,
          [=](const QString& f) { QFile::remove(at(f, "old.dat")); }},
-        {"pipe that nobody reads", [=](const QString& f) { return addNode(at(f, "pipe.dat"), S_IFIFO | 0666); },
-         {"overwrite", "unable"}, false},
-        {"device that may be written", [=](const QString& f) { return addNullDevice(at(f, "null.dat"), 0666); },
-         {"overwrite"}, true},
-        {"device that may not be written", [=](const QString& f) { return addNullDevice(at(f, "null.dat"), 0600); },
-         {"overwrite", "unable"}, false},
+        {"pipe that nobody reads",
+         [=](const QString& f) { return addNode(at(f, "pipe.dat"), S_IFIFO | 0666); },
+         {"overwrite", "unable"},
+         false},
+        {"device that may be written",
+         [=](const QString& f) { return addNullDevice(at(f, "null.dat"), 0666); },
+         {"overwrite"},
+         true},
+        {"device that may not be written",
+         [=](const QString& f) { return addNullDevice(at(f, "null.dat"), 0600); },
+         {"overwrite", "unable"},
+         false},
     };
 }
 
@@ -154,37 +185,42 @@ std::vector<SaveFault> mountedFaults()
              fill(mounted);
              return mounted + QStringLiteral("/new.dat"); // that there is room is not proved
          },
-         {}, true},
+         {},
+         true},
         {"full file system: existing file",
          [=](const QString& f) {
              const QString mounted = mountFolder(f + QLatin1String(mountPoint), "size=64k,mode=0777");
-             const QString file = addFile(mounted + QStringLiteral("/old.dat"), 0666);
+             QString file = addFile(mounted + QStringLiteral("/old.dat"), 0666);
              fill(mounted);
              return file;
          },
-         {"overwrite"}, true},
+         {"overwrite"},
+         true},
         {"file system without room for another file",
          [=](const QString& f) {
              const QString mounted = mountFolder(f + QLatin1String(mountPoint), "nr_inodes=2,mode=0777");
              addFile(mounted + QStringLiteral("/old.dat"), 0666);
              return mounted + QStringLiteral("/new.dat");
          },
-         {"unable"}, false},
+         {"unable"},
+         false},
         {"read-only file system: new file",
          [=](const QString& f) {
              const QString mounted = mountFolder(f + QLatin1String(mountPoint), "mode=0777");
              makeReadOnly(mounted);
              return mounted + QStringLiteral("/new.dat");
          },
-         {"unable"}, false},
+         {"unable"},
+         false},
         {"read-only file system: existing file",
          [=](const QString& f) {
              const QString mounted = mountFolder(f + QLatin1String(mountPoint), "mode=0777");
-             const QString file = addFile(mounted + QStringLiteral("/old.dat"), 0666);
+             QString file = addFile(mounted + QStringLiteral("/old.dat"), 0666);
              makeReadOnly(mounted);
              return file;
          },
-         {"overwrite", "unable"}, false},
+         {"overwrite", "unable"},
+         false},
     };
 }
 
@@ -199,8 +235,8 @@ QString enterOwnMounts()
 QByteArray stateOf(const QFileInfo& info)
 {
     QByteArray state = QByteArray::number(int(info.permissions()), 16) + ' '
-        + QByteArray::number(info.metadataChangeTime().toMSecsSinceEpoch()) + ' '
-        + QByteArray::number(info.lastModified().toMSecsSinceEpoch());
+                       + QByteArray::number(info.metadataChangeTime().toMSecsSinceEpoch()) + ' '
+                       + QByteArray::number(info.lastModified().toMSecsSinceEpoch());
     QFile file(info.filePath());
     if (info.isFile() && !info.isSymLink() && file.open(QIODevice::ReadOnly))
         state += ' ' + file.readAll();

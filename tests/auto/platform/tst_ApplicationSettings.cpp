@@ -171,8 +171,7 @@ void tst_ApplicationSettings::unwritableFolderIsAWarning()
 
     const OrdinaryUser user;
     QVERIFY(user.isOrdinary());
-    QTest::ignoreMessage(QtWarningMsg,
-                         QRegularExpression(QStringLiteral("^Cannot read or write the settings file ")));
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("^Cannot read or write the settings file ")));
     settings().depositValue("key", "lost");
 }
 

@@ -64,6 +64,7 @@ void tst_HelpLauncher::topicBelowTheBaseUrl_data()
     QTest::addColumn<QString>("topic");
     QTest::addColumn<QString>("expected");
 
+    // clang-format off
     QTest::newRow("a page") << "help://host/manual/" << "open.html" << "help://host/manual/open.html";
     QTest::newRow("base without its slash") << "help://host/manual" << "open.html" << "help://host/manual/open.html";
     QTest::newRow("base without a path") << "help://host" << "open.html" << "help://host/open.html";
@@ -76,6 +77,7 @@ void tst_HelpLauncher::topicBelowTheBaseUrl_data()
     QTest::newRow("no topic shows the start page") << "help://host/m/" << "" << "help://host/m/";
     QTest::newRow("up and down again inside") << "help://host/m/" << "a/../b.html" << "help://host/m/b.html";
     QTest::newRow("non-ASCII") << "help://host/m/" << QStringLiteral(u"\u00f6ffnen.html") << "help://host/m/%C3%B6ffnen.html";
+    // clang-format on
 }
 
 void tst_HelpLauncher::topicBelowTheBaseUrl()

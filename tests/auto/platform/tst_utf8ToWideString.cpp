@@ -54,15 +54,18 @@ void tst_utf8ToWideString::converts_data()
     QTest::newRow("ASCII") << QByteArray("a.dat") << QStringLiteral("a.dat");
     QTest::newRow("two and three bytes") << QByteArray(u8"\u00e4\u20ac") << QStringLiteral(u"\u00e4\u20ac");
     QTest::newRow("four bytes") << QByteArray(u8"\U0001F4C1") << QStringLiteral(u"\U0001F4C1");
-    QTest::newRow("NUL in between") << QByteArray("a\0b", 3) << QString(QStringLiteral("a") + QChar(0) + QLatin1Char('b'));
+    QTest::newRow("NUL in between") << QByteArray("a\0b", 3)
+                                    << QString(QStringLiteral("a") + QChar(0) + QLatin1Char('b'));
     QTest::newRow("only a NUL") << QByteArray("\0", 1) << QString(1, QChar(0));
     QTest::newRow("byte order mark stays") << QByteArray(u8"\uFEFFx") << QStringLiteral(u"\uFEFFx");
     QTest::newRow("two byte order marks stay") << QByteArray(u8"\uFEFF\uFEFF") << QStringLiteral(u"\uFEFF\uFEFF");
     QTest::newRow("leading blanks stay") << QByteArray("  x") << QStringLiteral("  x");
-    QTest::newRow("stray continuation byte") << QByteArray("a\x80z") << QString(QStringLiteral("a") + replacement + QLatin1Char('z'));
+    QTest::newRow("stray continuation byte")
+        << QByteArray("a\x80z") << QString(QStringLiteral("a") + replacement + QLatin1Char('z'));
     QTest::newRow("byte that is never valid") << QByteArray("\xFF") << QString(replacement);
     QTest::newRow("cut sequence at the end") << QByteArray("a\xC3") << QString(QStringLiteral("a") + replacement);
-    QTest::newRow("Latin-1 text") << QByteArray("caf\xE9!") << QString(QStringLiteral("caf") + replacement + QLatin1Char('!'));
+    QTest::newRow("Latin-1 text") << QByteArray("caf\xE9!")
+                                  << QString(QStringLiteral("caf") + replacement + QLatin1Char('!'));
 }
 
 void tst_utf8ToWideString::converts()

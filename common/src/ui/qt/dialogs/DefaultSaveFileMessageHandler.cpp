@@ -4,8 +4,7 @@ namespace zelmar {
 
 DefaultSaveFileMessageHandler::DefaultSaveFileMessageHandler() = default;
 DefaultSaveFileMessageHandler::DefaultSaveFileMessageHandler(const DefaultSaveFileMessageHandler&) = default;
-DefaultSaveFileMessageHandler&
-DefaultSaveFileMessageHandler::operator=(const DefaultSaveFileMessageHandler&) = default;
+DefaultSaveFileMessageHandler& DefaultSaveFileMessageHandler::operator=(const DefaultSaveFileMessageHandler&) = default;
 DefaultSaveFileMessageHandler::~DefaultSaveFileMessageHandler() = default;
 
 std::string DefaultSaveFileMessageHandler::filenameToCheck(const std::string& filename)
@@ -22,14 +21,14 @@ std::string DefaultSaveFileMessageHandler::okToOverwriteMessage() const
 std::string DefaultSaveFileMessageHandler::unableToOverwriteMessage() const
 {
     return "Unable to save file " + m_filename
-        + ", check access permissions for the file and the parent directory."
-          " Do you want to try again and choose a different location?";
+           + ", check access permissions for the file and the parent directory."
+             " Do you want to try again and choose a different location?";
 }
 
 std::string DefaultSaveFileMessageHandler::systemAccessError(const std::string& error) const
 {
     return "Unable to access file " + m_filename + ": " + error
-        + ". Do you want to try again and choose a different location?";
+           + ". Do you want to try again and choose a different location?";
 }
 
 } // namespace zelmar

@@ -157,8 +157,7 @@ void QExtendedFileDialog::restoreSizeAndPosition()
 void QExtendedFileDialog::addSidebarUrls()
 {
     // A kept geometry tells that the user has met this dialog before, and may have tidied the sidebar since.
-    const bool shownBefore =
-        !ApplicationSettings::getInstance().getByteArrayValue(m_geometryPersistenceKey).isEmpty();
+    const bool shownBefore = !ApplicationSettings::getInstance().getByteArrayValue(m_geometryPersistenceKey).isEmpty();
     if (!shownBefore)
         addDefaultSidebarPlaces(*this, QStandardPaths::standardLocations);
 }
@@ -173,7 +172,7 @@ void QExtendedFileDialog::accept()
     else if (m_performSelectedFileValidation)
         QFileDialog::accept();
     else
-        QDialog::accept();
+        QDialog::accept(); // NOLINT(bugprone-parent-virtual-call): past QFileDialog's checks
 }
 
 void QExtendedFileDialog::applyTypedPattern(const QString& pattern)
@@ -224,7 +223,7 @@ bool QExtendedFileDialog::isTemporaryFilter(const QString& filter) const
 {
     // The box of a dialog that hides its patterns shows the bare description, which the replaced filter has too.
     return filter == m_modifiedNameFilter
-        || (testOption(QFileDialog::HideNameFilterDetails) && currentNameFilter() == m_modifiedNameFilter);
+           || (testOption(QFileDialog::HideNameFilterDetails) && currentNameFilter() == m_modifiedNameFilter);
 }
 
 /// The selected filter as it is in nameFilters(). selectedNameFilter() is the bare description in a dialog that hides

@@ -106,8 +106,7 @@ SaveFileQtDialog::SaveFileQtDialog(QWidget* parent, const std::string& caption, 
                                    const std::string& defaultFileName, const std::vector<std::string>& filters,
                                    int selectedFilter, const std::string& helpTopic,
                                    std::unique_ptr<SaveFileMessageHandlerInterface> messageHandler)
-    : m_impl(std::make_unique<Impl>(parent, caption, directory, filters.front(), helpTopic,
-                                    std::move(messageHandler)))
+    : m_impl(std::make_unique<Impl>(parent, caption, directory, filters.front(), helpTopic, std::move(messageHandler)))
 {
     m_impl->setFilters(filters, selectedFilter);
     m_impl->finishSetUp(defaultFileName);

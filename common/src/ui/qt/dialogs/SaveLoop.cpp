@@ -12,8 +12,8 @@
 
 SaveLoopDialog::~SaveLoopDialog() = default;
 
-SaveLoop::SaveLoop(SaveLoopDialog& dialog, zelmar::SaveFileMessageHandlerInterface& handler,
-                   const std::string& caption, std::string& selectedFileName)
+SaveLoop::SaveLoop(SaveLoopDialog& dialog, zelmar::SaveFileMessageHandlerInterface& handler, const std::string& caption,
+                   std::string& selectedFileName)
     : m_dialog(dialog)
     , m_handler(handler)
     , m_caption(caption)
@@ -63,9 +63,9 @@ SaveLoop::Outcome SaveLoop::againIfYes(const std::string& question) const
 bool SaveLoop::isYes(const std::string& question) const
 {
     // Not on the stack: the parent may be destroyed while the question is open, and takes the box with it.
-    const QPointer<QMessageBox> box
-        = new QMessageBox(QMessageBox::Question, QString::fromStdString(m_caption), QString::fromStdString(question),
-                          QMessageBox::Yes | QMessageBox::No, m_dialog.questionParent());
+    const QPointer<QMessageBox> box =
+        new QMessageBox(QMessageBox::Question, QString::fromStdString(m_caption), QString::fromStdString(question),
+                        QMessageBox::Yes | QMessageBox::No, m_dialog.questionParent());
     box->setDefaultButton(QMessageBox::No);
     // A file name with a "<" in it is shown as it is.
     box->setTextFormat(Qt::PlainText);

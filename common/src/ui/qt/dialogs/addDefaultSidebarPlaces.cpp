@@ -10,8 +10,8 @@ void addDefaultSidebarPlaces(QFileDialog& dialog, const StandardLocations& locat
 {
     try {
         QList<QUrl> urls = dialog.sidebarUrls();
-        for (const auto place : {QStandardPaths::DesktopLocation, QStandardPaths::DocumentsLocation,
-                                 QStandardPaths::HomeLocation}) {
+        for (const auto place :
+             {QStandardPaths::DesktopLocation, QStandardPaths::DocumentsLocation, QStandardPaths::HomeLocation}) {
             const QStringList folders = locations(place);
             if (!folders.isEmpty())
                 urls.append(QUrl::fromLocalFile(folders.first()));

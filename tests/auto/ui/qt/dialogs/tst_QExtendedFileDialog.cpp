@@ -113,7 +113,8 @@ void tst_QExtendedFileDialog::cleanup()
 std::unique_ptr<QExtendedFileDialog> tst_QExtendedFileDialog::makeDialog(QFileDialog::AcceptMode mode,
                                                                          const std::string& topic)
 {
-    return std::make_unique<QExtendedFileDialog>(*m_window, "Runs", m_folders.path(QStringLiteral("runs")).toStdString(),
+    return std::make_unique<QExtendedFileDialog>(*m_window, "Runs",
+                                                 m_folders.path(QStringLiteral("runs")).toStdString(),
                                                  "Data files (*.dat);;All files (*)", topic, mode);
 }
 
@@ -126,11 +127,11 @@ void tst_QExtendedFileDialog::slotsInTheirOrder()
         QCOMPARE(meta.method(i).methodType(), QMetaMethod::Slot);
         methods += QString::fromLatin1(meta.method(i).methodSignature());
     }
-    QCOMPARE(methods, (QStringList{QStringLiteral("show()"), QStringLiteral("exec()"), QStringLiteral("accept()"),
-                                   QStringLiteral("restoreFilters()"),
-                                   QStringLiteral("revertModifiedFilterAndSelect(QString)"),
-                                   QStringLiteral("launchHelp()"), QStringLiteral("onDirectoryLoaded(QString)"),
-                                   QStringLiteral("onRootPathChanged(QString)")}));
+    QCOMPARE(methods,
+             (QStringList{QStringLiteral("show()"), QStringLiteral("exec()"), QStringLiteral("accept()"),
+                          QStringLiteral("restoreFilters()"), QStringLiteral("revertModifiedFilterAndSelect(QString)"),
+                          QStringLiteral("launchHelp()"), QStringLiteral("onDirectoryLoaded(QString)"),
+                          QStringLiteral("onRootPathChanged(QString)")}));
     QCOMPARE(meta.method(meta.methodOffset() + 1).returnType(), int(QMetaType::Int));
 }
 
@@ -184,7 +185,8 @@ void tst_QExtendedFileDialog::withoutAParent()
                                QFileDialog::AcceptSave);
     QVERIFY(!dialog.parent());
     DialogDriver driver;
-    driver.onDialog<QFileDialog>("accept", [](QFileDialog& running) { acceptName(running, QStringLiteral("new.dat")); });
+    driver.onDialog<QFileDialog>("accept",
+                                 [](QFileDialog& running) { acceptName(running, QStringLiteral("new.dat")); });
     QCOMPARE(dialog.exec(), int(QDialog::Accepted));
     QVERIFY2(driver.finished(), qPrintable(driver.problem()));
     QCOMPARE(dialog.selectedFiles(), QStringList{m_folders.path(QStringLiteral("new.dat"))});
@@ -228,7 +230,8 @@ void tst_QExtendedFileDialog::helpLeavesTheDialogOpen()
             QTest::mouseClick(helpButton(running), Qt::LeftButton);
             QVERIFY(running.isVisible());
         });
-        driver.onDialog<QFileDialog>("accept", [](QFileDialog& running) { acceptName(running, QStringLiteral("a.dat")); });
+        driver.onDialog<QFileDialog>("accept",
+                                     [](QFileDialog& running) { acceptName(running, QStringLiteral("a.dat")); });
         QCOMPARE(dialog->exec(), int(QDialog::Accepted));
         QVERIFY2(driver.finished(), qPrintable(driver.problem()));
         QCOMPARE(m_topics, std::vector<std::string>(run, topic));
@@ -266,9 +269,8 @@ void tst_QExtendedFileDialog::opensSeveralFiles()
     const auto dialog = makeDialog(QFileDialog::AcceptOpen);
     dialog->setFileMode(QFileDialog::ExistingFiles);
     DialogDriver driver;
-    driver.onDialog<QFileDialog>("accept", [](QFileDialog& running) {
-        acceptName(running, QStringLiteral("\"a.dat\" \"b.dat\""));
-    });
+    driver.onDialog<QFileDialog>(
+        "accept", [](QFileDialog& running) { acceptName(running, QStringLiteral("\"a.dat\" \"b.dat\"")); });
     QCOMPARE(dialog->exec(), int(QDialog::Accepted));
     QVERIFY2(driver.finished(), qPrintable(driver.problem()));
     QCOMPARE(fileNames(dialog->selectedFiles()), (QStringList{QStringLiteral("a.dat"), QStringLiteral("b.dat")}));
@@ -316,7 +318,8 @@ void tst_QExtendedFileDialog::runsTwice()
     const auto dialog = makeDialog(QFileDialog::AcceptOpen);
     for (const char* name : {"a.dat", "b.dat"}) {
         DialogDriver driver;
-        driver.onDialog<QFileDialog>("accept", [name](QFileDialog& running) { acceptName(running, QLatin1String(name)); });
+        driver.onDialog<QFileDialog>("accept",
+                                     [name](QFileDialog& running) { acceptName(running, QLatin1String(name)); });
         QCOMPARE(dialog->exec(), int(QDialog::Accepted));
         QVERIFY2(driver.finished(), qPrintable(driver.problem()));
         QCOMPARE(fileNames(dialog->selectedFiles()), QStringList{QLatin1String(name)});
@@ -338,7 +341,8 @@ void tst_QExtendedFileDialog::missingFileIsRefused()
 {
     const auto dialog = makeDialog(QFileDialog::AcceptOpen);
     DialogDriver driver;
-    driver.onDialog<QFileDialog>("accept", [](QFileDialog& running) { acceptName(running, QStringLiteral("none.dat")); });
+    driver.onDialog<QFileDialog>("accept",
+                                 [](QFileDialog& running) { acceptName(running, QStringLiteral("none.dat")); });
     driver.onDialog<QMessageBox>("told so", [](QMessageBox& box) { box.accept(); });
     driver.onDialog<QFileDialog>("cancel", [](QFileDialog& running) { cancel(running); });
     QCOMPARE(dialog->exec(), int(QDialog::Rejected));
@@ -350,7 +354,8 @@ void tst_QExtendedFileDialog::missingFileIsAcceptedWithoutValidation()
     const auto dialog = makeDialog(QFileDialog::AcceptOpen);
     dialog->performSelectedFileValidation(false);
     DialogDriver driver;
-    driver.onDialog<QFileDialog>("accept", [](QFileDialog& running) { acceptName(running, QStringLiteral("none.dat")); });
+    driver.onDialog<QFileDialog>("accept",
+                                 [](QFileDialog& running) { acceptName(running, QStringLiteral("none.dat")); });
     QCOMPARE(dialog->exec(), int(QDialog::Accepted));
     QVERIFY2(driver.finished(), qPrintable(driver.problem()));
     QCOMPARE(fileNames(dialog->selectedFiles()), QStringList{QStringLiteral("none.dat")});
@@ -381,9 +386,7 @@ void tst_QExtendedFileDialog::deletedWhileRunning()
 {
     auto* dialog = makeDialog(QFileDialog::AcceptOpen).release();
     DialogDriver driver;
-    driver.onDialog<QFileDialog>("delete the parent", [this](QFileDialog&) {
-        m_window.reset();
-    });
+    driver.onDialog<QFileDialog>("delete the parent", [this](QFileDialog&) { m_window.reset(); });
     QCOMPARE(dialog->exec(), int(QDialog::Rejected));
     QVERIFY2(driver.finished(), qPrintable(driver.problem()));
     QVERIFY(!QGuiApplication::overrideCursor());

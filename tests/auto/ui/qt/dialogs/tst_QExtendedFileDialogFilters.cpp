@@ -121,6 +121,7 @@ void tst_QExtendedFileDialogFilters::patternReplacesTheSelectedFilter_data()
     QTest::addColumn<QString>("pattern");
     QTest::addColumn<QString>("expected");
 
+    // clang-format off
     QTest::newRow("first of three") << QStringList{data, text, all} << 0 << "run*" << "Data files (run*)";
     QTest::newRow("last of three") << QStringList{data, text, all} << 2 << "*.txt" << "All files (*.txt)";
     QTest::newRow("the only one") << QStringList{text} << 0 << "*" << "Texts (*)";
@@ -128,6 +129,7 @@ void tst_QExtendedFileDialogFilters::patternReplacesTheSelectedFilter_data()
     QTest::newRow("several patterns") << QStringList{data, all} << 0 << "run* *.txt" << "Data files (run* *.txt)";
     QTest::newRow("double blanks") << QStringList{data, all} << 0 << "run*  *.txt" << "Data files (run* *.txt)";
     QTest::newRow("question mark and asterisk") << QStringList{data} << 0 << "run?.*" << "Data files (run?.*)";
+    // clang-format on
 }
 
 void tst_QExtendedFileDialogFilters::patternReplacesTheSelectedFilter()

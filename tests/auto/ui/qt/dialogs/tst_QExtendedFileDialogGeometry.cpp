@@ -7,7 +7,6 @@
 #include "FileDialogActions.h"
 #include "TestHome.h"
 
-
 #include <QApplication>
 #include <QStandardPaths>
 #include <QTest>
@@ -116,8 +115,8 @@ std::unique_ptr<QExtendedFileDialog> tst_QExtendedFileDialogGeometry::makeDialog
 QList<QUrl> tst_QExtendedFileDialogGeometry::standardPlaces() const
 {
     QList<QUrl> urls;
-    for (const auto place : {QStandardPaths::DesktopLocation, QStandardPaths::DocumentsLocation,
-                             QStandardPaths::HomeLocation}) {
+    for (const auto place :
+         {QStandardPaths::DesktopLocation, QStandardPaths::DocumentsLocation, QStandardPaths::HomeLocation}) {
         const QStringList folders = QStandardPaths::standardLocations(place);
         QDir().mkpath(folders.value(0)); // the sidebar leaves out what does not exist
         urls += QUrl::fromLocalFile(folders.value(0));

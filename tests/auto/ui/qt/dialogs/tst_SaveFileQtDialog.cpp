@@ -131,8 +131,8 @@ void tst_SaveFileQtDialog::cleanup()
 
 std::unique_ptr<TestedFlow> tst_SaveFileQtDialog::makeFlow(const std::string& name)
 {
-    return std::make_unique<TestedFlow>(m_window.get(), "Save run", m_folders->path().toStdString(), name, writers, 0, "",
-                                        std::make_unique<RecordingMessageHandler>(m_calls));
+    return std::make_unique<TestedFlow>(m_window.get(), "Save run", m_folders->path().toStdString(), name, writers, 0,
+                                        "", std::make_unique<RecordingMessageHandler>(m_calls));
 }
 
 void tst_SaveFileQtDialog::isAPlainObject()
@@ -152,7 +152,8 @@ void tst_SaveFileQtDialog::setUpOfTheDialog()
     QCOMPARE(dialog.acceptMode(), QFileDialog::AcceptSave);
     QCOMPARE(dialog.fileMode(), QFileDialog::AnyFile);
     QCOMPARE(dialog.nameFilters(), QStringList{QString::fromStdString(data)});
-    QCOMPARE(dialog.options(), QFileDialog::Options(QFileDialog::DontUseNativeDialog | QFileDialog::DontConfirmOverwrite));
+    QCOMPARE(dialog.options(),
+             QFileDialog::Options(QFileDialog::DontUseNativeDialog | QFileDialog::DontConfirmOverwrite));
     QCOMPARE(typedName(dialog), QStringLiteral("run1.dat"));
     QVERIFY(dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Help));
     QCOMPARE(flow.selectedFilename(), std::string());
@@ -195,10 +196,12 @@ void tst_SaveFileQtDialog::ownHandlerIsTakenOver()
 {
     int count = 0;
     for (const bool list : {true, false}) {
-        std::unique_ptr<zelmar::SaveFileMessageHandlerInterface> handler = std::make_unique<CountedHandler>(m_calls, count);
+        std::unique_ptr<zelmar::SaveFileMessageHandlerInterface> handler =
+            std::make_unique<CountedHandler>(m_calls, count);
         {
-            const auto flow = list ? std::make_unique<TestedFlow>(m_window.get(), "", "", "", writers, 0, "", std::move(handler))
-                                   : std::make_unique<TestedFlow>(m_window.get(), "", "", "", data, "", std::move(handler));
+            const auto flow =
+                list ? std::make_unique<TestedFlow>(m_window.get(), "", "", "", writers, 0, "", std::move(handler))
+                     : std::make_unique<TestedFlow>(m_window.get(), "", "", "", data, "", std::move(handler));
             QVERIFY(!handler); // NOLINT(bugprone-use-after-move): that it is moved from is what is tested
             QCOMPARE(count, 1);
         }
@@ -209,7 +212,8 @@ void tst_SaveFileQtDialog::ownHandlerIsTakenOver()
 void tst_SaveFileQtDialog::textsAreUtf8()
 {
     const QString folder = m_folders->addFolder(QStringLiteral(u"Me\u00dfwerte \u6e2c\u5b9a"));
-    TestedFlow flow(m_window.get(), u8"S\u00efchern", folder.toStdString(), u8"l\u00e4uft", u8"Me\u00dfdaten (*.\u00e4)", "");
+    TestedFlow flow(m_window.get(), u8"S\u00efchern", folder.toStdString(), u8"l\u00e4uft",
+                    u8"Me\u00dfdaten (*.\u00e4)", "");
     QCOMPARE(flow.dialog()->windowTitle(), QStringLiteral(u"S\u00efchern"));
     DialogDriver driver;
     driver.onDialog<QFileDialog>("accept", [](QFileDialog& dialog) { pressReturn(dialog); });
@@ -224,10 +228,12 @@ void tst_SaveFileQtDialog::typedNames_data()
     QTest::addColumn<QString>("typed");
     QTest::addColumn<QString>("expected");
 
+    // clang-format off
     QTest::newRow("no extension") << "result" << "result.dat";
     QTest::newRow("trailing dot") << "result." << "result.dat";
     QTest::newRow("another extension") << "result.txt" << "result.txt";
     QTest::newRow("blanks") << "my result" << "my result.dat";
+    // clang-format on
 }
 
 void tst_SaveFileQtDialog::typedNames()
@@ -287,11 +293,13 @@ void tst_SaveFileQtDialog::secondLaunch()
     m_folders->addFolder(QStringLiteral("deeper"));
     const auto flow = makeFlow();
     DialogDriver driver;
-    driver.onDialog<QFileDialog>("accept", [](QFileDialog& dialog) { acceptName(dialog, QStringLiteral("deeper/first")); });
+    driver.onDialog<QFileDialog>("accept",
+                                 [](QFileDialog& dialog) { acceptName(dialog, QStringLiteral("deeper/first")); });
     QVERIFY(flow->launch());
     QCOMPARE(flow->selectedFilename(), path(QStringLiteral("deeper/first.dat")));
 
-    driver.onDialog<QFileDialog>("another name", [](QFileDialog& dialog) { acceptName(dialog, QStringLiteral("second")); });
+    driver.onDialog<QFileDialog>("another name",
+                                 [](QFileDialog& dialog) { acceptName(dialog, QStringLiteral("second")); });
     QVERIFY(flow->launch());
     QCOMPARE(QFileInfo(QString::fromStdString(flow->selectedFilename())).fileName(), QStringLiteral("second.dat"));
 
@@ -417,8 +425,8 @@ void tst_SaveFileQtDialog::derivedClassAdjustsTheDialog()
             return SaveFileQtDialog::launch();
         }
     };
-    const std::unique_ptr<SaveFileQtDialog> flow
-        = std::make_unique<Flow>(m_window.get(), "Save", m_folders->path().toStdString(), "new", writers, 0, "");
+    const std::unique_ptr<SaveFileQtDialog> flow =
+        std::make_unique<Flow>(m_window.get(), "Save", m_folders->path().toStdString(), "new", writers, 0, "");
     DialogDriver driver;
     driver.onDialog<QFileDialog>("accept", [](QFileDialog& dialog) { pressReturn(dialog); });
     QVERIFY(flow->launch());
@@ -434,7 +442,8 @@ void tst_SaveFileQtDialog::withoutAParent()
         dialog = flow.dialog();
         QVERIFY(!dialog->parent());
         DialogDriver driver;
-        driver.onDialog<QFileDialog>("accept", [](QFileDialog& running) { acceptName(running, QStringLiteral("old.dat")); });
+        driver.onDialog<QFileDialog>("accept",
+                                     [](QFileDialog& running) { acceptName(running, QStringLiteral("old.dat")); });
         driver.onDialog<QMessageBox>("yes", [](QMessageBox& box) { box.button(QMessageBox::Yes)->click(); });
         QVERIFY(flow.launch());
         QVERIFY2(driver.finished(), qPrintable(driver.problem()));

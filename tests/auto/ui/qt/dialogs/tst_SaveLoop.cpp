@@ -205,9 +205,11 @@ void tst_SaveLoop::overwriteNoThenAnotherName()
 {
     DialogDriver driver;
     answer(driver, "overwrite", no);
-    QVERIFY(run({{true, {path(QStringLiteral("old.dat"))}, dataFilter}, {true, {path(QStringLiteral("new"))}, dataFilter}},
-                &driver));
-    QCOMPARE(m_calls, (Calls{call("check", QStringLiteral("old.dat")), "overwrite", call("check", QStringLiteral("new.dat"))}));
+    QVERIFY(
+        run({{true, {path(QStringLiteral("old.dat"))}, dataFilter}, {true, {path(QStringLiteral("new"))}, dataFilter}},
+            &driver));
+    QCOMPARE(m_calls,
+             (Calls{call("check", QStringLiteral("old.dat")), "overwrite", call("check", QStringLiteral("new.dat"))}));
     QCOMPARE(m_name, path(QStringLiteral("new.dat")).toStdString());
 }
 
@@ -253,8 +255,10 @@ void tst_SaveLoop::errorNo_data()
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("raisedIn");
 
+    // clang-format off
     QTest::newRow("before the probe") << "old.dat" << "overwrite";
     QTest::newRow("after the probe") << "missing/new.dat" << "unable";
+    // clang-format on
 }
 
 void tst_SaveLoop::errorNo()
@@ -284,8 +288,9 @@ void tst_SaveLoop::errorYesThenAnotherName()
     };
     DialogDriver driver;
     answer(driver, question.c_str(), yes);
-    QVERIFY(run({{true, {path(QStringLiteral("old.dat"))}, dataFilter}, {true, {path(QStringLiteral("new.dat"))}, dataFilter}},
-                &driver));
+    QVERIFY(run(
+        {{true, {path(QStringLiteral("old.dat"))}, dataFilter}, {true, {path(QStringLiteral("new.dat"))}, dataFilter}},
+        &driver));
     QCOMPARE(m_calls, (Calls{call("check", QStringLiteral("old.dat")), "overwrite", question,
                              call("check", QStringLiteral("new.dat"))}));
 }
@@ -314,10 +319,10 @@ void tst_SaveLoop::severalRounds()
                  {true, {path(QStringLiteral("old."))}, dataFilter},
                  {true, {path(QStringLiteral("old.dat"))}, QString()}},
                 &driver));
-    QCOMPARE(m_calls,
-             (Calls{call("check", QStringLiteral("old.dat")), "overwrite", call("check", QStringLiteral("missing/new.dat")),
-                    "unable", call("check", QStringLiteral("old.dat")), "overwrite",
-                    call("check", QStringLiteral("old.dat")), "overwrite"}));
+    QCOMPARE(m_calls, (Calls{call("check", QStringLiteral("old.dat")), "overwrite",
+                             call("check", QStringLiteral("missing/new.dat")), "unable",
+                             call("check", QStringLiteral("old.dat")), "overwrite",
+                             call("check", QStringLiteral("old.dat")), "overwrite"}));
     QFile file(path(QStringLiteral("old.dat")));
     QVERIFY(file.open(QIODevice::ReadOnly));
     QCOMPARE(file.readAll(), QByteArray("contents"));

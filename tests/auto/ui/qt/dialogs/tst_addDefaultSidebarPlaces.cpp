@@ -46,10 +46,14 @@ void tst_addDefaultSidebarPlaces::desktopDocumentsHomeInThisOrder()
 {
     addDefaultSidebarPlaces(*m_dialog, [this](QStandardPaths::StandardLocation place) -> QStringList {
         switch (place) {
-        case QStandardPaths::DesktopLocation: return {folder(QStringLiteral("first"))};
-        case QStandardPaths::DocumentsLocation: return {folder(QStringLiteral("second"))};
-        case QStandardPaths::HomeLocation: return {folder(QStringLiteral("third"))};
-        default: return {};
+        case QStandardPaths::DesktopLocation:
+            return {folder(QStringLiteral("first"))};
+        case QStandardPaths::DocumentsLocation:
+            return {folder(QStringLiteral("second"))};
+        case QStandardPaths::HomeLocation:
+            return {folder(QStringLiteral("third"))};
+        default:
+            return {};
         }
     });
     for (const char* name : {"first", "second", "third"})

@@ -21,6 +21,7 @@ void tst_defaultExtension::extensionOfAFilter_data()
     QTest::addColumn<QString>("filter");
     QTest::addColumn<QString>("expected");
 
+    // clang-format off
     QTest::newRow("one pattern") << "Data files (*.dat)" << ".dat";
     QTest::newRow("the last of two patterns") << "Images (*.png *.jpg)" << ".jpg";
     QTest::newRow("the last of three patterns") << "Images (*.png *.jpg *.tif)" << ".tif";
@@ -45,6 +46,7 @@ void tst_defaultExtension::extensionOfAFilter_data()
     QTest::newRow("pattern without extension") << "Makefiles (Makefile*)" << "MakefilesMakefile";
     QTest::newRow("non-ASCII") << QStringLiteral(u"Me\u00dfdaten (*.\u00e4\u00f6)") << QStringLiteral(u".\u00e4\u00f6");
     QTest::newRow("beyond the basic plane") << QStringLiteral(u"x (*.\U0001F4C1)") << QStringLiteral(u".\U0001F4C1");
+    // clang-format on
 }
 
 void tst_defaultExtension::extensionOfAFilter()
@@ -63,6 +65,7 @@ void tst_defaultExtension::nameWithExtension_data()
     const QString images = QStringLiteral("Images (*.png *.jpg)");
     const QString all = QStringLiteral("All files (*)");
 
+    // clang-format off
     QTest::newRow("no extension") << "result" << data << "result.dat";
     QTest::newRow("trailing dot") << "result." << data << "result.dat";
     QTest::newRow("another extension") << "result.txt" << data << "result.txt";
@@ -116,6 +119,7 @@ void tst_defaultExtension::nameWithExtension_data()
     QTest::newRow("backslash is a letter here") << "a\\b" << data << "a\\b.dat";
     QTest::newRow("two slashes stay") << "/data//a" << data << "/data//a.dat";
 #endif
+    // clang-format on
 }
 
 void tst_defaultExtension::nameWithExtension()

@@ -19,6 +19,7 @@ void tst_temporaryNameFilter::makesAFilter_data()
     QTest::addColumn<QString>("pattern");
     QTest::addColumn<QString>("expected");
 
+    // clang-format off
     QTest::newRow("patterns are replaced") << "Data files (*.dat *.plt)" << "run*" << "Data files (run*)";
     QTest::newRow("all files") << "All files (*)" << "*.txt" << "All files (*.txt)";
     QTest::newRow("no bracket, no blank") << "Everything" << "a*" << "Everything(a*)";
@@ -31,6 +32,7 @@ void tst_temporaryNameFilter::makesAFilter_data()
     QTest::newRow("brackets typed") << "Data (*.dat)" << "a(1)*" << "Data (a(1)*)";
     QTest::newRow("non-ASCII") << QStringLiteral(u"Me\u00dfdaten (*.dat)") << QStringLiteral(u"\u00fc*")
                                << QStringLiteral(u"Me\u00dfdaten (\u00fc*)");
+    // clang-format on
 }
 
 void tst_temporaryNameFilter::makesAFilter()
