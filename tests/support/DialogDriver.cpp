@@ -1,23 +1,11 @@
 #include "DialogDriver.h"
 
+#include "Keyboard.h"
+
 #include <QApplication>
 #include <QTimer>
-#include <QWindow>
 
 #include <utility>
-
-namespace {
-
-/// A dialog that is shown again before any other window was active is not activated again by Qt: it never lost the
-/// keyboard as far as the window system is concerned.
-bool isActive(QDialog& dialog)
-{
-    if (dialog.isVisible() && QGuiApplication::focusWindow() == dialog.windowHandle())
-        QApplication::setActiveWindow(&dialog);
-    return dialog.isActiveWindow();
-}
-
-} // namespace
 
 DialogDriver::DialogDriver(int deadline)
     : m_deadlineLength(deadline)
@@ -53,7 +41,7 @@ void DialogDriver::poll()
     if (!m_problem.isEmpty()) {
         if (dialog)
             dialog->reject();
-    } else if (!m_steps.empty() && dialog && isActive(*dialog) && m_steps.front().isDue(*dialog)) {
+    } else if (!m_steps.empty() && dialog && hasKeyboard(*dialog) && m_steps.front().isDue(*dialog)) {
         takeStep(*dialog);
     } else if (m_steps.empty() && !dialog) {
         m_deadline.setRemainingTime(m_deadlineLength);

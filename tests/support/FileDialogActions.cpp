@@ -1,5 +1,7 @@
 #include "FileDialogActions.h"
 
+#include "Keyboard.h"
+
 #include <QAbstractItemView>
 #include <QComboBox>
 #include <QLineEdit>
@@ -18,7 +20,7 @@ QComboBox& fileTypeCombo(QFileDialog& dialog)
 void typeName(QFileDialog& dialog, const QString& name)
 {
     QLineEdit& edit = fileNameEdit(dialog);
-    edit.setFocus();
+    takeKeyboardFocus(edit);
     edit.selectAll();
     QTest::keyClick(&edit, Qt::Key_Delete);
     for (const QChar character : name) // not keyClicks(): it knows Latin-1 only

@@ -55,6 +55,22 @@ void visit(QFileDialog& dialog, const QString& folder)
     QTRY_VERIFY(loaded.contains(QVariantList{folder}));
 }
 
+/// The cursor that the user saw when a widget appeared.
+class CursorOnShow : public QObject
+{
+public:
+    explicit CursorOnShow(QWidget& widget) { widget.installEventFilter(this); }
+
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override
+    {
+        if (event->type() == QEvent::Show)
+            cursor = shownCursor();
+        return false;
+    }
+
+    Qt::CursorShape cursor = noCursor;
+};
+
 } // namespace
 
 class tst_QExtendedFileDialogCursors : public QObject
@@ -270,8 +286,10 @@ void tst_QExtendedFileDialogCursors::arrowAfterSetDirectoryBeforeExec()
     for (const QString& folder : {m_large, m_small, m_large, m_empty}) {
         dialog->setDirectory(folder);
         QCOMPARE(shownCursor(), Qt::WaitCursor);
+        const CursorOnShow onShow(*dialog);
         DialogDriver driver;
-        driver.onDialog<QFileDialog>("look", [](QFileDialog& running) {
+        driver.onDialog<QFileDialog>("look", [&onShow](QFileDialog& running) {
+            QCOMPARE(onShow.cursor, Qt::WaitCursor); // it is being read, and the wait cursor is above the arrow
             QTRY_COMPARE(shownCursor(), Qt::ArrowCursor);
             QCOMPARE(cursorDepth(), 1);
             cancel(running);
