@@ -59,6 +59,7 @@ private Q_SLOTS:
 
     void patternReplacesTheSelectedFilter_data();
     void patternReplacesTheSelectedFilter();
+    void fileTypeBoxStaysSilent();
     void listShowsWhatMatches();
     void secondPatternReplacesTheFirst();
     void pickingAnotherFilterRestores_data();
@@ -153,6 +154,22 @@ void tst_QExtendedFileDialogFilters::patternReplacesTheSelectedFilter()
         QVERIFY(dialog->isVisible());
         QCOMPARE(finished.count(), 0);
     }
+}
+
+/// Nobody has picked anything in it: who listens to the box is to hear of picks only.
+void tst_QExtendedFileDialogFilters::fileTypeBoxStaysSilent()
+{
+    const auto dialog = makeDialog({data, all});
+    dialog->selectNameFilter(all);
+    QSignalSpy changed(&fileTypeCombo(*dialog), SIGNAL(currentIndexChanged(int)));
+    QSignalSpy activated(&fileTypeCombo(*dialog), SIGNAL(activated(int)));
+    acceptName(*dialog, QStringLiteral("run*"));
+    QCOMPARE(dialog->selectedNameFilter(), QStringLiteral("All files (run*)"));
+    QCOMPARE(changed.count(), 0);
+    QCOMPARE(activated.count(), 0);
+    pickFilter(*dialog, 0);
+    QVERIFY(changed.count() > 0);
+    QCOMPARE(activated.count(), 1);
 }
 
 void tst_QExtendedFileDialogFilters::listShowsWhatMatches()

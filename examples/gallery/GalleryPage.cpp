@@ -1,0 +1,47 @@
+#include "GalleryPage.h"
+
+#include <QFontInfo>
+#include <QLabel>
+#include <QVBoxLayout>
+
+#include <utility>
+
+namespace gallery {
+
+namespace {
+
+QFont headingFont(const QWidget& widget)
+{
+    QFont font = widget.font();
+    // Not font.pointSizeF(), which is -1 where the desktop gives its font in pixels.
+    font.setPointSizeF(QFontInfo(font).pointSizeF() * 1.4);
+    font.setBold(true);
+    return font;
+}
+
+} // namespace
+
+GalleryPage::GalleryPage(QString title, const QString& description)
+    : m_title(std::move(title))
+    , m_contents(new QVBoxLayout(this))
+{
+    addHeading(description);
+}
+
+GalleryPage::~GalleryPage() = default;
+
+void GalleryPage::addHeading(const QString& description)
+{
+    auto* heading = new QLabel(m_title);
+    heading->setTextFormat(Qt::PlainText);
+    heading->setFont(headingFont(*this));
+    m_contents->addWidget(heading);
+
+    auto* text = new QLabel(description);
+    text->setTextFormat(Qt::PlainText);
+    text->setWordWrap(true);
+    m_contents->addWidget(text);
+    m_contents->addSpacing(fontMetrics().height() / 2);
+}
+
+} // namespace gallery

@@ -1,0 +1,76 @@
+#include "GalleryWindow.h"
+#include "HelpDialog.h"
+#include "darkPalette.h"
+#include "pages/makeGalleryPages.h"
+#include "tour/TourRun.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+
+#include <optional>
+
+namespace {
+
+struct CommandLine
+{
+    CommandLine()
+    {
+        parser.setApplicationDescription(QStringLiteral("Shows the widgets and dialogs of common_ui_qt at work."));
+        parser.addHelpOption();
+        parser.addOptions({tour, dark});
+    }
+
+    QCommandLineOption tour{QStringLiteral("tour"),
+                            QStringLiteral("Walk through all pages without a user, and leave pictures and tour.log "
+                                           "in <folder>. The exit code is 0 only if all went as it should."),
+                            QStringLiteral("folder")};
+    QCommandLineOption dark{QStringLiteral("dark"), QStringLiteral("Use dark colours.")};
+    QCommandLineParser parser;
+};
+
+/// As QApplication will have them, with its own options still among them.
+QStringList rawArguments(int argc, char* argv[])
+{
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i)
+        arguments += QString::fromLocal8Bit(argv[i]);
+    return arguments;
+}
+
+void nameApplication()
+{
+    QCoreApplication::setOrganizationName(QStringLiteral("common_ui_qt"));
+    QCoreApplication::setApplicationName(QStringLiteral("gallery"));
+    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+}
+
+void useDarkColours()
+{
+    QApplication::setStyle(QStringLiteral("Fusion"));
+    QApplication::setPalette(gallery::darkPalette());
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    CommandLine commandLine;
+    nameApplication();
+
+    // A tour needs its own home before Qt looks for the user's; wrong options are told of by process() below.
+    commandLine.parser.parse(rawArguments(argc, argv));
+    std::optional<gallery::TourRun> tour;
+    if (commandLine.parser.isSet(commandLine.tour))
+        tour.emplace(commandLine.parser.value(commandLine.tour));
+
+    QApplication application(argc, argv);
+    commandLine.parser.process(application);
+    if (commandLine.parser.isSet(commandLine.dark))
+        useDarkColours();
+    gallery::showHelpTopicsInDialogs();
+
+    gallery::GalleryWindow window(gallery::makeGalleryPages());
+    window.show();
+    return tour ? tour->walk(window) : QApplication::exec();
+}

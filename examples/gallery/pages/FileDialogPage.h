@@ -1,0 +1,37 @@
+#pragma once
+
+#include "FileDialogExample.h"
+#include "FileDialogOutcome.h"
+#include "GalleryPage.h"
+
+#include <optional>
+
+class QPlainTextEdit;
+class QPushButton;
+
+namespace gallery {
+
+/// Runs a QExtendedFileDialog set up as an example says, and shows what the user has chosen in it.
+class FileDialogPage : public GalleryPage
+{
+    Q_OBJECT
+
+public:
+    explicit FileDialogPage(const FileDialogExample& example);
+    ~FileDialogPage() override;
+
+    void tour(Tour& tour) override;
+
+private:
+    void addWidgets();
+    void runDialog();
+    FileDialogOutcome outcomeOfDialog();
+    void logOutcome(Tour& tour) const;
+
+    FileDialogExample m_example;
+    QPushButton* m_button;
+    QPlainTextEdit* m_result;
+    std::optional<FileDialogOutcome> m_outcome; ///< of the last run
+};
+
+} // namespace gallery

@@ -1,0 +1,18 @@
+#include "makeGalleryPages.h"
+
+#include "FileDialogExample.h"
+#include "FileDialogPage.h"
+#include "TableEditorPage.h"
+
+namespace gallery {
+
+std::vector<std::unique_ptr<GalleryPage>> makeGalleryPages()
+{
+    std::vector<std::unique_ptr<GalleryPage>> pages;
+    pages.push_back(std::make_unique<TableEditorPage>());
+    for (const FileDialogExample& example : fileDialogExamples())
+        pages.push_back(std::make_unique<FileDialogPage>(example));
+    return pages;
+}
+
+} // namespace gallery

@@ -1,0 +1,62 @@
+#include "TourRun.h"
+
+#include "GalleryWindow.h"
+#include "Tour.h"
+
+#include "platform/ApplicationSettings.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QTest>
+
+#include <memory>
+
+namespace gallery {
+
+namespace {
+
+using zelmar::ApplicationSettings;
+
+/// Its absolute path: a tour has a current folder of its own.
+QString madeFolder(const QString& folder)
+{
+    QString path = QDir(folder).absolutePath();
+    QDir().mkpath(path);
+    return path;
+}
+
+} // namespace
+
+TourRun::TourRun(const QString& folder)
+    : m_folder(madeFolder(folder))
+    , m_log(QDir(m_folder).filePath(QStringLiteral("tour.log")))
+{
+    ApplicationSettings::getInstance().setStore(std::make_unique<ApplicationSettings::MemoryStore>());
+}
+
+int TourRun::walk(GalleryWindow& window)
+{
+    // A blinking cursor is in one picture of a window and not in the next.
+    QApplication::setCursorFlashTime(0);
+    if (QTest::qWaitForWindowActive(&window, 15000))
+        walkThroughPages(window);
+    else
+        m_log.fail(QStringLiteral("the window was never active"));
+
+    const int failures = m_log.failureCount();
+    m_log.write(failures == 0 ? QStringLiteral("The tour is complete")
+                              : QStringLiteral("The tour has %1 failure(s)").arg(failures));
+    return failures == 0 ? 0 : 1;
+}
+
+void TourRun::walkThroughPages(GalleryWindow& window)
+{
+    Tour tour(m_log, m_folder);
+    for (GalleryPage* page : window.pages()) {
+        tour.enterPage(page->title());
+        window.showPage(*page);
+        page->tour(tour);
+    }
+}
+
+} // namespace gallery

@@ -1,0 +1,79 @@
+# Fails unless the tour in the folder TOUR has the expected lines in its log, each picture that the log names, and has
+# left nothing in the user's folder HOME.
+cmake_policy(VERSION 3.16)
+
+set(failures "")
+function(add_failure text)
+    set(failures "${failures}\n${text}" PARENT_SCOPE)
+endfunction()
+
+file(STRINGS "${TOUR}/tour.log" log ENCODING UTF-8)
+
+# Regular expressions, each for a whole line of the log. The folder's name is another one in each tour.
+set(folder "/.+/home/Documents")
+set(expected
+    "Table editor: shown: ${folder}/measurements\\.csv"
+    "Table editor: table: 24 rows, 6 columns, UTF-8"
+    "Table editor: cancelled loading: ${folder}/broken\\.json"
+    "Table editor: message: ${folder}/broken\\.json: Line 1, column 29: .+"
+    "Open one file: The dialog was cancelled\\."
+    "Open one file: The dialog was accepted\\."
+    "Open one file: Chosen: ${folder}/notes\\.txt"
+    "Open one file: Directory: ${folder}"
+    "Open one file: Filter: Text files \\(\\*\\.txt\\)"
+    "Open one file: Index of the filter, from 0: 1"
+    "Open several files: The dialog was accepted\\."
+    "Open several files: Chosen: ${folder}/run-1\\.dat"
+    "Open several files: Chosen: ${folder}/run-3\\.dat"
+    "Open several files: Index of the filter, from 0: 0"
+    "Save a file: The dialog was accepted\\."
+    "Save a file: Chosen: ${folder}/summary\\.txt"
+    "Save a file: Index of the filter, from 0: 1"
+    "Choose a directory: The dialog was accepted\\."
+    "Choose a directory: Chosen: ${folder}/results"
+    "Choose a directory: Filter: none"
+    "The tour is complete")
+foreach(pattern IN LISTS expected)
+    set(lines ${log})
+    list(FILTER lines INCLUDE REGEX "^${pattern}$")
+    if(NOT lines)
+        add_failure("no line in the log matches ${pattern}")
+    endif()
+endforeach()
+
+# As many files as were typed, and no more.
+set(chosen ${log})
+list(FILTER chosen INCLUDE REGEX "^[^:]+: Chosen: ")
+list(LENGTH chosen chosen_count)
+if(NOT chosen_count EQUAL 5)
+    add_failure("${chosen_count} files were chosen instead of 5")
+endif()
+
+set(pictures ${log})
+list(FILTER pictures INCLUDE REGEX ": picture ")
+list(JOIN pictures "\n" named_pictures)
+foreach(page table-editor open-one-file open-several-files save-a-file choose-a-directory)
+    foreach(suffix "" "-dialog" "-help")
+        if(NOT named_pictures MATCHES ": picture ${page}${suffix}\\.png, [1-9][0-9]* x [1-9][0-9]*")
+            add_failure("the log names no picture ${page}${suffix}.png")
+        endif()
+        if(NOT EXISTS "${TOUR}/${page}${suffix}.png")
+            add_failure("no picture ${page}${suffix}.png")
+            continue()
+        endif()
+        file(SIZE "${TOUR}/${page}${suffix}.png" size)
+        # An even area of this size takes less.
+        if(size LESS 8000)
+            add_failure("nothing is to be seen in ${page}${suffix}.png, which has ${size} bytes")
+        endif()
+    endforeach()
+endforeach()
+
+file(GLOB_RECURSE left LIST_DIRECTORIES true "${HOME}/*" "${HOME}/.*")
+if(left)
+    add_failure("the tour has written to the user's home: ${left}")
+endif()
+
+if(failures)
+    message(FATAL_ERROR "The tour is not as it should be:${failures}")
+endif()
