@@ -24,6 +24,9 @@ public:
 
     [[nodiscard]] const QString& title() const { return m_title; }
 
+    /// Whether the program may end as far as this page is concerned; may ask the user.
+    virtual bool mayLeave() { return true; }
+
     /// Plays a user of this page, which is the one that the window shows: presses, types, takes at least one
     /// picture, and tells `tour` what came out and whether it is what was to come out. Returns when
     /// everything is done.

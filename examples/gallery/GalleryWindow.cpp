@@ -1,6 +1,7 @@
 #include "GalleryWindow.h"
 
 #include <QAction>
+#include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QListWidget>
@@ -8,6 +9,8 @@
 #include <QScreen>
 #include <QStackedWidget>
 #include <QStyle>
+
+#include <algorithm>
 
 namespace gallery {
 
@@ -37,6 +40,13 @@ GalleryWindow::~GalleryWindow() = default;
 void GalleryWindow::showPage(GalleryPage& page)
 {
     m_list->setCurrentRow(m_stack->indexOf(&page));
+}
+
+void GalleryWindow::closeEvent(QCloseEvent* event)
+{
+    const bool mayClose =
+        std::all_of(m_pages.begin(), m_pages.end(), [](GalleryPage* page) { return page->mayLeave(); });
+    event->setAccepted(mayClose);
 }
 
 void GalleryWindow::addPage(std::unique_ptr<GalleryPage> page)

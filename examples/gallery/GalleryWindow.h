@@ -26,6 +26,9 @@ public:
     [[nodiscard]] const std::vector<GalleryPage*>& pages() const { return m_pages; }
     void showPage(GalleryPage& page);
 
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
 private:
     void addPage(std::unique_ptr<GalleryPage> page);
     QWidget* makePageColumn();

@@ -14,6 +14,10 @@ set(folder "/.+/home/Documents")
 set(expected
     "Table editor: shown: ${folder}/measurements\\.csv"
     "Table editor: table: 24 rows, 6 columns, UTF-8"
+    "Table editor: saved and opened again: ${folder}/saved\\.csv, 24 rows, 6 columns, UTF-8"
+    "Table editor: saved and opened again: ${folder}/saved\\.tsv, 24 rows, 6 columns, UTF-8"
+    "Table editor: saved and opened again: ${folder}/saved\\.json, 24 rows, 6 columns, UTF-8"
+    "Table editor: asked: The table has edits that are not saved\\. Do you want to lose them\\?"
     "Table editor: cancelled loading: ${folder}/broken\\.json"
     "Table editor: message: ${folder}/broken\\.json: Line 1, column 29: .+"
     "Open one file: The dialog was cancelled\\."
@@ -32,6 +36,13 @@ set(expected
     "Choose a directory: The dialog was accepted\\."
     "Choose a directory: Chosen: ${folder}/results"
     "Choose a directory: Filter: none"
+    "Save with a writer: File: ${folder}/sample\\.dat"
+    "Save with a writer: File: ${folder}/sample\\.csv"
+    "Save with a writer: File: ${folder}/sample\\.htm"
+    "Save with a writer: Index of the writer, from 0: 2"
+    "Save with a writer: Written: 45 bytes by the writer \"Pages\""
+    "Save with a writer: asked: There is a sample \"sample\\.dat\" already\\. Write over it\\?"
+    "Save with a writer: asked: File ${folder}/sample\\.dat already exists\\. Do you want to replace it\\?"
     "The tour is complete")
 foreach(pattern IN LISTS expected)
     set(lines ${log})
@@ -52,7 +63,7 @@ endif()
 set(pictures ${log})
 list(FILTER pictures INCLUDE REGEX ": picture ")
 list(JOIN pictures "\n" named_pictures)
-foreach(page table-editor open-one-file open-several-files save-a-file choose-a-directory)
+foreach(page table-editor open-one-file open-several-files save-a-file choose-a-directory save-with-a-writer)
     foreach(suffix "" "-dialog" "-help")
         if(NOT named_pictures MATCHES ": picture ${page}${suffix}\\.png, [1-9][0-9]* x [1-9][0-9]*")
             add_failure("the log names no picture ${page}${suffix}.png")

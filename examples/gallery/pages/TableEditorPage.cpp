@@ -7,14 +7,17 @@
 
 #include "TableLoader.h"
 #include "TableModel.h"
+#include "TableSaver.h"
 
 #include "ui/qt/dialogs/QExtendedFileDialog.h"
+#include "ui/qt/dialogs/SaveFileQtDialog.h"
 
 #include <QDir>
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLocale>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QStackedWidget>
 
@@ -35,16 +38,46 @@ QString openFilters()
     return filters.join(QStringLiteral(";;"));
 }
 
+/// Filters for saving: one for each writer, in the order of the formats.
+std::vector<std::string> saveFilters()
+{
+    std::vector<std::string> filters;
+    for (const TableFormat& format : tableFormats())
+        filters.push_back(format.nameFilter.toStdString());
+    return filters;
+}
+
+int indexOfFormat(const QString& path)
+{
+    return int(&tableFormatForPath(path) - tableFormats().constData());
+}
+
+QVector<QStringList> textsOf(const QAbstractItemModel& model)
+{
+    QVector<QStringList> texts(1);
+    for (int column = 0; column < model.columnCount(); ++column)
+        texts.first() += model.headerData(column, Qt::Horizontal).toString();
+    for (int row = 0; row < model.rowCount(); ++row) {
+        texts.append(QStringList());
+        for (int column = 0; column < model.columnCount(); ++column)
+            texts.last() += model.index(row, column).data(Qt::EditRole).toString();
+    }
+    return texts;
+}
+
 } // namespace
 
 TableEditorPage::TableEditorPage()
-    : GalleryPage(tr("Table editor"), tr("Opens a table of any size and shows it. Reading goes on in the "
-                                         "background and can be cancelled."))
+    : GalleryPage(tr("Table editor"),
+                  tr("Opens a table of any size, shows it to be edited, and saves it. Reading goes on in "
+                     "the background and can be cancelled."))
     , m_openButton(new QPushButton(tr("&Open a table…")))
+    , m_saveButton(new QPushButton(tr("&Save as…")))
     , m_pathLabel(new QLabel)
     , m_view(new TableView)
     , m_model(new TableModel(this))
     , m_loader(new TableLoader(this))
+    , m_saver(new TableSaver(this))
     , m_statusLine(new QStackedWidget)
     , m_facts(new QLabel)
     , m_loadBar(new LoadBar)
@@ -64,6 +97,7 @@ void TableEditorPage::addWidgets()
     // A long path must not widen the window.
     m_pathLabel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     m_pathLabel->setText(tr("No table is open."));
+    m_saveButton->setEnabled(false);
     m_view->setAccessibleName(tr("Table"));
     m_facts->setTextFormat(Qt::PlainText);
     m_statusLine->addWidget(m_facts);
@@ -72,6 +106,7 @@ void TableEditorPage::addWidgets()
 
     auto* top = new QHBoxLayout;
     top->addWidget(m_openButton);
+    top->addWidget(m_saveButton);
     top->addWidget(m_pathLabel, 1);
     contents().addLayout(top);
     contents().addWidget(m_view, 1);
@@ -82,6 +117,10 @@ void TableEditorPage::addWidgets()
 void TableEditorPage::connectWidgets()
 {
     connect(m_openButton, &QPushButton::clicked, this, &TableEditorPage::openTable);
+    connect(m_saveButton, &QPushButton::clicked, this, &TableEditorPage::saveTable);
+    connect(m_saver, &TableSaver::finished, this, &TableEditorPage::onSaved);
+    connect(m_model, &TableModel::modifiedChanged, this, &TableEditorPage::showFacts);
+    connect(m_model, &TableModel::dataChanged, this, [this] { m_editedWhileSaved = true; });
     connect(m_loadBar, &LoadBar::cancelled, this, &TableEditorPage::cancelLoading);
     connect(m_loader, &TableLoader::progressChanged, m_loadBar, &LoadBar::setPercent);
     connect(m_loader, &TableLoader::finished, this, &TableEditorPage::onLoaded);
@@ -91,9 +130,20 @@ void TableEditorPage::connectWidgets()
 
 void TableEditorPage::openTable()
 {
+    if (!mayLeave())
+        return;
     const QString path = askForPath();
     if (!path.isEmpty())
         startLoading(path);
+}
+
+bool TableEditorPage::mayLeave()
+{
+    return !m_model->isModified()
+           || QMessageBox::question(window(), tr("Table editor"),
+                                    tr("The table has edits that are not saved. Do you want to lose them?"),
+                                    QMessageBox::Yes | QMessageBox::No, QMessageBox::No)
+                  == QMessageBox::Yes;
 }
 
 /// Empty when the user has cancelled.
@@ -124,9 +174,9 @@ void TableEditorPage::onLoaded(const TableResult& result)
 {
     hideLoadBar();
     if (!result.document)
-        reportProblem(result.error);
+        reportProblem(m_loadingPath, result.error);
     else if (!m_view->canShow(result.document->rowCount(), result.document->columnCount()))
-        reportProblem(tr("The table has more rows or columns than can be shown."));
+        reportProblem(m_loadingPath, tr("The table has more rows or columns than can be shown."));
     else
         showTable(result.document);
 }
@@ -142,27 +192,62 @@ void TableEditorPage::hideLoadBar()
 
 void TableEditorPage::showTable(const std::shared_ptr<TableDocument>& document)
 {
-    const QString path = QDir::toNativeSeparators(m_loadingPath);
     m_model->setDocument(document);
     m_view->fitColumns();
     m_view->setCurrentIndex(m_model->index(0, 0));
     m_view->scrollToTop();
-    m_pathLabel->setText(path);
-    m_pathLabel->setToolTip(path.toHtmlEscaped());
+    m_saveButton->setEnabled(true);
+    showPath(m_loadingPath);
     showFacts();
+}
+
+void TableEditorPage::showPath(const QString& path)
+{
+    m_path = path;
+    m_pathLabel->setText(QDir::toNativeSeparators(path));
+    m_pathLabel->setToolTip(m_pathLabel->text().toHtmlEscaped());
 }
 
 void TableEditorPage::showFacts()
 {
     const QLocale locale;
-    m_facts->setText(tr("%1 rows, %2 columns, %3")
-                         .arg(locale.toString(m_model->rowCount()), locale.toString(m_model->columnCount()),
-                              m_model->document()->encodingName()));
+    const QString facts = tr("%1 rows, %2 columns, %3")
+                              .arg(locale.toString(m_model->rowCount()), locale.toString(m_model->columnCount()),
+                                   m_model->document()->encodingName());
+    m_facts->setText(m_model->isModified() ? tr("%1, edited").arg(facts) : facts);
 }
 
-void TableEditorPage::reportProblem(const QString& problem)
+void TableEditorPage::reportProblem(const QString& path, const QString& problem)
 {
-    m_messages->add(tr("%1: %2").arg(QDir::toNativeSeparators(m_loadingPath), problem));
+    m_messages->add(tr("%1: %2").arg(QDir::toNativeSeparators(path), problem));
+}
+
+// Saving
+
+void TableEditorPage::saveTable()
+{
+    const QFileInfo shown(m_path);
+    SaveFileQtDialog flow(window(), tr("Save the table").toStdString(), shown.path().toStdString(),
+                          shown.completeBaseName().toStdString(), saveFilters(), indexOfFormat(m_path),
+                          "table/save.html");
+    if (!flow.launch())
+        return;
+    m_saveButton->setEnabled(false);
+    m_editedWhileSaved = false;
+    m_saver->save(*m_model->document(), QString::fromStdString(flow.selectedFilename()),
+                  tableFormats()[flow.selectedWriter()]);
+}
+
+void TableEditorPage::onSaved(const QString& path, const QString& error)
+{
+    m_saveButton->setEnabled(true);
+    if (!error.isEmpty()) {
+        reportProblem(path, error);
+        return;
+    }
+    showPath(path);
+    if (!m_editedWhileSaved)
+        m_model->markSaved();
 }
 
 // Tour
@@ -172,11 +257,13 @@ void TableEditorPage::tour(Tour& tour)
     tour.readHelpAndCancelFileDialog([this] { m_openButton->click(); });
     tour.expect(!m_loader->isLoading(), QStringLiteral("a cancelled dialog loads nothing"));
     tourGoodTable(tour);
+    tourSavedTables(tour);
+    tourUnsavedEdits(tour);
     tourCancelledLoad(tour);
     tourBrokenTable(tour);
 }
 
-void TableEditorPage::openInTour(Tour& tour, const QString& name, bool picture)
+void TableEditorPage::openInTour(Tour& tour, const QString& name, const QString& picture)
 {
     tour.acceptFileDialog({name, -1, picture}, [this] { m_openButton->click(); });
     tour.expect(QFileInfo(m_loadingPath).fileName() == name, QStringLiteral("the typed file is loaded: ") + name);
@@ -184,7 +271,7 @@ void TableEditorPage::openInTour(Tour& tour, const QString& name, bool picture)
 
 void TableEditorPage::tourGoodTable(Tour& tour)
 {
-    openInTour(tour, QStringLiteral("measurements.csv"), true);
+    openInTour(tour, QStringLiteral("measurements.csv"), QStringLiteral("dialog"));
     tour.waitUntil(QStringLiteral("the table is loaded"), [this] { return !m_loader->isLoading(); });
     tour.log(QStringLiteral("shown: ") + m_pathLabel->text());
     tour.log(QStringLiteral("table: ") + m_facts->text());
@@ -193,10 +280,50 @@ void TableEditorPage::tourGoodTable(Tour& tour)
     tour.takePicture();
 }
 
+/// What is saved opens again to the same table, in each format.
+void TableEditorPage::tourSavedTables(Tour& tour)
+{
+    const QString edited = QStringLiteral("edited, \"quoted\"\nin two lines\tand with a tab");
+    m_model->setData(m_model->index(1, 5), edited);
+    tour.expect(m_model->isModified(), QStringLiteral("an edit is unsaved"));
+    const QVector<QStringList> texts = textsOf(*m_model);
+    for (int format = 0; format < tableFormats().size(); ++format) {
+        const QString name = QStringLiteral("saved.") + tableFormats()[format].extension;
+        saveInTour(tour, name, format);
+        tour.expect(!m_model->isModified(), QStringLiteral("the table is saved"));
+        openInTour(tour, name);
+        tour.waitUntil(QStringLiteral("the table is loaded"), [this] { return !m_loader->isLoading(); });
+        tour.expect(textsOf(*m_model) == texts,
+                    QStringLiteral("what was saved opens again to the same table: ") + name);
+        tour.log(QStringLiteral("saved and opened again: %1, %2").arg(m_pathLabel->text(), m_facts->text()));
+    }
+}
+
+void TableEditorPage::saveInTour(Tour& tour, const QString& name, int format)
+{
+    // Without its extension, which is the flow's to add; the first one is the format that the table has already.
+    tour.acceptFileDialog(
+        {QFileInfo(name).completeBaseName(), format, format == 0 ? QStringLiteral("save") : QString()},
+        [this] { m_saveButton->click(); });
+    tour.waitUntil(QStringLiteral("the table is saved"), [this] { return !m_saver->isSaving(); });
+    tour.expect(QFileInfo(m_path).fileName() == name, QStringLiteral("the table is saved as ") + name);
+}
+
+void TableEditorPage::tourUnsavedEdits(Tour& tour)
+{
+    m_model->setData(m_model->index(0, 0), QStringLiteral("unsaved"));
+    const QString shown = m_path;
+    tour.answerQuestion(QMessageBox::No, [this] { m_openButton->click(); });
+    tour.expect(m_path == shown && m_model->isModified(), QStringLiteral("No keeps the edits"));
+    tour.answerQuestion(QMessageBox::No, [this] { window()->close(); });
+    tour.expect(window()->isVisible(), QStringLiteral("the window stays when edits would be lost"));
+    m_model->markSaved();
+}
+
 void TableEditorPage::tourCancelledLoad(Tour& tour)
 {
     const QString shown = m_pathLabel->text();
-    openInTour(tour, QStringLiteral("broken.json"), false);
+    openInTour(tour, QStringLiteral("broken.json"));
     m_loadBar->cancelButton().setFocus();
     m_loadBar->cancelButton().click();
     tour.expect(window()->focusWidget() == m_openButton,
@@ -209,7 +336,7 @@ void TableEditorPage::tourCancelledLoad(Tour& tour)
 void TableEditorPage::tourBrokenTable(Tour& tour)
 {
     const QString shown = m_pathLabel->text();
-    openInTour(tour, QStringLiteral("broken.json"), false);
+    openInTour(tour, QStringLiteral("broken.json"));
     tour.waitUntil(QStringLiteral("loading has failed"), [this] { return !m_loader->isLoading(); });
     tour.log(QStringLiteral("message: ") + m_messages->text());
     tour.expect(m_messages->text().contains(QStringLiteral("broken.json")), QStringLiteral("the error is shown"));

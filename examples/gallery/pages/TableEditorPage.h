@@ -14,10 +14,12 @@ class LoadBar;
 class MessageArea;
 class TableLoader;
 class TableModel;
+class TableSaver;
 class TableView;
 
-/// A small real application: opens a table of any size through a file dialog, reads it in the background and
-/// shows it. The table that is shown stays until another one is complete.
+/// A small real application: opens a table of any size through a file dialog, reads it in the background, shows
+/// it to be edited, and saves it through the save flow, with one writer for each kind of file. The table that is shown
+/// stays until another one is complete, and edits are not lost without a question.
 class TableEditorPage : public GalleryPage
 {
     Q_OBJECT
@@ -26,6 +28,7 @@ public:
     TableEditorPage();
     ~TableEditorPage() override;
 
+    bool mayLeave() override;
     void tour(Tour& tour) override;
 
 private:
@@ -39,23 +42,33 @@ private:
     void hideLoadBar();
     void showTable(const std::shared_ptr<TableDocument>& document);
     void showFacts();
-    void reportProblem(const QString& problem);
+    void reportProblem(const QString& path, const QString& problem);
+    void saveTable();
+    void onSaved(const QString& path, const QString& error);
+    void showPath(const QString& path);
 
-    void openInTour(Tour& tour, const QString& name, bool picture);
+    void openInTour(Tour& tour, const QString& name, const QString& picture = {});
     void tourGoodTable(Tour& tour);
+    void tourSavedTables(Tour& tour);
+    void tourUnsavedEdits(Tour& tour);
+    void saveInTour(Tour& tour, const QString& name, int format);
     void tourBrokenTable(Tour& tour);
     void tourCancelledLoad(Tour& tour);
 
     QPushButton* m_openButton;
+    QPushButton* m_saveButton;
     QLabel* m_pathLabel;
     TableView* m_view;
     TableModel* m_model;
     TableLoader* m_loader;
+    TableSaver* m_saver;
     QStackedWidget* m_statusLine; ///< the facts, or the bar while something is loading
     QLabel* m_facts;
     LoadBar* m_loadBar;
     MessageArea* m_messages;
-    QString m_loadingPath; ///< of the load under way, or of the last one
+    QString m_loadingPath;           ///< of the load under way, or of the last one
+    QString m_path;                  ///< of the table that is shown; empty when none is
+    bool m_editedWhileSaved = false; ///< so that what was saved is older than what is shown
 };
 
 } // namespace gallery

@@ -24,7 +24,6 @@ TableView::TableView()
     // Tab goes on to the next widget, as nobody would get out of the table by keyboard otherwise.
     setTabKeyNavigation(false);
     setWordWrap(false);
-    setEditTriggers(QAbstractItemView::NoEditTriggers);
     setAlternatingRowColors(true);
     horizontalHeader()->setResizeContentsPrecision(fittedRows);
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() * 3 / 2);

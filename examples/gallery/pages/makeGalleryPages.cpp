@@ -2,6 +2,7 @@
 
 #include "FileDialogExample.h"
 #include "FileDialogPage.h"
+#include "SaveFlowPage.h"
 #include "TableEditorPage.h"
 
 namespace gallery {
@@ -12,6 +13,7 @@ std::vector<std::unique_ptr<GalleryPage>> makeGalleryPages()
     pages.push_back(std::make_unique<TableEditorPage>());
     for (const FileDialogExample& example : fileDialogExamples())
         pages.push_back(std::make_unique<FileDialogPage>(example));
+    pages.push_back(std::make_unique<SaveFlowPage>());
     return pages;
 }
 

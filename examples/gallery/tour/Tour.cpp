@@ -66,10 +66,29 @@ void Tour::acceptFileDialog(const FileDialogInput& input, const std::function<vo
                                          [&](QFileDialog& dialog) { pickFilter(dialog, input.filter); });
     driver.onDialogWhen<QFileDialog>(QStringLiteral("type a name"), folderIsListed,
                                      [&](QFileDialog& dialog) { typeName(dialog, input.name); });
-    if (input.picture)
-        addPictureStep(driver, QStringLiteral("dialog"));
+    if (!input.picture.isEmpty())
+        addPictureStep(driver, input.picture);
     driver.onDialog<QFileDialog>(QStringLiteral("press Return"), pressReturn);
+    if (!input.questionPicture.isEmpty())
+        addPictureStep(driver, input.questionPicture);
+    for (const QMessageBox::StandardButton answer : input.answers)
+        addAnswer(driver, answer);
     drive(driver, open);
+}
+
+void Tour::answerQuestion(QMessageBox::StandardButton answer, const std::function<void()>& ask)
+{
+    DialogDriver driver(deadline);
+    addAnswer(driver, answer);
+    drive(driver, ask);
+}
+
+void Tour::addAnswer(DialogDriver& driver, QMessageBox::StandardButton answer)
+{
+    driver.onDialog<QMessageBox>(QStringLiteral("answer a question"), [this, answer](QMessageBox& box) {
+        log(QStringLiteral("asked: ") + box.text());
+        box.button(answer)->click();
+    });
 }
 
 void Tour::readHelpAndCancelFileDialog(const std::function<void()>& open)

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <QMessageBox>
 #include <QString>
+#include <QVector>
 
 #include <functional>
 
@@ -20,9 +22,14 @@ public:
     /// What a user enters in a file dialog.
     struct FileDialogInput
     {
-        QString name;        ///< typed into the file-name box
-        int filter = -1;     ///< picked before that in the file-type box, from 0; -1 for none
-        bool picture = true; ///< whether one is taken, with the suffix "dialog"
+        QString name;    ///< typed into the file-name box
+        int filter = -1; ///< picked before that in the file-type box, from 0; -1 for none
+        /// The suffix of the dialog's picture; empty for none.
+        QString picture = QStringLiteral("dialog");
+        /// To the questions that follow, in order.
+        QVector<QMessageBox::StandardButton> answers = {};
+        /// The suffix of the first question's picture; empty for none.
+        QString questionPicture = {};
     };
 
     Tour(TourLog& log, QString pictureFolder);
@@ -30,11 +37,14 @@ public:
     /// Begins with the page of this title.
     void enterPage(const QString& title);
 
-    /// Calls `open`, which has to run one modal file dialog; enters `input` and presses Return.
+    /// Calls `open`, which has to run one modal file dialog; enters `input`, presses Return and answers.
     void acceptFileDialog(const FileDialogInput& input, const std::function<void()>& open);
     /// Calls `open`, which has to run one modal file dialog; presses Help, takes a picture of the help,
     /// closes it, and presses Escape.
     void readHelpAndCancelFileDialog(const std::function<void()>& open);
+
+    /// Calls `ask`, which has to ask one question, and answers it.
+    void answerQuestion(QMessageBox::StandardButton answer, const std::function<void()>& ask);
 
     /// Takes a picture of the program's windows. Its file is named after the page, with "-" and `suffix`
     /// behind.
@@ -46,6 +56,7 @@ public:
     bool waitUntil(const QString& what, const std::function<bool()>& condition);
 
 private:
+    void addAnswer(DialogDriver& driver, QMessageBox::StandardButton answer);
     void addPictureStep(DialogDriver& driver, const QString& suffix);
     void drive(const DialogDriver& driver, const std::function<void()>& open);
     void savePicture(const QImage& image, const QString& suffix);

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "GalleryPage.h"
+#include "SampleWriter.h"
+
+class QCheckBox;
+class QPlainTextEdit;
+class QPushButton;
+class QTableWidget;
+class SaveFileQtDialog;
+
+namespace gallery {
+
+/// Runs the save flow with a table of writers, one of them preselected, and writes a small sample with the one that the
+/// user has chosen.
+class SaveFlowPage : public GalleryPage
+{
+    Q_OBJECT
+
+public:
+    SaveFlowPage();
+    ~SaveFlowPage() override;
+
+    void tour(Tour& tour) override;
+
+private:
+    void addWidgets();
+    void fillTable();
+    void save();
+    std::unique_ptr<SaveFileQtDialog> makeFlow() const;
+    QString written(const SaveFileQtDialog& flow) const;
+
+    void saveInTour(Tour& tour, int writer, const QString& name, const QString& expectedName);
+    void overwriteInTour(Tour& tour, bool ownWording);
+
+    const QVector<SampleWriter> m_writers;
+    QTableWidget* m_table;
+    QCheckBox* m_ownWording;
+    QPushButton* m_button;
+    QPlainTextEdit* m_result;
+};
+
+} // namespace gallery
