@@ -3,6 +3,7 @@
 #include <QElapsedTimer>
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdio>
 #include <functional>
 #include <vector>
@@ -19,8 +20,9 @@ inline double compare(const char* subject, int rounds, const std::function<void(
         return double(timer.nsecsElapsed()) / 1e6;
     };
     const auto median = [](std::vector<double> times) {
-        std::nth_element(times.begin(), times.begin() + times.size() / 2, times.end());
-        return times[times.size() / 2];
+        const auto middle = times.begin() + static_cast<std::ptrdiff_t>(times.size() / 2);
+        std::nth_element(times.begin(), middle, times.end());
+        return *middle;
     };
 
     ours(); // what is only done once in a process is nobody's share

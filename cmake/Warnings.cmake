@@ -1,7 +1,8 @@
 # Strict warnings for our own targets; errors only when asked for, so that another compiler never stops a user.
 function(common_ui_qt_set_warnings target)
     if(MSVC)
-        target_compile_options(${target} PRIVATE /W4 /permissive-)
+        # 4251 and 4275 warn of every standard class in an exported one: library and program use the same run time.
+        target_compile_options(${target} PRIVATE /W4 /permissive- /wd4251 /wd4275)
         if(COMMON_UI_QT_WARNINGS_AS_ERRORS)
             target_compile_options(${target} PRIVATE /WX)
         endif()

@@ -4,10 +4,26 @@
 #include <QFile>
 #include <QFileInfo>
 
+namespace {
+
+const QFile::Permissions readable =
+    QFile::ReadOwner | QFile::ExeOwner | QFile::ReadGroup | QFile::ExeGroup | QFile::ReadOther | QFile::ExeOther;
+
+}
+
 DialogFolders::DialogFolders()
 {
-    QFile::setPermissions(m_root.path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner | QFile::ReadGroup
-                                             | QFile::ExeGroup | QFile::ReadOther | QFile::ExeOther);
+    setReadOnly({}, false);
+}
+
+DialogFolders::~DialogFolders()
+{
+    setReadOnly({}, false); // so that it can be removed
+}
+
+void DialogFolders::setReadOnly(const QString& name, bool on) const
+{
+    QFile::setPermissions(path(name), on ? readable : readable | QFile::WriteOwner);
 }
 
 QString DialogFolders::path(const QString& name) const

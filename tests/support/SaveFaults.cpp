@@ -5,10 +5,14 @@
 #include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
+#include <QStringList>
+#include <QTemporaryDir>
 
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
+#include <iterator>
+#include <utility>
 
 #include <fcntl.h>
 #include <sched.h>
@@ -165,12 +169,18 @@ std::vector<SaveFault> plainFaults()
          [=](const QString& f) { return addNode(at(f, "pipe.dat"), S_IFIFO | 0666); },
          {"overwrite", "unable"},
          false},
+    };
+}
+
+std::vector<SaveFault> deviceFaults()
+{
+    return {
         {"device that may be written",
-         [=](const QString& f) { return addNullDevice(at(f, "null.dat"), 0666); },
+         [](const QString& f) { return addNullDevice(f + QStringLiteral("/null.dat"), 0666); },
          {"overwrite"},
          true},
         {"device that may not be written",
-         [=](const QString& f) { return addNullDevice(at(f, "null.dat"), 0600); },
+         [](const QString& f) { return addNullDevice(f + QStringLiteral("/null.dat"), 0600); },
          {"overwrite", "unable"},
          false},
     };
@@ -232,6 +242,23 @@ QString enterOwnMounts()
     return {};
 }
 
+QString whyNothingIsMounted()
+{
+    static const QString reason = enterOwnMounts();
+    return reason;
+}
+
+QString whyThereAreNoDevices()
+{
+    static const QString reason = [] {
+        const QTemporaryDir folder;
+        if (mknod(native(folder.filePath(QStringLiteral("null"))).constData(), S_IFCHR | 0600, makedev(1, 3)) == 0)
+            return QString();
+        return QStringLiteral("making devices is refused: %1").arg(QString::fromLocal8Bit(std::strerror(errno)));
+    }();
+    return reason;
+}
+
 QByteArray stateOf(const QFileInfo& info)
 {
     QByteArray state = QByteArray::number(int(info.permissions()), 16) + ' '
@@ -245,20 +272,24 @@ QByteArray stateOf(const QFileInfo& info)
 
 } // namespace
 
-QString whyNothingIsMounted()
+QString whyFaultsAreMissing()
 {
-    static const QString reason = enterOwnMounts();
-    return reason;
+    QStringList reasons{whyNothingIsMounted(), whyThereAreNoDevices()};
+    reasons.removeAll({});
+    return reasons.join(QStringLiteral("; "));
 }
 
 const std::vector<SaveFault>& saveFaults()
 {
     static const std::vector<SaveFault> faults = [] {
         std::vector<SaveFault> all = plainFaults();
-        if (whyNothingIsMounted().isEmpty()) {
-            for (SaveFault& fault : mountedFaults())
-                all.push_back(std::move(fault));
-        }
+        const auto add = [&all](std::vector<SaveFault> more) {
+            std::move(more.begin(), more.end(), std::back_inserter(all));
+        };
+        if (whyThereAreNoDevices().isEmpty())
+            add(deviceFaults());
+        if (whyNothingIsMounted().isEmpty())
+            add(mountedFaults());
         return all;
     }();
     return faults;
@@ -267,8 +298,14 @@ const std::vector<SaveFault>& saveFaults()
 void removeSaveFault(const QString& folder)
 {
     umount2(native(folder + QLatin1String(mountPoint)).constData(), MNT_DETACH);
-    // Qt cannot remove a file whose name is no UTF-8.
-    std::filesystem::remove_all(native(folder).constData());
+    const std::filesystem::path path = native(folder).toStdString();
+    if (!std::filesystem::exists(path))
+        return;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(path)) {
+        if (entry.symlink_status().type() == std::filesystem::file_type::directory)
+            std::filesystem::permissions(entry.path(), std::filesystem::perms::owner_all);
+    }
+    std::filesystem::remove_all(path); // Qt cannot remove a file whose name is no UTF-8
 }
 
 QMap<QString, QByteArray> folderState(const QString& folder, bool itself)

@@ -27,11 +27,11 @@ struct SaveFault
 /// ever; file systems of their own are mounted where nobody but this thread sees them.
 const std::vector<SaveFault>& saveFaults();
 
-/// Takes down what prepare() has set up, and `folder` with it.
+/// Takes down what prepare() has set up, and `folder` with it, if it is there.
 void removeSaveFault(const QString& folder);
 
-/// Why the faults of mounted file systems are not among them; empty when they are.
-QString whyNothingIsMounted();
+/// Why some faults are not among them, that is those of mounted file systems and of devices; empty when all are.
+QString whyFaultsAreMissing();
 
 /// The entries below `folder` with type, permissions, contents and time of modification, to tell that a look at it has
 /// changed nothing. With `itself`, also the folder's own time, which tells of entries that have come and gone.

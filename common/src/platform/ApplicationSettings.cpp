@@ -1,7 +1,6 @@
 #include "platform/ApplicationSettings.h"
 
 #include <QCoreApplication>
-#include <QLoggingCategory>
 #include <QSettings>
 
 #include <utility>

@@ -1,7 +1,6 @@
 #include "platform/HelpLauncher.h"
 
 #include <QDesktopServices>
-#include <QLoggingCategory>
 
 #include <utility>
 
@@ -19,6 +18,8 @@ QString folderPath(const QUrl& url)
 /// of its own: a colon in it would make it one.
 QUrl topicUrl(const QUrl& base, const QString& topic)
 {
+    if (topic.contains(QLatin1Char('\\'))) // leads between folders on some systems, unseen by QUrl
+        return {};
     const QString basePath = folderPath(base);
     QUrl url = base;
     url.setPath(basePath + topic.section(QLatin1Char('#'), 0, 0));

@@ -169,10 +169,16 @@ void tst_ApplicationSettings::unwritableFolderIsAWarning()
     QVERIFY(QDir().mkpath(folder));
     settings().depositValue("key", "kept");
 
-    const OrdinaryUser user;
-    QVERIFY(user.isOrdinary());
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("^Cannot read or write the settings file ")));
-    settings().depositValue("key", "lost");
+    const QFile::Permissions permissions = QFile::permissions(folder);
+    QVERIFY(QFile::setPermissions(folder, QFile::ReadOwner | QFile::ExeOwner));
+    {
+        const OrdinaryUser user;
+        QVERIFY(user.isOrdinary());
+        QTest::ignoreMessage(QtWarningMsg,
+                             QRegularExpression(QStringLiteral("^Cannot read or write the settings file ")));
+        settings().depositValue("key", "lost");
+    }
+    QVERIFY(QFile::setPermissions(folder, permissions));
 }
 
 void tst_ApplicationSettings::withoutAnOrganization()
@@ -214,7 +220,7 @@ int main(int argc, char* argv[])
 {
     const TestHome home;
     QCoreApplication application(argc, argv);
-    if (application.arguments().contains(QStringLiteral("--check-after-restart")))
+    if (QCoreApplication::arguments().contains(QStringLiteral("--check-after-restart")))
         return checkAfterRestart();
     tst_ApplicationSettings test;
     return QTest::qExec(&test, argc, argv);

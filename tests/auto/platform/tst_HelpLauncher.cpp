@@ -107,6 +107,7 @@ void tst_HelpLauncher::topicThatLeadsOutIsRefused_data()
     QTest::addColumn<QByteArray>("topic");
 
     QTest::newRow("to the parent") << QByteArray("../secret.html");
+    QTest::newRow("with backslashes") << QByteArray("..\\secret.html");
     QTest::newRow("through a folder") << QByteArray("a/../../secret.html");
     QTest::newRow("to a folder with a longer name") << QByteArray("../manual2/x.html");
 }

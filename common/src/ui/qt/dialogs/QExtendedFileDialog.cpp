@@ -23,6 +23,19 @@
 using zelmar::ApplicationSettings;
 using zelmar::HelpLauncher;
 
+namespace {
+
+/// An arrow above whatever cursor the program has set.
+class ArrowCursor
+{
+public:
+    ArrowCursor() { QGuiApplication::setOverrideCursor(Qt::ArrowCursor); }
+    ~ArrowCursor() { QGuiApplication::restoreOverrideCursor(); }
+    Q_DISABLE_COPY(ArrowCursor)
+};
+
+} // namespace
+
 QExtendedFileDialog::QExtendedFileDialog(QWidget& parent, QFileDialog::AcceptMode mode)
     : QFileDialog(&parent, QString(), QString(), QString())
 {
@@ -114,7 +127,7 @@ int QExtendedFileDialog::exec()
     // arrow away and leave the wait cursor over an idle dialog.
     const bool reading = m_waitCursorShown;
     restoreCursor();
-    QGuiApplication::setOverrideCursor(Qt::ArrowCursor);
+    const ArrowCursor arrow;
     if (reading)
         showWaitCursor();
 
@@ -122,10 +135,9 @@ int QExtendedFileDialog::exec()
     const int result = QDialog::exec();
     // Whoever deletes a running dialog gets its result; the destructor has taken back the wait cursor.
     if (self) {
-        saveSizeAndPosition();
         restoreCursor();
+        saveSizeAndPosition();
     }
-    QGuiApplication::restoreOverrideCursor();
     return result;
 }
 

@@ -85,8 +85,9 @@ public Q_SLOTS:
     void show();
 
     /// Runs the dialog modally, under an arrow cursor whatever cursor the program has set, and returns
-    /// QDialog::Accepted or QDialog::Rejected. It may be run again: each run starts with the caller's name filters,
-    /// not with a pattern typed in the run before. The geometry is kept when the dialog closes.
+    /// QDialog::Accepted or QDialog::Rejected. It may be run again: each run starts with the caller's name filters, as
+    /// they were set last, and not with a pattern typed in the run before; a filter that was selected since stays
+    /// selected. The geometry is kept when the dialog closes.
     int exec() override;
 
 protected Q_SLOTS:

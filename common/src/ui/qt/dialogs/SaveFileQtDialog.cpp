@@ -46,7 +46,7 @@ void SaveFileQtDialog::Impl::setFilters(const std::vector<std::string>& filters,
     for (const std::string& filter : filters)
         names += QString::fromStdString(filter);
     dialog->setNameFilters(names);
-    dialog->selectNameFilter(names.value(selected));
+    dialog->selectNameFilter(dialog->nameFilters().value(selected)); // as the dialog keeps it, without needless blanks
 }
 
 /// After the filters: selecting one of them would give the preselected name its suffix.

@@ -28,6 +28,8 @@ class SaveFileMessageHandlerInterface;
 /// - the file dialog belongs to the parent widget and not to this object; without a parent it is never freed;
 /// - a filter without an extension gives one all the same: under "All files (*)" the name "run" becomes
 ///   "run.Allfiles", under "All files (*.*)" it becomes "run.". Give the dialog filters that name an extension.
+/// - the chosen filter is the one that the dialog shows, also when it stands for a typed pattern: after "run*" under
+///   "Tables (*.csv)" the name "foo" becomes "foo.Tablesrun", after "run*.csv" it becomes "foo.csv".
 ///
 /// Texts and names are UTF-8. GUI thread only.
 class COMMON_UI_QT_EXPORT SaveFileQtDialog : public QObject

@@ -5,7 +5,7 @@
 #include "ui/qt/dialogs/rules/fileExistence.h"
 #include "ui/qt/dialogs/writeProbe.h"
 
-#include <boost/filesystem/exception.hpp>
+#include <boost/filesystem/operations.hpp>
 
 #include <QMessageBox>
 #include <QPointer>

@@ -1,9 +1,8 @@
 #include "ui/qt/dialogs/addDefaultSidebarPlaces.h"
 
-#include <boost/filesystem/exception.hpp>
+#include <boost/filesystem/operations.hpp>
 
 #include <QFileDialog>
-#include <QLoggingCategory>
 #include <QUrl>
 
 void addDefaultSidebarPlaces(QFileDialog& dialog, const StandardLocations& locations)

@@ -11,9 +11,8 @@ using zelmar::SaveFileMessageHandlerInterface;
 
 static_assert(std::is_abstract<SaveFileMessageHandlerInterface>::value, "each operation is the derived class's");
 static_assert(std::has_virtual_destructor<SaveFileMessageHandlerInterface>::value, "flows own one by its base");
-static_assert(std::is_copy_constructible<DefaultSaveFileMessageHandler>::value
-                  && std::is_copy_assignable<DefaultSaveFileMessageHandler>::value,
-              "a handler can be handed to two flows");
+static_assert(std::is_copy_constructible<DefaultSaveFileMessageHandler>::value, "two flows can have one each");
+static_assert(std::is_copy_assignable<DefaultSaveFileMessageHandler>::value, "copies replace each other");
 
 class tst_DefaultSaveFileMessageHandler : public QObject
 {
@@ -45,15 +44,15 @@ void tst_DefaultSaveFileMessageHandler::namesTheFile()
 {
     QFETCH(QByteArray, name);
     DefaultSaveFileMessageHandler handler;
-    SaveFileMessageHandlerInterface& interface = handler;
-    QCOMPARE(interface.filenameToCheck(name.toStdString()), name.toStdString());
-    QCOMPARE(QByteArray::fromStdString(interface.okToOverwriteMessage()),
+    SaveFileMessageHandlerInterface& base = handler;
+    QCOMPARE(base.filenameToCheck(name.toStdString()), name.toStdString());
+    QCOMPARE(QByteArray::fromStdString(base.okToOverwriteMessage()),
              "File " + name + " already exists. Do you want to replace it?");
-    QCOMPARE(QByteArray::fromStdString(interface.unableToOverwriteMessage()),
+    QCOMPARE(QByteArray::fromStdString(base.unableToOverwriteMessage()),
              "Unable to save file " + name
                  + ", check access permissions for the file and the parent directory. Do you want to try again and "
                    "choose a different location?");
-    QCOMPARE(QByteArray::fromStdString(interface.systemAccessError("disk gone")),
+    QCOMPARE(QByteArray::fromStdString(base.systemAccessError("disk gone")),
              "Unable to access file " + name
                  + ": disk gone. Do you want to try again and choose a different location?");
 }

@@ -302,6 +302,16 @@ void tst_QExtendedFileDialogGeometry::storeThatThrowsIsTheCallersBusiness()
     public:
         QByteArray value(const std::string&) const override { throw std::runtime_error("no store"); }
     };
+    class RefusingStore : public ApplicationSettings::MemoryStore
+    {
+    public:
+        void setValue(const std::string&, const QByteArray&) override { throw std::runtime_error("no room"); }
+    };
+    const auto run = makeDialog();
+    ApplicationSettings::getInstance().setStore(std::make_unique<RefusingStore>());
+    QVERIFY_EXCEPTION_THROWN(runAndCancel(*run), std::runtime_error);
+    QVERIFY(!QGuiApplication::overrideCursor());
+
     ApplicationSettings::getInstance().setStore(std::make_unique<ThrowingStore>());
     const auto dialog = makeDialog();
     QVERIFY_EXCEPTION_THROWN(dialog->show(), std::runtime_error);

@@ -78,6 +78,7 @@ private Q_SLOTS:
     void setUpOfTheDialog();
     void writerListAndPreselection_data();
     void writerListAndPreselection();
+    void filtersWithNeedlessBlanks();
     void outOfRangeSelectionPreselectsNothing();
     void ownHandlerIsTakenOver();
     void textsAreUtf8();
@@ -86,6 +87,7 @@ private Q_SLOTS:
     void typedNames();
     void preselectedNameIsAccepted();
     void pickedFilterDecides();
+    void typedPatternIsTheChosenFilter();
     void cancelled();
     void secondLaunch();
     void defaultQuestionByKeyboard();
@@ -125,6 +127,7 @@ void tst_SaveFileQtDialog::init()
 void tst_SaveFileQtDialog::cleanup()
 {
     m_window.reset();
+    m_folders->setReadOnly({}, false);
     removeSaveFault(m_folders->path(QStringLiteral("place")));
     QVERIFY(!QGuiApplication::overrideCursor());
 }
@@ -182,6 +185,14 @@ void tst_SaveFileQtDialog::writerListAndPreselection()
     QCOMPARE(flow.selectedWriter(), selected);
     QCOMPARE(flow.selectedFilter(), writers[std::size_t(selected)]);
     QCOMPARE(typedName(*flow.dialog()), QStringLiteral("my.name.xyz")); // whatever suffix the filter has
+}
+
+/// The dialog keeps its filters without needless blanks; the index still means the caller's entry.
+void tst_SaveFileQtDialog::filtersWithNeedlessBlanks()
+{
+    const TestedFlow flow(m_window.get(), "Save", "", "", {"Data (*.dat)", " Tables   (*.csv) "}, 1, "");
+    QCOMPARE(flow.selectedWriter(), 1);
+    QCOMPARE(flow.selectedFilter(), std::string("Tables (*.csv)"));
 }
 
 void tst_SaveFileQtDialog::outOfRangeSelectionPreselectsNothing()
@@ -275,6 +286,26 @@ void tst_SaveFileQtDialog::pickedFilterDecides()
     QCOMPARE(flow->selectedFilename(), path(QStringLiteral("result.csv")));
     QCOMPARE(flow->selectedWriter(), 1);
     QCOMPARE(flow->selectedFilter(), writers[1]);
+}
+
+/// Kept on purpose: the extension is the one of the filter that the dialog shows.
+void tst_SaveFileQtDialog::typedPatternIsTheChosenFilter()
+{
+    for (const char* pattern : {"run*", "run*.tab"}) {
+        const auto flow = makeFlow();
+        DialogDriver driver;
+        driver.onDialog<QFileDialog>("pattern", [pattern](QFileDialog& dialog) {
+            pickFilter(dialog, 1);
+            acceptName(dialog, QLatin1String(pattern));
+        });
+        driver.onDialog<QFileDialog>("name", [](QFileDialog& dialog) { acceptName(dialog, QStringLiteral("new")); });
+        QVERIFY(flow->launch());
+        QVERIFY2(driver.finished(), qPrintable(driver.problem()));
+        const bool hasExtension = QByteArray(pattern).contains('.');
+        QCOMPARE(flow->selectedFilename(),
+                 path(hasExtension ? QStringLiteral("new.tab") : QStringLiteral("new.Tablesrun")));
+        QCOMPARE(flow->selectedWriter(), 1);
+    }
 }
 
 void tst_SaveFileQtDialog::cancelled()
@@ -393,6 +424,7 @@ void tst_SaveFileQtDialog::closedFolderThenAnother()
 {
     const QString open = m_folders->addFolder(QStringLiteral("place"));
     QCOMPARE(chmod(QFile::encodeName(open).constData(), 0777), 0);
+    m_folders->setReadOnly({}, true);
     const OrdinaryUser user;
     QVERIFY(user.isOrdinary());
     const auto flow = makeFlow();

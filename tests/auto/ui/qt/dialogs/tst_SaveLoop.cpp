@@ -7,7 +7,7 @@
 #include "SaveFaults.h"
 #include "TestHome.h"
 
-#include <boost/filesystem/exception.hpp>
+#include <boost/filesystem/operations.hpp>
 
 #include <QApplication>
 #include <QDir>
@@ -17,7 +17,10 @@
 
 #include <stdexcept>
 
+#include <fcntl.h>
+#include <poll.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
@@ -88,6 +91,7 @@ private Q_SLOTS:
     void firstOfSeveralFiles();
     void overwriteYes();
     void overwriteNoThenCancel();
+    void overwriteNoDoesNotProbe();
     void overwriteNoThenAnotherName();
     void unableNo();
     void unableYesThenCancel();
@@ -106,7 +110,7 @@ private Q_SLOTS:
     void parentDestroyedDuringAQuestion();
     void faults_data();
     void faults();
-    void mountedFaultsAreTested();
+    void allFaultsAreTested();
 
 private:
     bool run(std::vector<ScriptedDialog::Round> rounds, DialogDriver* driver = nullptr);
@@ -199,6 +203,33 @@ void tst_SaveLoop::overwriteNoThenCancel()
     answer(driver, "overwrite", no);
     QVERIFY(!run({{true, {path(QStringLiteral("old.dat"))}, dataFilter}, cancelled}, &driver));
     QCOMPARE(m_calls, (Calls{call("check", QStringLiteral("old.dat")), "overwrite"}));
+}
+
+/// A pipe's reader sees that somebody has opened the other end.
+void tst_SaveLoop::overwriteNoDoesNotProbe()
+{
+    const QByteArray pipe = QFile::encodeName(path(QStringLiteral("pipe.dat")));
+    QCOMPARE(mkfifo(pipe.constData(), 0600), 0);
+    const int reader = ::open(pipe.constData(), O_RDONLY | O_NONBLOCK);
+    QVERIFY(reader >= 0);
+    const auto wasOpened = [reader] {
+        pollfd state{reader, POLLIN, 0};
+        return ::poll(&state, 1, 0) == 1 && (state.revents & POLLHUP) != 0;
+    };
+
+    DialogDriver driver;
+    answer(driver, "overwrite", no);
+    answer(driver, "overwrite", yes);
+    bool openedAfterNo = true;
+    m_handler->whenChecked = [&](const std::string& name) {
+        openedAfterNo = wasOpened();
+        return name;
+    };
+    const ScriptedDialog::Round round{true, {path(QStringLiteral("pipe.dat"))}, dataFilter};
+    QVERIFY(run({round, round}, &driver));
+    QVERIFY(!openedAfterNo);
+    QVERIFY(wasOpened()); // it can be seen
+    ::close(reader);
 }
 
 void tst_SaveLoop::overwriteNoThenAnotherName()
@@ -450,10 +481,10 @@ void tst_SaveLoop::faults()
         QCOMPARE(folderState(folder, !fault.accepted), before);
 }
 
-void tst_SaveLoop::mountedFaultsAreTested()
+void tst_SaveLoop::allFaultsAreTested()
 {
-    if (!whyNothingIsMounted().isEmpty())
-        QSKIP(qPrintable(whyNothingIsMounted()));
+    if (!whyFaultsAreMissing().isEmpty())
+        QSKIP(qPrintable(whyFaultsAreMissing()));
 }
 
 UI_TEST_MAIN(tst_SaveLoop)

@@ -2,7 +2,7 @@
 
 #include "TestHome.h"
 
-#include <boost/filesystem/exception.hpp>
+#include <boost/filesystem/operations.hpp>
 
 #include <QApplication>
 #include <QFileDialog>

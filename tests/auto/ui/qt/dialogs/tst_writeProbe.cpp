@@ -33,7 +33,7 @@ bool isUnnamed(int flags)
 
 /// Stands before the C library's, for this program and for Qt in it, to be a file system that knows no files without a
 /// name.
-extern "C" int open64(const char* path, int flags, ...)
+extern "C" int open64(const char* path, int flags, ...) // NOLINT(readability-inconsistent-declaration-parameter-name)
 {
     va_list arguments;
     va_start(arguments, flags);
@@ -101,6 +101,7 @@ void tst_writeProbe::newFile()
     QVERIFY(QDir(m_folders->path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot).isEmpty());
 
     QVERIFY(!canBeWritten(m_folders->path(QStringLiteral("missing/new.dat")).toStdString()));
+    m_folders->setReadOnly({}, true);
     const OrdinaryUser user;
     QVERIFY(user.isOrdinary());
     QVERIFY(!canBeWritten(m_folders->path(QStringLiteral("new.dat")).toStdString()));

@@ -1,7 +1,5 @@
 #include "ui/qt/dialogs/rules/fileExistence.h"
 
-#include <boost/filesystem/operations.hpp>
-
 namespace fs = boost::filesystem;
 
 bool countsAsExisting(fs::file_type type)

@@ -2,7 +2,7 @@
 
 #include "internal_export.h"
 
-#include <boost/filesystem/file_status.hpp>
+#include <boost/filesystem/operations.hpp>
 
 #include <string>
 
