@@ -1,12 +1,17 @@
 #include "SaveFaults.h"
 
+#include "DialogDriver.h"
+
 #include <QDateTime>
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
+#include <QMessageBox>
+#include <QPushButton>
 #include <QStringList>
 #include <QTemporaryDir>
+#include <QTest>
 
 #include <cerrno>
 #include <cstring>
@@ -259,6 +264,20 @@ QString whyThereAreNoDevices()
     return reason;
 }
 
+/// `folder` need not be there.
+void removeSaveFault(const QString& folder)
+{
+    umount2(native(folder + QLatin1String(mountPoint)).constData(), MNT_DETACH);
+    const std::filesystem::path path = native(folder).toStdString();
+    if (!std::filesystem::exists(path))
+        return;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(path)) {
+        if (entry.symlink_status().type() == std::filesystem::file_type::directory)
+            std::filesystem::permissions(entry.path(), std::filesystem::perms::owner_all);
+    }
+    std::filesystem::remove_all(path); // Qt cannot remove a file whose name is no UTF-8
+}
+
 QByteArray stateOf(const QFileInfo& info)
 {
     QByteArray state = QByteArray::number(int(info.permissions()), 16) + ' '
@@ -295,19 +314,6 @@ const std::vector<SaveFault>& saveFaults()
     return faults;
 }
 
-void removeSaveFault(const QString& folder)
-{
-    umount2(native(folder + QLatin1String(mountPoint)).constData(), MNT_DETACH);
-    const std::filesystem::path path = native(folder).toStdString();
-    if (!std::filesystem::exists(path))
-        return;
-    for (const auto& entry : std::filesystem::recursive_directory_iterator(path)) {
-        if (entry.symlink_status().type() == std::filesystem::file_type::directory)
-            std::filesystem::permissions(entry.path(), std::filesystem::perms::owner_all);
-    }
-    std::filesystem::remove_all(path); // Qt cannot remove a file whose name is no UTF-8
-}
-
 QMap<QString, QByteArray> folderState(const QString& folder, bool itself)
 {
     QMap<QString, QByteArray> state;
@@ -321,4 +327,67 @@ QMap<QString, QByteArray> folderState(const QString& folder, bool itself)
             state[entries.filePath()] = stateOf(entries.fileInfo());
     }
     return state;
+}
+
+void addSaveFaultRows(const QStringList& except)
+{
+    QTest::addColumn<int>("fault");
+    for (std::size_t i = 0; i < saveFaults().size(); ++i) {
+        if (!except.contains(QLatin1String(saveFaults()[i].name)))
+            QTest::newRow(saveFaults()[i].name) << int(i);
+    }
+}
+
+SaveFaultTrial::SaveFaultTrial(const SaveFault& fault, const QString& folder)
+    : m_fault(fault)
+    , m_folder(addFolder(folder, 0777))
+    , m_chosenName(fault.prepare(folder))
+    // A place that takes the name shows, in its own time, that a temporary file has come and gone.
+    , m_before(folderState(folder, !fault.accepted))
+{
+}
+
+SaveFaultTrial::~SaveFaultTrial()
+{
+    removeSaveFault(m_folder);
+}
+
+std::unique_ptr<RecordingMessageHandler> SaveFaultTrial::makeHandler()
+{
+    auto handler = std::make_unique<RecordingMessageHandler>(m_calls);
+    handler->whenChecked = [this](const std::string& name) {
+        if (m_fault.meanwhile)
+            m_fault.meanwhile(m_folder);
+        return name;
+    };
+    return handler;
+}
+
+void SaveFaultTrial::addAnswers(DialogDriver& driver) const
+{
+    for (const std::string& question : m_fault.questions) {
+        const QString text = QString::fromStdString(question);
+        driver.onDialogWhen<QMessageBox>(
+            text, [text](QMessageBox& box) { return box.text() == text; },
+            [question](QMessageBox& box) {
+                box.button(question == "overwrite" ? QMessageBox::Yes : QMessageBox::No)->click();
+            });
+    }
+}
+
+QString SaveFaultTrial::problem(bool launched) const
+{
+    RecordingMessageHandler::Calls expected{"check " + m_chosenName.toStdString()};
+    expected.insert(expected.end(), m_fault.questions.begin(), m_fault.questions.end());
+    QStringList problems;
+    if (launched != m_fault.accepted)
+        problems +=
+            QStringLiteral("the flow returns %1").arg(launched ? QStringLiteral("true") : QStringLiteral("false"));
+    if (m_calls != expected) {
+        for (const std::string& call : m_calls)
+            problems += QStringLiteral("the flow asks: ") + QString::fromStdString(call);
+    }
+    if (!m_fault.meanwhile && folderState(m_folder, !m_fault.accepted) != m_before)
+        problems += QStringLiteral("the folder is not as it was");
+    return problems.join(QLatin1Char('\n'));
 }

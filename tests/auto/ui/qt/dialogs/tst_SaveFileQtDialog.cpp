@@ -128,7 +128,6 @@ void tst_SaveFileQtDialog::cleanup()
 {
     m_window.reset();
     m_folders->setReadOnly({}, false);
-    removeSaveFault(m_folders->path(QStringLiteral("place")));
     QVERIFY(!QGuiApplication::overrideCursor());
 }
 
@@ -525,51 +524,27 @@ void tst_SaveFileQtDialog::parentDestroyedDuringLaunch()
 
 void tst_SaveFileQtDialog::faults_data()
 {
-    QTest::addColumn<int>("index");
-
     // Qt's dialog never hands these two on: it enters the folder, and does not accept the name.
-    const QStringList stopped{QStringLiteral("a folder as target"), QStringLiteral("name too long")};
-    for (std::size_t i = 0; i < saveFaults().size(); ++i) {
-        if (!stopped.contains(QLatin1String(saveFaults()[i].name)))
-            QTest::newRow(saveFaults()[i].name) << int(i);
-    }
+    addSaveFaultRows({QStringLiteral("a folder as target"), QStringLiteral("name too long")});
 }
 
 void tst_SaveFileQtDialog::faults()
 {
-    QFETCH(int, index);
-    const SaveFault& fault = saveFaults()[std::size_t(index)];
-
-    const QString folder = m_folders->addFolder(QStringLiteral("place"));
-    QCOMPARE(chmod(QFile::encodeName(folder).constData(), 0777), 0);
-    const QString chosen = fault.prepare(folder);
-    const auto before = folderState(folder, !fault.accepted);
-
-    auto handler = std::make_unique<RecordingMessageHandler>(m_calls);
-    if (fault.meanwhile) {
-        handler->whenChecked = [&](const std::string& name) {
-            fault.meanwhile(folder);
-            return name;
-        };
+    QFETCH(int, fault);
+    SaveFaultTrial trial(saveFaults()[std::size_t(fault)], m_folders->path(QStringLiteral("place")));
+    bool launched = false;
+    {
+        const OrdinaryUser user;
+        QVERIFY(user.isOrdinary());
+        TestedFlow flow(m_window.get(), "Save", trial.folder().toStdString(), "", data, "", trial.makeHandler());
+        DialogDriver driver;
+        driver.onDialog<QFileDialog>("accept",
+                                     [&trial](QFileDialog& dialog) { acceptName(dialog, trial.chosenName()); });
+        trial.addAnswers(driver);
+        launched = flow.launch();
+        QVERIFY2(driver.finished(), qPrintable(driver.problem()));
     }
-    const OrdinaryUser user;
-    QVERIFY(user.isOrdinary());
-    TestedFlow flow(m_window.get(), "Save", folder.toStdString(), "", data, "", std::move(handler));
-    DialogDriver driver;
-    driver.onDialog<QFileDialog>("accept", [&chosen](QFileDialog& dialog) { acceptName(dialog, chosen); });
-    for (const std::string& question : fault.questions) {
-        driver.onDialog<QMessageBox>(QString::fromStdString(question), [question](QMessageBox& box) {
-            QCOMPARE(box.text(), QString::fromStdString(question));
-            box.button(question == "overwrite" ? QMessageBox::Yes : QMessageBox::No)->click();
-        });
-    }
-    QCOMPARE(flow.launch(), fault.accepted);
-    QVERIFY2(driver.finished(), qPrintable(driver.problem()));
-    Calls expected{"check " + chosen.toStdString()};
-    expected.insert(expected.end(), fault.questions.begin(), fault.questions.end());
-    QCOMPARE(m_calls, expected);
-    if (!fault.meanwhile)
-        QCOMPARE(folderState(folder, !fault.accepted), before);
+    QCOMPARE(trial.problem(launched), QString());
 }
 
 UI_TEST_MAIN(tst_SaveFileQtDialog)

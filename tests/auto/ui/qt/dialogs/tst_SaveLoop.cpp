@@ -82,7 +82,6 @@ class tst_SaveLoop : public QObject
 
 private Q_SLOTS:
     void init();
-    void cleanup();
 
     void cancelledAtOnce();
     void newFile();
@@ -133,11 +132,6 @@ void tst_SaveLoop::init()
     m_calls.clear();
     m_handler = std::make_unique<RecordingMessageHandler>(m_calls);
     m_name.clear();
-}
-
-void tst_SaveLoop::cleanup()
-{
-    removeSaveFault(m_folders->path(QStringLiteral("place")));
 }
 
 /// Plays the rounds, all of which must be used up.
@@ -440,45 +434,23 @@ void tst_SaveLoop::parentDestroyedDuringAQuestion()
 
 void tst_SaveLoop::faults_data()
 {
-    QTest::addColumn<int>("index");
-
-    for (std::size_t i = 0; i < saveFaults().size(); ++i)
-        QTest::newRow(saveFaults()[i].name) << int(i);
+    addSaveFaultRows();
 }
 
 void tst_SaveLoop::faults()
 {
-    QFETCH(int, index);
-    const SaveFault& fault = saveFaults()[std::size_t(index)];
-
-    const QString folder = m_folders->addFolder(QStringLiteral("place"));
-    QCOMPARE(chmod(QFile::encodeName(folder).constData(), 0777), 0);
-    const QString chosen = fault.prepare(folder);
-    // A place that takes the name shows, in its own time, that a temporary file has come and gone.
-    const auto before = folderState(folder, !fault.accepted);
-
-    if (fault.meanwhile) {
-        m_handler->whenChecked = [&](const std::string& name) {
-            fault.meanwhile(folder);
-            return name;
-        };
-    }
+    QFETCH(int, fault);
+    SaveFaultTrial trial(saveFaults()[std::size_t(fault)], m_folders->path(QStringLiteral("place")));
+    m_handler = trial.makeHandler();
     DialogDriver driver;
-    for (const std::string& question : fault.questions)
-        answer(driver, question.c_str(), question == "overwrite" ? yes : no);
-
+    trial.addAnswers(driver);
     bool accepted = false;
     {
         const OrdinaryUser user;
         QVERIFY(user.isOrdinary());
-        accepted = run({{true, {chosen}, dataFilter}}, &driver);
+        accepted = run({{true, {trial.chosenName()}, dataFilter}}, &driver);
     }
-    QCOMPARE(accepted, fault.accepted);
-    Calls expected{"check " + chosen.toStdString()};
-    expected.insert(expected.end(), fault.questions.begin(), fault.questions.end());
-    QCOMPARE(m_calls, expected);
-    if (!fault.meanwhile)
-        QCOMPARE(folderState(folder, !fault.accepted), before);
+    QCOMPARE(trial.problem(accepted), QString());
 }
 
 void tst_SaveLoop::allFaultsAreTested()
