@@ -40,8 +40,8 @@ public:
     /// Shows `topic` (UTF-8). For the default handler it is a path below the base URL, with '/' between its folders
     /// and, if wanted, a '#' and an anchor in the page at its end.
     ///
-    /// A topic that cannot be shown (no base URL, a path that leads out of it, no program that opens it) is a
-    /// warning on Qt's message logger. Throws only what a handler throws.
+    /// A topic that cannot be shown (no base URL, a path that leads out of it or has a backslash in it, no program that
+    /// opens it) is a warning on Qt's message logger. Throws only what a handler throws.
     void showHelp(const std::string& topic);
 
 private:
