@@ -1,14 +1,31 @@
 #include "Keyboard.h"
 
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QTest>
 #include <QWidget>
 #include <QWindow>
+
+namespace {
+
+/// Not with every look: each is a request that the window manager has to answer first.
+void requestActivation(QWidget& window)
+{
+    static QElapsedTimer sinceRequest;
+    if (sinceRequest.isValid() && sinceRequest.elapsed() < 200)
+        return;
+    window.activateWindow();
+    sinceRequest.start();
+}
+
+} // namespace
 
 bool hasKeyboard(QWidget& window)
 {
     if (window.isVisible() && QGuiApplication::focusWindow() == window.windowHandle())
         QApplication::setActiveWindow(&window);
+    if (window.isVisible() && !window.isActiveWindow())
+        requestActivation(window);
     return window.isActiveWindow();
 }
 
