@@ -75,6 +75,7 @@ TableEditorPage::TableEditorPage()
     , m_saveButton(new QPushButton(tr("&Save as…")))
     , m_pathLabel(new QLabel)
     , m_view(new TableView)
+    , m_editTriggers(m_view->editTriggers())
     , m_model(new TableModel(this))
     , m_loader(new TableLoader(this))
     , m_saver(new TableSaver(this))
@@ -161,6 +162,9 @@ void TableEditorPage::startLoading(const QString& path)
     m_loadingPath = path;
     m_loadBar->start(QFileInfo(path).fileName());
     m_statusLine->setCurrentWidget(m_loadBar);
+    // What was edited or saved from here on would be of a table that is about to go.
+    m_saveButton->setEnabled(false);
+    m_view->setEditTriggers(QAbstractItemView::NoEditTriggers);
     m_loader->load(path);
 }
 
@@ -186,6 +190,8 @@ void TableEditorPage::hideLoadBar()
     // The keyboard is not to go away with the Cancel button.
     const bool hadFocus = m_loadBar->isAncestorOf(window()->focusWidget());
     m_statusLine->setCurrentWidget(m_facts);
+    m_saveButton->setEnabled(!m_path.isEmpty());
+    m_view->setEditTriggers(m_editTriggers);
     if (hadFocus)
         m_openButton->setFocus();
 }
@@ -233,6 +239,7 @@ void TableEditorPage::saveTable()
     if (!flow.launch())
         return;
     m_saveButton->setEnabled(false);
+    m_openButton->setEnabled(false); // onSaved() speaks of the table that is shown
     m_editedWhileSaved = false;
     m_saver->save(*m_model->document(), QString::fromStdString(flow.selectedFilename()),
                   tableFormats()[flow.selectedWriter()]);
@@ -241,6 +248,7 @@ void TableEditorPage::saveTable()
 void TableEditorPage::onSaved(const QString& path, const QString& error)
 {
     m_saveButton->setEnabled(true);
+    m_openButton->setEnabled(true);
     if (!error.isEmpty()) {
         reportProblem(path, error);
         return;
@@ -324,11 +332,15 @@ void TableEditorPage::tourCancelledLoad(Tour& tour)
 {
     const QString shown = m_pathLabel->text();
     openInTour(tour, QStringLiteral("broken.json"));
+    tour.expect(!m_saveButton->isEnabled() && m_view->editTriggers() == QAbstractItemView::NoEditTriggers,
+                QStringLiteral("nothing is edited or saved while another table is loading"));
     m_loadBar->cancelButton().setFocus();
     m_loadBar->cancelButton().click();
     tour.expect(window()->focusWidget() == m_openButton,
                 QStringLiteral("the keyboard is where another table can be opened"));
     tour.expect(!m_loader->isLoading(), QStringLiteral("Cancel ends loading"));
+    tour.expect(m_saveButton->isEnabled() && m_view->editTriggers() == m_editTriggers,
+                QStringLiteral("the table can be edited and saved when loading is cancelled"));
     tour.expect(m_pathLabel->text() == shown, QStringLiteral("the table stays when loading is cancelled"));
     tour.log(QStringLiteral("cancelled loading: ") + m_loadingPath);
 }

@@ -4,6 +4,8 @@
 
 #include "TableFormat.h"
 
+#include <QAbstractItemView>
+
 class QLabel;
 class QPushButton;
 class QStackedWidget;
@@ -59,6 +61,7 @@ private:
     QPushButton* m_saveButton;
     QLabel* m_pathLabel;
     TableView* m_view;
+    const QAbstractItemView::EditTriggers m_editTriggers; ///< of the view, while nothing is loading
     TableModel* m_model;
     TableLoader* m_loader;
     TableSaver* m_saver;

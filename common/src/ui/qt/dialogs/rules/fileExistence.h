@@ -10,6 +10,5 @@
 /// is not there, or cannot tell.
 COMMON_UI_QT_INTERNAL_EXPORT bool countsAsExisting(boost::filesystem::file_type type);
 
-/// What is at `name` (UTF-8), behind symbolic links. Trouble on the way is a type of its own, not an exception; only a
-/// name that is no path at all throws boost::filesystem::filesystem_error.
+/// What is at `name` (UTF-8), behind symbolic links. Trouble on the way is a type of its own, not an exception.
 COMMON_UI_QT_INTERNAL_EXPORT boost::filesystem::file_type fileTypeOf(const std::string& name);
