@@ -1,0 +1,11 @@
+#include "property/PropertyItemInterface.h"
+
+namespace zelmar {
+
+void PropertyItemInterface::signalPropertyChangedConnected() const
+{
+}
+
+PropertyItemInterface::~PropertyItemInterface() = default;
+
+} // namespace zelmar

@@ -1,0 +1,329 @@
+#include "TestHome.h"
+#include "VirtualSlot.h"
+#include "property/Property.h"
+
+#include <QtTest>
+
+#include <cmath>
+#include <limits>
+#include <stdexcept>
+#include <type_traits>
+#include <vector>
+
+using zelmar::AllowAnyValueValidator;
+using zelmar::InvalidPropertyValueException;
+using zelmar::Property;
+using zelmar::PropertyAbstract;
+using zelmar::PropertyItemInterface;
+using zelmar::ValidationResult;
+using zelmar::ValidatorInterface;
+
+// One object has its observers: there is no second one like it, and it does not go elsewhere.
+static_assert(!std::is_copy_constructible<Property<int>>::value && !std::is_move_constructible<Property<int>>::value,
+              "a property is neither copied nor moved");
+static_assert(!std::is_copy_assignable<Property<int>>::value && !std::is_move_assignable<Property<int>>::value,
+              "a property is neither assigned nor moved to");
+static_assert(std::is_default_constructible<Property<int>>::value, "a property may start with its type's zero");
+static_assert(!std::is_convertible<int, Property<int>>::value, "a value is not taken for a property");
+static_assert(std::is_abstract<PropertyAbstract<int>>::value && std::is_abstract<ValidatorInterface<int>>::value,
+              "interfaces are only implemented");
+static_assert(std::has_virtual_destructor<PropertyItemInterface>::value
+                  && std::has_virtual_destructor<ValidatorInterface<int>>::value
+                  && std::has_virtual_destructor<ValidationResult>::value,
+              "objects are deleted through their bases");
+static_assert(std::is_base_of<PropertyItemInterface, Property<std::string>>::value, "properties of all types mix");
+static_assert(std::is_same<decltype(std::declval<const Property<std::string>&>().value()), std::string>::value,
+              "a value is read by value, from a constant property too");
+static_assert(std::is_nothrow_copy_constructible<InvalidPropertyValueException>::value,
+              "what is thrown is copied on the way");
+static_assert(std::is_base_of<zelmar::ExceptionBase, InvalidPropertyValueException>::value
+                  && std::is_base_of<std::exception, zelmar::ExceptionBase>::value,
+              "what is thrown can be caught as any of its bases");
+static_assert(!std::is_convertible<std::string, ValidationResult>::value, "a text alone is no refusal");
+
+namespace {
+
+/// Writes down which step of setValue() runs.
+class Traced : public Property<int>
+{
+public:
+    using Property<int>::Property;
+
+    bool isCurrentValue(const int& value) const override
+    {
+        steps.push_back("compare " + std::to_string(value));
+        return Property<int>::isCurrentValue(value);
+    }
+
+    void validateValue(const int& value) const override
+    {
+        steps.push_back("validate " + std::to_string(value));
+        Property<int>::validateValue(value);
+    }
+
+    /// Keeps half of what it is given, so that the value read back is another than the argument.
+    void assignValue(const int& value) override
+    {
+        steps.push_back("assign " + std::to_string(value));
+        Property<int>::assignValue(value / 2);
+    }
+
+    void emitValueChanged(const int& value) override
+    {
+        steps.push_back("emit " + std::to_string(value));
+        Property<int>::emitValueChanged(value);
+    }
+
+    mutable std::vector<std::string> steps;
+};
+
+struct AtMostTen : ValidatorInterface<int>
+{
+    ValidationResult validate(const int& value) const override
+    {
+        return value <= 10 ? ValidationResult() : ValidationResult("10 is the most: \xC3\xA4");
+    }
+};
+
+/// Two roads to ValidatorInterface, of which the virtual base makes one.
+struct Combined : AllowAnyValueValidator<int>, virtual ValidatorInterface<int>
+{
+};
+
+/// Opens the order of the virtual functions to the test.
+struct Slots : Property<int>
+{
+    static std::vector<std::size_t> inOrder()
+    {
+        return {virtualSlot(&Slots::onPropertyHook), virtualSlot(&Slots::assignValue),
+                virtualSlot(&Slots::isCurrentValue), virtualSlot(&Slots::validateValue),
+                virtualSlot(&Slots::value),          virtualSlot(&Slots::emitValueChanged)};
+    }
+};
+
+} // namespace
+
+class tst_Property : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void startsWithItsInitialValue();
+    void takesTheStepsInOrder();
+    void keepsSilentAboutAnEqualValue();
+    void tellsOfEachChangeOnce();
+    void comparesTextByContent();
+    void tellsOfNaNEachTime();
+    void refusesWhatTheValidatorRefuses();
+    void asksTheValidatorAboutTheCurrentValueToo();
+    void takesEveryValueAgainWithoutAValidator();
+    void throwsWhatCanBeCaughtAsAnyOfItsBases();
+    void callsObserversInOrder();
+    void letsAnObserverSetTheValueAgain();
+    void keepsTheValueWhenAnObserverThrows();
+    void changesNothingWhenTheValidatorThrows();
+    void letsObserversComeAndGoMeanwhile();
+    void combinesValidators();
+    void keepsTheOrderOfVirtualFunctions();
+};
+
+void tst_Property::startsWithItsInitialValue()
+{
+    QCOMPARE(boost::make_shared<Property<int>>(1)->value(), 1);
+    QCOMPARE(boost::make_shared<Property<int>>()->value(), 0);
+    QCOMPARE(boost::make_shared<Property<bool>>()->value(), false);
+    QCOMPARE(boost::make_shared<Property<std::string>>()->value(), std::string());
+    QCOMPARE(boost::make_shared<Property<std::string>>("a")->value(), std::string("a"));
+}
+
+void tst_Property::takesTheStepsInOrder()
+{
+    Traced property(1);
+    property.setValue(6);
+    const std::vector<std::string> expected = {"validate 6", "compare 6", "assign 6", "emit 3"};
+    QCOMPARE(property.steps, expected);
+}
+
+void tst_Property::keepsSilentAboutAnEqualValue()
+{
+    Traced property(5);
+    property.setValue(5);
+    const std::vector<std::string> expected = {"validate 5", "compare 5"};
+    QCOMPARE(property.steps, expected);
+}
+
+void tst_Property::tellsOfEachChangeOnce()
+{
+    const auto property = boost::make_shared<Property<int>>(1);
+    const boost::shared_ptr<PropertyAbstract<int>> observed = property;
+    std::vector<int> told;
+    observed->signalValueChanged().connect([&told](const int& value) { told.push_back(value); });
+
+    property->setValue(2);
+    property->setValue(2);
+    property->setValue(1);
+
+    const std::vector<int> expected = {2, 1};
+    QCOMPARE(told, expected);
+    QCOMPARE(observed->value(), 1);
+}
+
+void tst_Property::comparesTextByContent()
+{
+    Property<std::string> property(std::string("a\0b", 3));
+    int changes = 0;
+    property.signalValueChanged().connect([&changes](const std::string&) { ++changes; });
+    property.setValue(std::string("a\0b", 3));
+    QCOMPARE(changes, 0);
+    property.setValue("a");
+    QCOMPARE(changes, 1);
+}
+
+void tst_Property::tellsOfNaNEachTime()
+{
+    Property<double> property;
+    int changes = 0;
+    property.signalValueChanged().connect([&changes](double) { ++changes; });
+    property.setValue(std::numeric_limits<double>::quiet_NaN());
+    property.setValue(std::numeric_limits<double>::quiet_NaN());
+    QCOMPARE(changes, 2);
+    QVERIFY(std::isnan(property.value()));
+}
+
+void tst_Property::refusesWhatTheValidatorRefuses()
+{
+    Property<int> property(3);
+    property.setValidator(boost::make_shared<AtMostTen>());
+    bool told = false;
+    property.signalValueChanged().connect([&told](int) { told = true; });
+    try {
+        property.setValue(11);
+        QFAIL("11 was taken");
+    } catch (const InvalidPropertyValueException& refusal) {
+        QCOMPARE(refusal.what(), "10 is the most: \xC3\xA4");
+    }
+    QCOMPARE(property.value(), 3);
+    QVERIFY(!told);
+    property.setValue(10);
+    QCOMPARE(property.value(), 10);
+    QVERIFY(told);
+}
+
+void tst_Property::asksTheValidatorAboutTheCurrentValueToo()
+{
+    Property<int> property(11);
+    property.setValidator(boost::make_shared<AtMostTen>());
+    QCOMPARE(property.value(), 11);
+    QVERIFY_EXCEPTION_THROWN(property.setValue(11), InvalidPropertyValueException);
+}
+
+void tst_Property::takesEveryValueAgainWithoutAValidator()
+{
+    Property<int> property(3);
+    property.setValidator(boost::make_shared<AtMostTen>());
+    property.setValidator(nullptr);
+    property.setValue(11);
+    QCOMPARE(property.value(), 11);
+}
+
+void tst_Property::throwsWhatCanBeCaughtAsAnyOfItsBases()
+{
+    Property<int> property;
+    property.setValidator(boost::make_shared<AtMostTen>());
+    QVERIFY_EXCEPTION_THROWN(property.setValue(11), zelmar::ExceptionBase);
+    QVERIFY_EXCEPTION_THROWN(property.setValue(11), std::exception);
+
+    const InvalidPropertyValueException original("why");
+    const InvalidPropertyValueException copy(original);
+    QCOMPARE(copy.what(), "why");
+}
+
+void tst_Property::callsObserversInOrder()
+{
+    Property<int> property;
+    std::string calls;
+    for (const char* name : {"a", "b", "c"})
+        property.signalValueChanged().connect([&calls, name](int) { calls += name; });
+    property.setValue(1);
+    QCOMPARE(calls, std::string("abc"));
+}
+
+void tst_Property::letsAnObserverSetTheValueAgain()
+{
+    Property<int> property;
+    std::vector<std::string> calls;
+    const auto note = [&](const char* name, int told) {
+        calls.push_back(name + std::to_string(told) + " of " + std::to_string(property.value()));
+    };
+    property.signalValueChanged().connect([&](int value) {
+        note("a", value);
+        if (value == 1)
+            property.setValue(2);
+    });
+    property.signalValueChanged().connect([&](int value) { note("b", value); });
+
+    property.setValue(1);
+
+    const std::vector<std::string> expected = {"a1 of 1", "a2 of 2", "b2 of 2", "b1 of 2"};
+    QCOMPARE(calls, expected);
+}
+
+void tst_Property::keepsTheValueWhenAnObserverThrows()
+{
+    Property<int> property;
+    bool reached = false;
+    property.signalValueChanged().connect([](int) { throw std::runtime_error("observer"); });
+    property.signalValueChanged().connect([&reached](int) { reached = true; });
+    QVERIFY_EXCEPTION_THROWN(property.setValue(1), std::runtime_error);
+    QCOMPARE(property.value(), 1);
+    QVERIFY(!reached);
+}
+
+void tst_Property::changesNothingWhenTheValidatorThrows()
+{
+    struct Throwing : ValidatorInterface<int>
+    {
+        ValidationResult validate(const int&) const override { throw std::logic_error("validator"); }
+    };
+    Property<int> property(1);
+    property.setValidator(boost::make_shared<Throwing>());
+    QVERIFY_EXCEPTION_THROWN(property.setValue(2), std::logic_error);
+    QCOMPARE(property.value(), 1);
+}
+
+void tst_Property::letsObserversComeAndGoMeanwhile()
+{
+    Property<int> property;
+    std::string calls;
+    boost::signals2::connection second;
+    property.signalValueChanged().connect([&](int value) {
+        calls += 'a';
+        second.disconnect();
+        if (value == 1)
+            property.signalValueChanged().connect([&calls](int) { calls += 'c'; });
+    });
+    second = property.signalValueChanged().connect([&calls](int) { calls += 'b'; });
+
+    property.setValue(1);
+    QCOMPARE(calls, std::string("a"));
+    property.setValue(2);
+    QCOMPARE(calls, std::string("aac"));
+}
+
+void tst_Property::combinesValidators()
+{
+    const Combined combined;
+    const ValidatorInterface<int>& validator = combined; // would be ambiguous without the virtual base
+    QVERIFY(validator.validate(std::numeric_limits<int>::min()).isValid());
+    QCOMPARE(validator.validate(0).errorString(), std::string());
+}
+
+void tst_Property::keepsTheOrderOfVirtualFunctions()
+{
+    // 0 is signalPropertyChangedConnected(), 1 and 2 are the destructor.
+    const std::vector<std::size_t> expected = {3, 4, 5, 6, 7, 8};
+    QCOMPARE(Slots::inOrder(), expected);
+}
+
+CORE_TEST_MAIN(tst_Property)
+#include "tst_Property.moc"
