@@ -1,5 +1,7 @@
 #include "ui/qt/dialogs/rules/fileExistence.h"
 
+#include "ui/qt/dialogs/rules/utf8Path.h"
+
 namespace fs = boost::filesystem;
 
 bool countsAsExisting(fs::file_type type)
@@ -10,5 +12,5 @@ bool countsAsExisting(fs::file_type type)
 fs::file_type fileTypeOf(const std::string& name)
 {
     boost::system::error_code error;
-    return fs::status(fs::path(name), error).type();
+    return fs::status(utf8Path(name), error).type();
 }

@@ -1,0 +1,12 @@
+#include "ui/qt/dialogs/windows/fileSystemPath.h"
+
+#include "ui/qt/dialogs/windows/comPointers.h"
+
+std::optional<QString> fileSystemPath(IShellItem* item)
+{
+    LPWSTR path = nullptr;
+    if (!item || FAILED(item->GetDisplayName(SIGDN_FILESYSPATH, &path)) || !path)
+        return std::nullopt;
+    const TaskText owner(path);
+    return QString::fromWCharArray(path);
+}

@@ -1,0 +1,66 @@
+#include "ui/qt/dialogs/windows/nativeRequest.h"
+
+#include "platform/utf8ToWideString.h"
+#include "ui/qt/dialogs/rules/fileExistence.h"
+#include "ui/qt/dialogs/rules/nativeFilters.h"
+#include "ui/qt/dialogs/rules/utf8Path.h"
+
+#include <boost/filesystem/exception.hpp>
+
+#include <algorithm>
+
+using zelmar::utf8ToWideString;
+
+FILEOPENDIALOGOPTIONS nativeOptions(FILEOPENDIALOGOPTIONS options, QFileDialog::FileMode mode, bool confirmOverwrite)
+{
+    const auto change = [&options](FILEOPENDIALOGOPTIONS bits, bool on) {
+        options = on ? options | bits : options & ~bits;
+    };
+    change(FOS_PICKFOLDERS | FOS_PATHMUSTEXIST, mode == QFileDialog::Directory);
+    change(FOS_FILEMUSTEXIST, mode == QFileDialog::ExistingFile || mode == QFileDialog::ExistingFiles);
+    change(FOS_ALLOWMULTISELECT, mode == QFileDialog::ExistingFiles);
+    change(FOS_OVERWRITEPROMPT, confirmOverwrite);
+    return options;
+}
+
+std::wstring nativeFolder(const std::string& directory)
+{
+    std::wstring folder = utf8ToWideString(directory);
+    std::replace(folder.begin(), folder.end(), L'/', L'\\');
+    return folder;
+}
+
+std::string startFolder(const std::string& directory)
+{
+    try {
+        const boost::filesystem::file_type type = fileTypeOf(directory);
+        if (directory.empty() || !countsAsExisting(type))
+            return {};
+        const boost::filesystem::path path = utf8Path(directory);
+        return genericUtf8(type == boost::filesystem::directory_file ? path : path.parent_path());
+    } catch (const boost::filesystem::filesystem_error&) {
+        return {}; // the dialog then starts where the system likes
+    }
+}
+
+int optionValue(const std::map<DWORD, int>& values, DWORD item, int otherwise)
+{
+    const auto found = values.find(item);
+    return found == values.end() ? otherwise : found->second;
+}
+
+NativeFileTypes::NativeFileTypes(const QStringList& nameFilters)
+{
+    for (const QString& filter : nameFilters) {
+        const NativeFilter parts = nativeFilter(filter);
+        m_types.emplace_back(utf8ToWideString(parts.name.toStdString()), utf8ToWideString(parts.pattern.toStdString()));
+    }
+}
+
+std::vector<COMDLG_FILTERSPEC> NativeFileTypes::specs() const
+{
+    std::vector<COMDLG_FILTERSPEC> specs;
+    for (const auto& type : m_types)
+        specs.push_back({type.first.c_str(), type.second.c_str()});
+    return specs;
+}

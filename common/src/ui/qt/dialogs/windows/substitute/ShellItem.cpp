@@ -1,0 +1,165 @@
+#include "ui/qt/dialogs/windows/substitute/ShellItem.h"
+
+#include "ui/qt/dialogs/windows/fileSystemPath.h"
+#include "ui/qt/dialogs/windows/substitute/CountedObject.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+#include <string>
+#include <vector>
+
+namespace {
+
+class ShellItem : public CountedObject<IShellItem>
+{
+public:
+    explicit ShellItem(const QString& path)
+        : m_path(path)
+    {
+    }
+
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override
+    {
+        const QITAB table[] = {{&IID_IShellItem, 0}, {nullptr, 0}};
+        return QISearch(static_cast<IShellItem*>(this), table, iid, object);
+    }
+
+    HRESULT STDMETHODCALLTYPE BindToHandler(IBindCtx*, REFGUID, REFIID, void**) override { return E_NOTIMPL; }
+
+    HRESULT STDMETHODCALLTYPE GetParent(IShellItem** parent) override
+    {
+        if (!parent)
+            return E_POINTER;
+        *parent = nullptr;
+        if (QDir(m_path).isRoot())
+            return E_FAIL;
+        *parent = makeShellItem(QFileInfo(m_path).path()).detach();
+        return S_OK;
+    }
+
+    HRESULT STDMETHODCALLTYPE GetDisplayName(SIGDN kind, LPWSTR* name) override
+    {
+        if (!name)
+            return E_POINTER;
+        *name = taskText(kind == SIGDN_NORMALDISPLAY ? QFileInfo(m_path).fileName() : m_path);
+        return *name ? S_OK : E_OUTOFMEMORY;
+    }
+
+    HRESULT STDMETHODCALLTYPE GetAttributes(SFGAOF, SFGAOF*) override { return E_NOTIMPL; }
+
+    HRESULT STDMETHODCALLTYPE Compare(IShellItem* other, SICHINTF, int* order) override
+    {
+        if (!other || !order)
+            return E_POINTER;
+        *order = m_path.compare(fileSystemPath(other).value_or(QString()));
+        return *order == 0 ? S_OK : S_FALSE;
+    }
+
+private:
+    const QString m_path;
+};
+
+class ShellItemArray : public CountedObject<IShellItemArray>
+{
+public:
+    explicit ShellItemArray(const QStringList& paths)
+    {
+        for (const QString& path : paths)
+            m_items.push_back(makeShellItem(path));
+    }
+
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override
+    {
+        const QITAB table[] = {{&IID_IShellItemArray, 0}, {nullptr, 0}};
+        return QISearch(static_cast<IShellItemArray*>(this), table, iid, object);
+    }
+
+    HRESULT STDMETHODCALLTYPE BindToHandler(IBindCtx*, REFGUID, REFIID, void**) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE GetPropertyStore(GETPROPERTYSTOREFLAGS, REFIID, void**) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE GetPropertyDescriptionList(REFPROPERTYKEY, REFIID, void**) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE GetAttributes(SIATTRIBFLAGS, SFGAOF, SFGAOF*) override { return E_NOTIMPL; }
+
+    HRESULT STDMETHODCALLTYPE GetCount(DWORD* count) override
+    {
+        if (!count)
+            return E_POINTER;
+        *count = static_cast<DWORD>(m_items.size());
+        return S_OK;
+    }
+
+    HRESULT STDMETHODCALLTYPE GetItemAt(DWORD index, IShellItem** item) override
+    {
+        if (!item)
+            return E_POINTER;
+        *item = nullptr;
+        if (index >= m_items.size())
+            return E_FAIL;
+        *item = ComPointer<IShellItem>(m_items[index]).detach();
+        return S_OK;
+    }
+
+    HRESULT STDMETHODCALLTYPE EnumItems(IEnumShellItems**) override { return E_NOTIMPL; }
+
+private:
+    std::vector<ComPointer<IShellItem>> m_items;
+};
+
+/// `path` with slashes. A backslash that stands for one is told from one in a name by what is there: each name is taken
+/// as short as it can be. Empty when there is nothing at the path.
+QString resolvedPath(const QString& path)
+{
+    QString resolved;
+    QString name;
+    for (const QString& part : path.mid(1).split(QLatin1Char('\\'))) {
+        name += name.isEmpty() ? part : QLatin1Char('\\') + part;
+        const QString candidate = resolved + QLatin1Char('/') + name;
+        if (!QFileInfo::exists(candidate))
+            continue;
+        resolved = candidate;
+        name.clear();
+    }
+    return name.isEmpty() ? QDir::cleanPath(resolved) : QString();
+}
+
+bool isAbsolute(const QString& path)
+{
+    return path.startsWith(QLatin1Char('/')) || path.startsWith(QLatin1Char('\\'));
+}
+
+} // namespace
+
+LPWSTR taskText(const QString& text)
+{
+    const std::wstring wide = text.toStdWString();
+    auto* copy = static_cast<LPWSTR>(CoTaskMemAlloc((wide.size() + 1) * sizeof(wchar_t)));
+    if (copy)
+        wide.copy(copy, wide.size());
+    if (copy)
+        copy[wide.size()] = L'\0';
+    return copy;
+}
+
+ComPointer<IShellItem> makeShellItem(const QString& path)
+{
+    return adopt<IShellItem>(new ShellItem(path));
+}
+
+ComPointer<IShellItemArray> makeShellItemArray(const QStringList& paths)
+{
+    return adopt<IShellItemArray>(new ShellItemArray(paths));
+}
+
+HRESULT SHCreateItemFromParsingName(LPCWSTR path, IBindCtx* /*context*/, REFIID iid, void** item)
+{
+    if (!path || !item)
+        return E_INVALIDARG;
+    *item = nullptr;
+    const QString text = QString::fromWCharArray(path);
+    if (!isAbsolute(text))
+        return E_INVALIDARG;
+    const QString existing = resolvedPath(text);
+    if (existing.isEmpty())
+        return HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND);
+    return makeShellItem(existing)->QueryInterface(iid, item);
+}
