@@ -1,5 +1,7 @@
 #include "GalleryWindow.h"
 
+#include "ui/qt/dialogs/ExtendedFileDialog.h"
+
 #include <QAction>
 #include <QCloseEvent>
 #include <QHBoxLayout>
@@ -78,6 +80,11 @@ void GalleryWindow::addMenu()
         tr("&Next page"), this, [this] { step(1); }, QKeySequence(Qt::CTRL + Qt::Key_PageDown));
     menu->addAction(
         tr("&Previous page"), this, [this] { step(-1); }, QKeySequence(Qt::CTRL + Qt::Key_PageUp));
+    menu->addSeparator();
+    QAction* native = menu->addAction(tr("&System's file dialogs"));
+    native->setCheckable(true);
+    native->setChecked(ExtendedFileDialog::useNativeFileDialog());
+    connect(native, &QAction::toggled, this, &ExtendedFileDialog::setUseNativeFileDialog);
     menu->addSeparator();
     menu->addAction(tr("&Quit"), this, &QWidget::close, QKeySequence(QKeySequence::Quit));
 }

@@ -43,6 +43,17 @@ set(expected
     "Save with a writer: Written: 45 bytes by the writer \"Pages\""
     "Save with a writer: asked: There is a sample \"sample\\.dat\" already\\. Write over it\\?"
     "Save with a writer: asked: File ${folder}/sample\\.dat already exists\\. Do you want to replace it\\?"
+    "Native dialog: Expert: on"
+    "Native dialog: Preview: off"
+    "Native dialog: Button: Rules"
+    "Native dialog: File type: 2"
+    "Native dialog: Chosen: ${folder}/notes\\.txt"
+    "Native dialog: Filter: Text files \\(\\*\\.txt\\)"
+    "Native dialog: Option of the accept button: 3"
+    "Either dialog: The system's dialog, Open one file…; Chosen: ${folder}/run-2\\.dat"
+    "Either dialog: The system's dialog, Save…; May be written: ${folder}/either\\.dat"
+    "Either dialog: The dialog drawn by Qt, Open several files…; Chosen: ${folder}/run-1\\.dat"
+    "Either dialog: The dialog drawn by Qt, Save…; May be written: ${folder}/either\\.dat"
     "The tour is complete")
 foreach(pattern IN LISTS expected)
     set(lines ${log})
@@ -56,28 +67,31 @@ endforeach()
 set(chosen ${log})
 list(FILTER chosen INCLUDE REGEX "^[^:]+: Chosen: ")
 list(LENGTH chosen chosen_count)
-if(NOT chosen_count EQUAL 5)
-    add_failure("${chosen_count} files were chosen instead of 5")
+if(NOT chosen_count EQUAL 6)
+    add_failure("${chosen_count} files were chosen instead of 6")
 endif()
 
 set(pictures ${log})
 list(FILTER pictures INCLUDE REGEX ": picture ")
 list(JOIN pictures "\n" named_pictures)
-foreach(page table-editor open-one-file open-several-files save-a-file choose-a-directory save-with-a-writer)
-    foreach(suffix "" "-dialog" "-help")
-        if(NOT named_pictures MATCHES ": picture ${page}${suffix}\\.png, [1-9][0-9]* x [1-9][0-9]*")
-            add_failure("the log names no picture ${page}${suffix}.png")
-        endif()
-        if(NOT EXISTS "${TOUR}/${page}${suffix}.png")
-            add_failure("no picture ${page}${suffix}.png")
-            continue()
-        endif()
-        file(SIZE "${TOUR}/${page}${suffix}.png" size)
-        # An even area of this size takes less.
-        if(size LESS 8000)
-            add_failure("nothing is to be seen in ${page}${suffix}.png, which has ${size} bytes")
-        endif()
-    endforeach()
+set(files "")
+foreach(page table-editor open-one-file open-several-files save-a-file choose-a-directory save-with-a-writer native-dialog)
+    list(APPEND files ${page} ${page}-dialog ${page}-help)
+endforeach()
+list(APPEND files either-dialog either-dialog-system either-dialog-qt)
+foreach(file IN LISTS files)
+    if(NOT named_pictures MATCHES ": picture ${file}\\.png, [1-9][0-9]* x [1-9][0-9]*")
+        add_failure("the log names no picture ${file}.png")
+    endif()
+    if(NOT EXISTS "${TOUR}/${file}.png")
+        add_failure("no picture ${file}.png")
+        continue()
+    endif()
+    file(SIZE "${TOUR}/${file}.png" size)
+    # An even area of this size takes less.
+    if(size LESS 8000)
+        add_failure("nothing is to be seen in ${file}.png, which has ${size} bytes")
+    endif()
 endforeach()
 
 file(GLOB_RECURSE left LIST_DIRECTORIES true "${HOME}/*" "${HOME}/.*")

@@ -2,7 +2,6 @@
 
 #include <QCoreApplication>
 #include <QDir>
-#include <QFileDialog>
 
 namespace gallery {
 
@@ -14,17 +13,6 @@ QString tr(const char* text)
 }
 
 } // namespace
-
-FileDialogOutcome::FileDialogOutcome(const QFileDialog& dialog, int result)
-    : accepted(result == QDialog::Accepted)
-    , directory(dialog.directory().absolutePath())
-    // What was marked in a cancelled dialog was not chosen.
-    , files(accepted ? dialog.selectedFiles() : QStringList())
-    , filterIndex(dialog.nameFilters().indexOf(dialog.selectedNameFilter()))
-{
-    if (filterIndex >= 0)
-        filter = dialog.selectedNameFilter();
-}
 
 QStringList FileDialogOutcome::lines() const
 {

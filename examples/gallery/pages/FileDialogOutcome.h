@@ -1,9 +1,9 @@
 #pragma once
 
+#include <QDialog>
+#include <QDir>
 #include <QString>
 #include <QStringList>
-
-class QFileDialog;
 
 namespace gallery {
 
@@ -16,8 +16,18 @@ struct FileDialogOutcome
     QString filter;       ///< empty in a dialog without filters
     int filterIndex = -1; ///< from 0; -1 in a dialog without filters
 
-    /// `result` is what the dialog's exec() returned.
-    FileDialogOutcome(const QFileDialog& dialog, int result);
+    /// `dialog`: a QFileDialog or what is shaped like one. `result` is what its exec() returned.
+    template <typename Dialog>
+    FileDialogOutcome(const Dialog& dialog, int result)
+        : accepted(result == QDialog::Accepted)
+        , directory(dialog.directory().absolutePath())
+        // What was marked in a cancelled dialog was not chosen.
+        , files(accepted ? dialog.selectedFiles() : QStringList())
+        , filterIndex(dialog.nameFilters().indexOf(dialog.selectedNameFilter()))
+    {
+        if (filterIndex >= 0)
+            filter = dialog.selectedNameFilter();
+    }
 
     /// For people, one fact a line.
     [[nodiscard]] QStringList lines() const;

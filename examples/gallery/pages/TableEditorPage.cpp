@@ -5,12 +5,14 @@
 #include "TableView.h"
 #include "tour/Tour.h"
 
+#include "FileDialogActions.h"
+
 #include "TableLoader.h"
 #include "TableModel.h"
 #include "TableSaver.h"
 
-#include "ui/qt/dialogs/QExtendedFileDialog.h"
-#include "ui/qt/dialogs/SaveFileQtDialog.h"
+#include "ui/qt/dialogs/LaunchFileDialog.h"
+#include "ui/qt/dialogs/SaveFileDialog.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -26,16 +28,16 @@ namespace gallery {
 namespace {
 
 /// Filters for opening, in the syntax of file dialogs: all kinds of tables together, then one by one.
-QString openFilters()
+std::vector<std::string> openFilters()
 {
     QStringList patterns;
-    QStringList filters;
+    std::vector<std::string> filters(1);
     for (const TableFormat& format : tableFormats()) {
         patterns += QStringLiteral("*.") + format.extension;
-        filters += format.nameFilter;
+        filters.push_back(format.nameFilter.toStdString());
     }
-    filters.prepend(TableEditorPage::tr("All tables (%1)").arg(patterns.join(QLatin1Char(' '))));
-    return filters.join(QStringLiteral(";;"));
+    filters.front() = TableEditorPage::tr("All tables (%1)").arg(patterns.join(QLatin1Char(' '))).toStdString();
+    return filters;
 }
 
 /// Filters for saving: one for each writer, in the order of the formats.
@@ -150,11 +152,14 @@ bool TableEditorPage::mayLeave()
 /// Empty when the user has cancelled.
 QString TableEditorPage::askForPath()
 {
-    QExtendedFileDialog dialog(*window(), tr("Open a table").toStdString(), std::string(), openFilters().toStdString(),
-                               "table/open.html", QFileDialog::AcceptOpen);
-    dialog.setGeometryPersistenceKey("gallery/open-table");
-    dialog.setDefaultSize(window()->size() * 4 / 5);
-    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+    std::vector<std::string> shown;
+    if (!m_path.isEmpty())
+        shown.push_back(m_path.toStdString());
+    std::vector<std::string> files;
+    int filter = -1;
+    const bool accepted = zelmar::ui::LaunchFileDialog(files, filter, tr("Open a table").toStdString(), openFilters(),
+                                                       shown, false, false, 0);
+    return accepted && !files.empty() ? QString::fromStdString(files.front()) : QString();
 }
 
 void TableEditorPage::startLoading(const QString& path)
@@ -233,9 +238,9 @@ void TableEditorPage::reportProblem(const QString& path, const QString& problem)
 void TableEditorPage::saveTable()
 {
     const QFileInfo shown(m_path);
-    SaveFileQtDialog flow(window(), tr("Save the table").toStdString(), shown.path().toStdString(),
-                          shown.completeBaseName().toStdString(), saveFilters(), indexOfFormat(m_path),
-                          "table/save.html");
+    SaveFileDialog flow(window(), tr("Save the table").toStdString(), shown.path().toStdString(),
+                        shown.completeBaseName().toStdString(), saveFilters(), indexOfFormat(m_path),
+                        "table/save.html");
     if (!flow.launch())
         return;
     m_saveButton->setEnabled(false);
@@ -262,13 +267,19 @@ void TableEditorPage::onSaved(const QString& path, const QString& error)
 
 void TableEditorPage::tour(Tour& tour)
 {
-    tour.readHelpAndCancelFileDialog([this] { m_openButton->click(); });
-    tour.expect(!m_loader->isLoading(), QStringLiteral("a cancelled dialog loads nothing"));
+    tourCancelledDialogs(tour);
     tourGoodTable(tour);
+    tour.readHelpAndCancelFileDialog([this] { m_saveButton->click(); });
     tourSavedTables(tour);
     tourUnsavedEdits(tour);
     tourCancelledLoad(tour);
     tourBrokenTable(tour);
+}
+
+void TableEditorPage::tourCancelledDialogs(Tour& tour)
+{
+    tour.useFileDialog({}, QString(), {cancel}, [this] { m_openButton->click(); });
+    tour.expect(!m_loader->isLoading(), QStringLiteral("a cancelled dialog loads nothing"));
 }
 
 void TableEditorPage::openInTour(Tour& tour, const QString& name, const QString& picture)

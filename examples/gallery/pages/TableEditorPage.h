@@ -49,6 +49,7 @@ private:
     void onSaved(const QString& path, const QString& error);
     void showPath(const QString& path);
 
+    void tourCancelledDialogs(Tour& tour);
     void openInTour(Tour& tour, const QString& name, const QString& picture = {});
     void tourGoodTable(Tour& tour);
     void tourSavedTables(Tour& tour);

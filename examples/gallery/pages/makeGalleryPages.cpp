@@ -1,7 +1,9 @@
 #include "makeGalleryPages.h"
 
+#include "EitherDialogPage.h"
 #include "FileDialogExample.h"
 #include "FileDialogPage.h"
+#include "NativeDialogPage.h"
 #include "SaveFlowPage.h"
 #include "TableEditorPage.h"
 
@@ -14,6 +16,8 @@ std::vector<std::unique_ptr<GalleryPage>> makeGalleryPages()
     for (const FileDialogExample& example : fileDialogExamples())
         pages.push_back(std::make_unique<FileDialogPage>(example));
     pages.push_back(std::make_unique<SaveFlowPage>());
+    pages.push_back(std::make_unique<NativeDialogPage>());
+    pages.push_back(std::make_unique<EitherDialogPage>());
     return pages;
 }
 

@@ -7,12 +7,12 @@
 #include "DialogDriver.h"
 #include "FileDialogActions.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QFileInfo>
 #include <QFileSystemModel>
-#include <QPushButton>
 #include <QTest>
 
 #include <memory>
@@ -34,8 +34,10 @@ bool folderIsListed(QFileDialog& dialog)
 void pressHelp(QFileDialog& dialog)
 {
     const auto* box = dialog.findChild<QDialogButtonBox*>(QStringLiteral("buttonBox"));
-    if (QPushButton* help = box->button(QDialogButtonBox::Help))
-        help->click();
+    const auto buttons = box->buttons();
+    for (QAbstractButton* button : buttons)
+        if (box->buttonRole(button) == QDialogButtonBox::HelpRole)
+            button->click();
 }
 
 /// The names that Qt suggests below a typed one, which hide a part of the dialog.
@@ -73,6 +75,19 @@ void Tour::acceptFileDialog(const FileDialogInput& input, const std::function<vo
         addPictureStep(driver, input.questionPicture);
     for (const QMessageBox::StandardButton answer : input.answers)
         addAnswer(driver, answer);
+    drive(driver, open);
+}
+
+void Tour::useFileDialog(const QVector<FileDialogStep>& firstSteps, const QString& picture,
+                         const QVector<FileDialogStep>& lastSteps, const std::function<void()>& open)
+{
+    DialogDriver driver(deadline);
+    for (const FileDialogStep& step : firstSteps)
+        driver.onDialogWhen<QFileDialog>(QStringLiteral("use the dialog"), folderIsListed, step);
+    if (!picture.isEmpty())
+        addPictureStep(driver, picture);
+    for (const FileDialogStep& step : lastSteps)
+        driver.onDialog<QFileDialog>(QStringLiteral("use the dialog, and close it"), step);
     drive(driver, open);
 }
 

@@ -7,6 +7,7 @@
 #include <functional>
 
 class DialogDriver;
+class QFileDialog;
 class QImage;
 
 namespace gallery {
@@ -42,6 +43,12 @@ public:
     /// Calls `open`, which has to run one modal file dialog; presses Help, takes a picture of the help,
     /// closes it, and presses Escape.
     void readHelpAndCancelFileDialog(const std::function<void()>& open);
+
+    /// Calls `open`, which has to run one modal file dialog; takes the steps in it, and between the first ones and the
+    /// last ones, which close it, a picture.
+    using FileDialogStep = std::function<void(QFileDialog&)>;
+    void useFileDialog(const QVector<FileDialogStep>& firstSteps, const QString& picture,
+                       const QVector<FileDialogStep>& lastSteps, const std::function<void()>& open);
 
     /// Calls `ask`, which has to ask one question, and answers it.
     void answerQuestion(QMessageBox::StandardButton answer, const std::function<void()>& ask);

@@ -1,6 +1,13 @@
 // Uses one class of each kind, so that headers, exports and the run-time library are all found.
 #include "platform/utf8ToWideString.h"
+#include "property/Property.h"
+#include "ui/qt/dialogs/ExtendedFileDialog.h"
+#include "ui/qt/dialogs/LaunchFileDialog.h"
 #include "ui/qt/dialogs/QExtendedFileDialog.h"
+#include "ui/qt/dialogs/SaveFileDialog.h"
+#include "ui/qt/dialogs/windows/ExtendedWinFileDialog.h"
+#include "ui/qt/dialogs/windows/SaveFileWinDialog.h"
+#include "ui/qt/dialogs/windows/shellapi.h"
 
 #include <QApplication>
 #include <QWidget>
@@ -14,6 +21,17 @@ int main(int argc, char* argv[])
     QExtendedFileDialog dialog(window, "Open", "", "Data files (*.dat)", "", QFileDialog::AcceptOpen);
     if (zelmar::utf8ToWideString("wide") != L"wide" || dialog.nameFilters().size() != 1)
         return 1;
+    const auto property = boost::make_shared<zelmar::Property<bool>>(true);
+    ExtendedWinFileDialog native(window, "Open", "", "Data files (*.dat)", "", QFileDialog::AcceptOpen, true);
+    if (!native.addCustomCheckBox("Check", property) || native.nameFilters().size() != 1)
+        return 1;
+    const ExtendedFileDialog either(window, "Open", "", "Data files (*.dat)", "", QFileDialog::AcceptOpen);
+    const SaveFileDialog flow(&window, "Save", "", "", "Data files (*.dat)", "");
+    if (either.nameFilters().size() != 1 || flow.selectedWriter() != 0 || !&zelmar::ui::LaunchFileDialog)
+        return 1;
+    if (FAILED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED)))
+        return 1;
+    CoUninitialize();
     std::puts("the installed library works");
     return 0;
 }

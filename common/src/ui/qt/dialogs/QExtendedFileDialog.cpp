@@ -5,6 +5,7 @@
 #include "ui/qt/dialogs/FolderReadTracker.h"
 #include "ui/qt/dialogs/addDefaultSidebarPlaces.h"
 #include "ui/qt/dialogs/rules/temporaryNameFilter.h"
+#include "ui/qt/dialogs/unselectShownFolder.h"
 
 #include <QComboBox>
 #include <QDialogButtonBox>
@@ -179,6 +180,7 @@ void QExtendedFileDialog::addSidebarUrls()
 void QExtendedFileDialog::accept()
 {
     const QString name = m_fileNameEdit->text();
+    unselectShownFolder(*this);
     if (name.contains(QLatin1Char('*')))
         applyTypedPattern(name);
     else if (m_performSelectedFileValidation)

@@ -2,7 +2,7 @@
 
 #include "ui/qt/dialogs/DefaultSaveFileMessageHandler.h"
 #include "ui/qt/dialogs/QExtendedFileDialog.h"
-#include "ui/qt/dialogs/SaveLoop.h"
+#include "ui/qt/dialogs/SaveFlow.h"
 
 #include <QPointer>
 
@@ -11,11 +11,11 @@
 using zelmar::DefaultSaveFileMessageHandler;
 using zelmar::SaveFileMessageHandlerInterface;
 
-class SaveFileQtDialog::Impl : public SaveLoopDialog
+class SaveFileQtDialog::Impl : public SaveFlow
 {
 public:
-    Impl(QWidget* parent, const std::string& title, const std::string& directory, const std::string& filter,
-         const std::string& helpTopic, std::unique_ptr<SaveFileMessageHandlerInterface> handler);
+    Impl(QWidget* parent, const std::string& caption, const std::string& directory, const std::string& filter,
+         const std::string& helpTopic, std::unique_ptr<SaveFileMessageHandlerInterface> messageHandler);
 
     void setFilters(const std::vector<std::string>& filters, int selected);
     void finishSetUp(const std::string& defaultFileName);
@@ -25,27 +25,23 @@ public:
     QString selectedNameFilter() const override;
     QWidget* questionParent() const override;
 
-    const std::string caption;
-    QPointer<QExtendedFileDialog> dialog; // its parent's to delete
-    std::string selectedFileName;
-    const std::unique_ptr<SaveFileMessageHandlerInterface> messageHandler;
+    const QPointer<QExtendedFileDialog> dialog; // its parent's to delete
+
+private:
+    QStringList nameFilters() const override;
 };
 
-SaveFileQtDialog::Impl::Impl(QWidget* parent, const std::string& title, const std::string& directory,
+SaveFileQtDialog::Impl::Impl(QWidget* parent, const std::string& caption, const std::string& directory,
                              const std::string& filter, const std::string& helpTopic,
-                             std::unique_ptr<SaveFileMessageHandlerInterface> handler)
-    : caption(title)
+                             std::unique_ptr<SaveFileMessageHandlerInterface> messageHandler)
+    : SaveFlow(caption, std::move(messageHandler))
     , dialog(new QExtendedFileDialog(parent, caption, directory, filter, helpTopic, QFileDialog::AcceptSave))
-    , messageHandler(std::move(handler))
 {
 }
 
 void SaveFileQtDialog::Impl::setFilters(const std::vector<std::string>& filters, int selected)
 {
-    QStringList names;
-    for (const std::string& filter : filters)
-        names += QString::fromStdString(filter);
-    dialog->setNameFilters(names);
+    dialog->setNameFilters(fromUtf8(filters));
     dialog->selectNameFilter(dialog->nameFilters().value(selected)); // as the dialog keeps it, without needless blanks
 }
 
@@ -70,6 +66,11 @@ QStringList SaveFileQtDialog::Impl::selectedFiles() const
 QString SaveFileQtDialog::Impl::selectedNameFilter() const
 {
     return dialog ? dialog->selectedNameFilter() : QString();
+}
+
+QStringList SaveFileQtDialog::Impl::nameFilters() const
+{
+    return dialog ? dialog->nameFilters() : QStringList();
 }
 
 QWidget* SaveFileQtDialog::Impl::questionParent() const
@@ -116,12 +117,12 @@ SaveFileQtDialog::~SaveFileQtDialog() = default;
 
 bool SaveFileQtDialog::launch()
 {
-    return SaveLoop(*m_impl, *m_impl->messageHandler, m_impl->caption, m_impl->selectedFileName).run();
+    return m_impl->launch();
 }
 
 std::string SaveFileQtDialog::selectedFilename() const
 {
-    return m_impl->selectedFileName;
+    return m_impl->selectedFileName();
 }
 
 std::string SaveFileQtDialog::selectedFilter() const
@@ -131,7 +132,7 @@ std::string SaveFileQtDialog::selectedFilter() const
 
 int SaveFileQtDialog::selectedWriter() const
 {
-    return m_impl->dialog ? m_impl->dialog->nameFilters().indexOf(m_impl->selectedNameFilter()) : -1;
+    return m_impl->selectedWriter();
 }
 
 QExtendedFileDialog* SaveFileQtDialog::dialog()

@@ -1,6 +1,6 @@
 #include "ui/qt/dialogs/rules/defaultExtension.h"
 
-#include "ui/qt/dialogs/rules/utf8Path.h"
+#include <boost/filesystem/path.hpp>
 
 #include <QRegExp>
 
@@ -25,7 +25,7 @@ std::string withDefaultExtension(const std::string& name, const QString& filter)
     const QString extension = extensionOfFilter(filter);
     if (extension.isEmpty() || !needsExtension(QString::fromStdString(name)))
         return name;
-    boost::filesystem::path path = utf8Path(name);
-    path.replace_extension(utf8Path(extension.toStdString()));
-    return genericUtf8(path);
+    boost::filesystem::path path(name);
+    path.replace_extension(boost::filesystem::path(extension.toStdString()));
+    return path.generic_string();
 }

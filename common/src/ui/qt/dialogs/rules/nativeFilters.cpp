@@ -6,18 +6,6 @@
 
 namespace {
 
-QString withoutBlanksAround(const QString& text)
-{
-    const QLatin1Char blank(' '); // and no other white space
-    int from = 0;
-    int to = text.size();
-    while (from < to && text.at(from) == blank)
-        ++from;
-    while (to > from && text.at(to - 1) == blank)
-        --to;
-    return text.mid(from, to - from);
-}
-
 struct Bracketed
 {
     QString before;
@@ -40,14 +28,6 @@ std::optional<Bracketed> lastBracketed(const QString& filter, const QString& ope
 }
 
 } // namespace
-
-QStringList splitNameFilters(const QString& joined)
-{
-    QStringList filters;
-    for (const QString& part : joined.split(QStringLiteral(";;"), Qt::SkipEmptyParts))
-        filters += withoutBlanksAround(part);
-    return filters;
-}
 
 NativeFilter nativeFilter(const QString& filter)
 {

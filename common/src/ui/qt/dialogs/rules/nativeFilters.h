@@ -3,7 +3,6 @@
 #include "internal_export.h"
 
 #include <QString>
-#include <QStringList>
 
 #include <string>
 
@@ -15,10 +14,6 @@ struct NativeFilter
     QString name;
     QString pattern; ///< several are separated by ";"
 };
-
-/// The filters of `joined`, which are separated by ";;", each without blanks around it. Nothing between two separators
-/// is no filter; blanks between them are an empty one, because they are taken away last.
-COMMON_UI_QT_INTERNAL_EXPORT QStringList splitNameFilters(const QString& joined);
 
 /// "Images (*.png *.jpg)" becomes "Images" and "*.png;*.jpg"; what comes behind the last ")" is left out. A filter
 /// without a bracketed part behind a blank is a pattern altogether, and shown as "File of Type". So is one that has a

@@ -10,6 +10,13 @@
 ExtendedWinFileDialog::ExtendedWinFileDialog(QWidget& parent, const std::string& caption, const std::string& directory,
                                              const std::string& filter, const std::string& helpTopic,
                                              QFileDialog::AcceptMode mode, bool useAcceptButtonMenu)
+    : ExtendedWinFileDialog(&parent, caption, directory, filter, helpTopic, mode, useAcceptButtonMenu)
+{
+}
+
+ExtendedWinFileDialog::ExtendedWinFileDialog(QWidget* parent, const std::string& caption, const std::string& directory,
+                                             const std::string& filter, const std::string& helpTopic,
+                                             QFileDialog::AcceptMode mode, bool useAcceptButtonMenu)
     : m_impl(new Impl(parent, caption, directory, filter, helpTopic, mode, useAcceptButtonMenu))
 {
 }

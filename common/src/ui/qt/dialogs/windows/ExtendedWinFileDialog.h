@@ -57,6 +57,11 @@ public:
                           const std::string& filter, const std::string& helpTopic, QFileDialog::AcceptMode mode,
                           bool useAcceptButtonMenu);
 
+    /// The same for a parent that may be null: the dialog then is a window of its own.
+    ExtendedWinFileDialog(QWidget* parent, const std::string& caption, const std::string& directory,
+                          const std::string& filter, const std::string& helpTopic, QFileDialog::AcceptMode mode,
+                          bool useAcceptButtonMenu);
+
     /// Deletes the handles of all controls.
     virtual ~ExtendedWinFileDialog();
 

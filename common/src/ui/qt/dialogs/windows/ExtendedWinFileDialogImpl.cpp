@@ -2,7 +2,7 @@
 
 #include "platform/HelpLauncher.h"
 #include "platform/utf8ToWideString.h"
-#include "ui/qt/dialogs/rules/nativeFilters.h"
+#include "ui/qt/dialogs/rules/nameFilterList.h"
 #include "ui/qt/dialogs/windows/ExtendedWinFileDialogEventHandler.h"
 #include "ui/qt/dialogs/windows/FakeWidget.h"
 #include "ui/qt/dialogs/windows/fileSystemPath.h"
@@ -59,10 +59,10 @@ void appendPaths(QStringList& paths, IShellItemArray& items)
 
 } // namespace
 
-ExtendedWinFileDialog::Impl::Impl(QWidget& parent, const std::string& caption, const std::string& directory,
+ExtendedWinFileDialog::Impl::Impl(QWidget* parent, const std::string& caption, const std::string& directory,
                                   const std::string& filter, const std::string& helpTopic, QFileDialog::AcceptMode mode,
                                   bool useAcceptButtonMenu)
-    : m_parent(&parent)
+    : m_parent(parent)
     , m_caption(caption)
     , m_directory(boost::make_shared<zelmar::Property<std::string>>())
     , m_helpTopic(helpTopic)
@@ -105,7 +105,7 @@ QDialog::DialogCode ExtendedWinFileDialog::Impl::exec()
     if (!m_prepared)
         prepare();
     m_prepared = true;
-    const HRESULT result = m_dialog->Show(reinterpret_cast<HWND>(m_parent->winId()));
+    const HRESULT result = m_dialog->Show(m_parent ? reinterpret_cast<HWND>(m_parent->winId()) : nullptr);
     if (m_useAcceptButtonMenu)
         readSelectedAcceptMenuOption();
     return result == S_OK ? QDialog::Accepted : QDialog::Rejected;

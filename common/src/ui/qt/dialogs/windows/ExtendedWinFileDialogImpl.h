@@ -16,7 +16,7 @@ public:
     class ExtendedWinFileDialogEventHandler;
     class FakeWidget;
 
-    Impl(QWidget& parent, const std::string& caption, const std::string& directory, const std::string& filter,
+    Impl(QWidget* parent, const std::string& caption, const std::string& directory, const std::string& filter,
          const std::string& helpTopic, QFileDialog::AcceptMode mode, bool useAcceptButtonMenu);
     /// Leaves the apartment first, and lets the dialog object go last of all members.
     virtual ~Impl();
@@ -33,7 +33,7 @@ public:
 
     // The order counts: members go from the last to the first.
     ComPointer<IFileDialog> m_dialog;
-    QWidget* const m_parent;
+    QWidget* const m_parent; // may be null
     const std::string m_caption;
     const boost::shared_ptr<zelmar::Property<std::string>> m_directory;
     QStringList m_nameFilters;

@@ -33,10 +33,10 @@ std::wstring nativeFolder(const std::string& directory)
 std::string startFolder(const std::string& directory)
 {
     try {
-        const boost::filesystem::file_type type = fileTypeOf(directory);
-        if (directory.empty() || !countsAsExisting(type))
-            return {};
         const boost::filesystem::path path = utf8Path(directory);
+        const boost::filesystem::file_type type = fileTypeOf(path);
+        if (!countsAsExisting(type))
+            return {};
         return genericUtf8(type == boost::filesystem::directory_file ? path : path.parent_path());
     } catch (const boost::filesystem::filesystem_error&) {
         return {}; // the dialog then starts where the system likes

@@ -12,8 +12,6 @@ class tst_nativeFilters : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void splits_data();
-    void splits();
     void takesFiltersApart_data();
     void takesFiltersApart();
     void findsExtensions_data();
@@ -23,31 +21,6 @@ private Q_SLOTS:
     void agreesWithTheExpressions();
     void takesFiltersOfAnyLength();
 };
-
-void tst_nativeFilters::splits_data()
-{
-    QTest::addColumn<QString>("joined");
-    QTest::addColumn<QStringList>("filters");
-    QTest::newRow("nothing") << "" << QStringList();
-    QTest::newRow("one") << "A (*.a)" << QStringList{"A (*.a)"};
-    QTest::newRow("two") << "A (*.a);;B (*.b)" << QStringList{"A (*.a)", "B (*.b)"};
-    QTest::newRow("blanks around, and nothing between") << " A (*.a) ;;;;B (*.b) " << QStringList{"A (*.a)", "B (*.b)"};
-    // Blanks are taken away after empty parts are.
-    QTest::newRow("a blank between") << "A (*.a);; ;;B (*.b)" << QStringList{"A (*.a)", "", "B (*.b)"};
-    QTest::newRow("only separators") << ";;;;" << QStringList();
-    QTest::newRow("three semicolons") << "A (*.a);;;B (*.b)" << QStringList{"A (*.a)", ";B (*.b)"};
-    QTest::newRow("one semicolon") << "A (*.a;*.b)" << QStringList{"A (*.a;*.b)"};
-    QTest::newRow("several blanks around") << "   A (*.a)   " << QStringList{"A (*.a)"};
-    QTest::newRow("other white space stays") << "\tA (*.a)\n" << QStringList{"\tA (*.a)\n"};
-    QTest::newRow("blanks inside stay") << "A  B (*.a  *.b)" << QStringList{"A  B (*.a  *.b)"};
-}
-
-void tst_nativeFilters::splits()
-{
-    QFETCH(QString, joined);
-    QFETCH(QStringList, filters);
-    QCOMPARE(splitNameFilters(joined), filters);
-}
 
 void tst_nativeFilters::takesFiltersApart_data()
 {

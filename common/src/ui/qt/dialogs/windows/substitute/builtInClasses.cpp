@@ -1,8 +1,12 @@
 #include "ui/qt/dialogs/windows/substitute/builtInClasses.h"
 
-#include "ui/qt/dialogs/windows/substitute/results.h"
+#include "ui/qt/dialogs/windows/substitute/FileDialogObject.h"
 
-HRESULT createBuiltInObject(REFCLSID /*classId*/, REFIID /*iid*/, void** /*object*/)
+HRESULT createBuiltInObject(REFCLSID classId, REFIID iid, void** object)
 {
+    if (classId == CLSID_FileOpenDialog)
+        return adopt<IFileDialog>(new FileOpenDialogObject)->QueryInterface(iid, object);
+    if (classId == CLSID_FileSaveDialog)
+        return adopt<IFileDialog>(new FileSaveDialogObject)->QueryInterface(iid, object);
     return REGDB_E_CLASSNOTREG;
 }

@@ -1,0 +1,82 @@
+#pragma once
+
+#include "common_ui_qt_export.h"
+
+#include <QtGlobal>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+class QWidget;
+class SaveFileQtDialog;
+class SaveFileWinDialog;
+
+namespace zelmar {
+class SaveFileMessageHandlerInterface;
+}
+
+/// Asks for a name to save to, and does not give in before the name is good: it appends the extension of the chosen
+/// filter to a name without one, asks before an existing file is replaced, and proves that the place can be written;
+/// where it cannot, the user may choose another.
+///
+///     SaveFileDialog dialog(window, "Save run", "", "run1", {"Data files (*.dat)", "Tables (*.csv)"}, 0, "");
+///     if (dialog.launch())
+///         writers[dialog.selectedWriter()]->write(dialog.selectedFilename());
+///
+/// Whether it does so with the system's file dialog (SaveFileWinDialog) or the Qt-drawn one (SaveFileQtDialog) is
+/// decided by ExtendedFileDialog::useNativeFileDialog() when the object is made, and stays so. Nothing is added to
+/// either, so their traps are this one's.
+///
+/// Texts and names are UTF-8. GUI thread only.
+class COMMON_UI_QT_EXPORT SaveFileDialog
+{
+public:
+    /// A dialog over `parent` (null for none) with the title `caption`, which is the title of all questions too, in
+    /// the folder `directory` (empty: the default folder), with `defaultFileName` preselected and one `filter` in
+    /// QFileDialog's syntax, or several joined by ";;". A `helpTopic` that is not empty adds a Help button. The
+    /// questions are worded by a zelmar::DefaultSaveFileMessageHandler.
+    SaveFileDialog(QWidget* parent, const std::string& caption, const std::string& directory,
+                   const std::string& defaultFileName, const std::string& filter, const std::string& helpTopic);
+
+    /// The same with questions worded by `messageHandler`, which must not be null.
+    SaveFileDialog(QWidget* parent, const std::string& caption, const std::string& directory,
+                   const std::string& defaultFileName, const std::string& filter, const std::string& helpTopic,
+                   std::unique_ptr<zelmar::SaveFileMessageHandlerInterface> messageHandler);
+
+    /// A dialog with one filter for each of the caller's writers; the one at `selectedFilter` (from 0) is preselected.
+    /// There must be one at least, and `selectedFilter` must be the index of one.
+    SaveFileDialog(QWidget* parent, const std::string& caption, const std::string& directory,
+                   const std::string& defaultFileName, const std::vector<std::string>& filters, int selectedFilter,
+                   const std::string& helpTopic);
+
+    /// The same with questions worded by `messageHandler`, which must not be null.
+    SaveFileDialog(QWidget* parent, const std::string& caption, const std::string& directory,
+                   const std::string& defaultFileName, const std::vector<std::string>& filters, int selectedFilter,
+                   const std::string& helpTopic,
+                   std::unique_ptr<zelmar::SaveFileMessageHandlerInterface> messageHandler);
+
+    virtual ~SaveFileDialog();
+
+    /// Runs the dialog and its questions modally. True when there is a name that may be written, see
+    /// selectedFilename(); false when the user cancelled or gave up. May be called again: the dialog comes back with
+    /// the folder and the selection that it was left with.
+    virtual bool launch();
+
+    /// The chosen name, absolute, with its extension. Only to be used after launch() has returned true; later it is
+    /// the name of the last round in which the dialog was accepted.
+    std::string selectedFilename() const;
+
+    /// The filter that is selected in the dialog now.
+    std::string selectedFilter() const;
+
+    /// The index (from 0) of that filter in the list of filters, and so of the caller's writer; -1 when it is not in
+    /// the list. Of equal filters, the first.
+    int selectedWriter() const;
+
+private:
+    Q_DISABLE_COPY(SaveFileDialog)
+
+    std::unique_ptr<SaveFileQtDialog> m_qtFlow;
+    std::unique_ptr<SaveFileWinDialog> m_nativeFlow; // one of the two is there
+};

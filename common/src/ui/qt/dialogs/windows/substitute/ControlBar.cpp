@@ -1,0 +1,108 @@
+#include "ui/qt/dialogs/windows/substitute/ControlBar.h"
+
+#include "ui/qt/dialogs/windows/substitute/FileDialogListener.h"
+#include "ui/qt/dialogs/windows/substitute/WrappingLayout.h"
+#include "ui/qt/dialogs/windows/substitute/texts.h"
+
+#include <QCheckBox>
+#include <QDialogButtonBox>
+#include <QPushButton>
+#include <QSignalBlocker>
+
+#include <algorithm>
+
+ControlBar::ControlBar(ControlModel& model, FileDialogListener& listener, QDialogButtonBox& prominentPlace,
+                       QWidget* parent)
+    : QWidget(parent)
+    , m_model(model)
+    , m_listener(listener)
+    , m_prominentPlace(prominentPlace)
+{
+    setObjectName(QStringLiteral("controlBar"));
+    auto* layout = new WrappingLayout(this);
+    layout->setObjectName(QStringLiteral("controlBarLayout"));
+}
+
+void ControlBar::update(QSet<QKeySequence> taken)
+{
+    bool rowNeeded = false;
+    for (const Control& control : m_model.controls()) {
+        if (control.kind == Control::Kind::AcceptMenu)
+            continue;
+        QAbstractButton& button = *buttonFor(control);
+        putInPlace(button, control.prominent);
+        button.setText(withFreeMnemonic(control.label, taken));
+        applyState(button, control);
+        rowNeeded = rowNeeded || (!control.prominent && isShown(control.state));
+    }
+    setVisible(rowNeeded);
+}
+
+std::vector<QWidget*> ControlBar::tabOrder() const
+{
+    std::vector<QWidget*> order;
+    for (const Control& control : m_model.controls()) {
+        const auto button = m_buttons.find(control.id);
+        if (button != m_buttons.end())
+            order.push_back(button->second);
+    }
+    std::stable_partition(order.begin(), order.end(),
+                          [this](const QWidget* widget) { return widget->parentWidget() == this; });
+    return order;
+}
+
+bool ControlBar::isAnyShown() const
+{
+    return std::any_of(m_buttons.begin(), m_buttons.end(), [](const auto& entry) { return !entry.second->isHidden(); });
+}
+
+bool ControlBar::contains(const QAbstractButton* button) const
+{
+    return std::any_of(m_buttons.begin(), m_buttons.end(),
+                       [button](const auto& entry) { return entry.second == button; });
+}
+
+QAbstractButton* ControlBar::buttonFor(const Control& control)
+{
+    QAbstractButton*& button = m_buttons[control.id];
+    if (!button) {
+        button = control.kind == Control::Kind::CheckButton ? makeCheckBox(control.id) : makePushButton(control.id);
+        layout()->addWidget(button);
+    }
+    return button;
+}
+
+QAbstractButton* ControlBar::makePushButton(DWORD id)
+{
+    auto* button = new QPushButton(this);
+    button->setAutoDefault(false); // Return stays with the accept button
+    connect(button, &QPushButton::clicked, this, [this, id] { m_listener.buttonClicked(id); });
+    return button;
+}
+
+QAbstractButton* ControlBar::makeCheckBox(DWORD id)
+{
+    auto* box = new QCheckBox(this);
+    connect(box, &QCheckBox::toggled, this, [this, id](bool checked) {
+        m_model.setChecked(id, checked);
+        m_listener.checkButtonToggled(id, checked);
+    });
+    return box;
+}
+
+void ControlBar::applyState(QAbstractButton& button, const Control& control)
+{
+    button.setEnabled(isUsable(control.state));
+    button.setVisible(isShown(control.state));
+    // Only users toggle a box as far as the listener is concerned.
+    const QSignalBlocker blocker(&button);
+    button.setChecked(control.checked);
+}
+
+void ControlBar::putInPlace(QAbstractButton& button, bool prominent)
+{
+    if (!prominent || button.parentWidget() != this)
+        return;
+    layout()->removeWidget(&button);
+    m_prominentPlace.addButton(&button, QDialogButtonBox::HelpRole);
+}

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "ui/qt/dialogs/windows/substitute/ControlModel.h"
+#include "ui/qt/dialogs/windows/substitute/fileDialog.h"
+
+/// Customizing a dialog by way of records of its controls. Counting references and telling of other interfaces is left
+/// to the object that this is a part of.
+///
+/// E_INVALIDARG for an unknown id, one that is used already, or one of another kind of control. Kinds of controls that
+/// the library has no use for are E_NOTIMPL.
+class ControlOperations : public IFileDialogCustomize
+{
+public:
+    HRESULT STDMETHODCALLTYPE EnableOpenDropDown(DWORD control) override;
+    HRESULT STDMETHODCALLTYPE AddMenu(DWORD control, LPCWSTR label) override;
+    HRESULT STDMETHODCALLTYPE AddPushButton(DWORD control, LPCWSTR label) override;
+    HRESULT STDMETHODCALLTYPE AddComboBox(DWORD control) override;
+    HRESULT STDMETHODCALLTYPE AddRadioButtonList(DWORD control) override;
+    HRESULT STDMETHODCALLTYPE AddCheckButton(DWORD control, LPCWSTR label, BOOL checked) override;
+    HRESULT STDMETHODCALLTYPE AddEditBox(DWORD control, LPCWSTR text) override;
+    HRESULT STDMETHODCALLTYPE AddSeparator(DWORD control) override;
+    HRESULT STDMETHODCALLTYPE AddText(DWORD control, LPCWSTR text) override;
+    HRESULT STDMETHODCALLTYPE SetControlLabel(DWORD control, LPCWSTR label) override;
+    HRESULT STDMETHODCALLTYPE GetControlState(DWORD control, CDCONTROLSTATEF* state) override;
+    HRESULT STDMETHODCALLTYPE SetControlState(DWORD control, CDCONTROLSTATEF state) override;
+    HRESULT STDMETHODCALLTYPE GetEditBoxText(DWORD control, WCHAR** text) override;
+    HRESULT STDMETHODCALLTYPE SetEditBoxText(DWORD control, LPCWSTR text) override;
+    HRESULT STDMETHODCALLTYPE GetCheckButtonState(DWORD control, BOOL* checked) override;
+    HRESULT STDMETHODCALLTYPE SetCheckButtonState(DWORD control, BOOL checked) override;
+    HRESULT STDMETHODCALLTYPE AddControlItem(DWORD control, DWORD item, LPCWSTR label) override;
+    HRESULT STDMETHODCALLTYPE RemoveControlItem(DWORD control, DWORD item) override;
+    HRESULT STDMETHODCALLTYPE RemoveAllControlItems(DWORD control) override;
+    HRESULT STDMETHODCALLTYPE GetControlItemState(DWORD control, DWORD item, CDCONTROLSTATEF* state) override;
+    HRESULT STDMETHODCALLTYPE SetControlItemState(DWORD control, DWORD item, CDCONTROLSTATEF state) override;
+    HRESULT STDMETHODCALLTYPE GetSelectedControlItem(DWORD control, DWORD* item) override;
+    HRESULT STDMETHODCALLTYPE SetSelectedControlItem(DWORD control, DWORD item) override;
+    HRESULT STDMETHODCALLTYPE StartVisualGroup(DWORD control, LPCWSTR label) override;
+    HRESULT STDMETHODCALLTYPE EndVisualGroup() override;
+    HRESULT STDMETHODCALLTYPE MakeProminent(DWORD control) override;
+    HRESULT STDMETHODCALLTYPE SetControlItemText(DWORD control, DWORD item, LPCWSTR label) override;
+
+protected:
+    ControlOperations() = default;
+    ~ControlOperations() = default;
+
+    ControlModel& controls() { return m_controls; }
+
+private:
+    ControlModel m_controls;
+};

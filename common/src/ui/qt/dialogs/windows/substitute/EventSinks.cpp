@@ -1,0 +1,34 @@
+#include "ui/qt/dialogs/windows/substitute/EventSinks.h"
+
+DWORD EventSinks::add(IFileDialogEvents& sink)
+{
+    m_sinks.emplace(++m_lastCookie, &sink);
+    return m_lastCookie;
+}
+
+bool EventSinks::remove(DWORD cookie)
+{
+    const auto entry = m_sinks.find(cookie);
+    if (entry == m_sinks.end())
+        return false;
+    const ComPointer<IFileDialogEvents> removed = entry->second; // its end may come back here
+    m_sinks.erase(entry);
+    return true;
+}
+
+void EventSinks::forEach(const std::function<void(IFileDialogEvents&)>& tell) const
+{
+    const auto sinks = m_sinks;
+    for (const auto& [cookie, sink] : sinks) {
+        if (m_sinks.count(cookie) != 0)
+            tell(*sink);
+    }
+}
+
+void EventSinks::forEachWithControls(const std::function<void(IFileDialogControlEvents&)>& tell) const
+{
+    forEach([&tell](IFileDialogEvents& sink) {
+        if (const auto controlEvents = queryFor<IFileDialogControlEvents>(IID_IFileDialogControlEvents, &sink))
+            tell(*controlEvents);
+    });
+}

@@ -1,0 +1,111 @@
+#pragma once
+
+#include "ui/qt/dialogs/windows/comPointers.h"
+#include "ui/qt/dialogs/windows/substitute/ControlOperations.h"
+#include "ui/qt/dialogs/windows/substitute/CountedObject.h"
+#include "ui/qt/dialogs/windows/substitute/EventSinks.h"
+#include "ui/qt/dialogs/windows/substitute/FileDialogListener.h"
+#include "ui/qt/dialogs/windows/substitute/FileDialogRequest.h"
+#include "ui/qt/dialogs/windows/substitute/FileDialogWindow.h"
+
+#include <QStringList>
+
+#include <exception>
+#include <memory>
+#include <optional>
+
+/// The common file dialog, for one of the interfaces IFileOpenDialog and IFileSaveDialog, over a QFileDialog that it
+/// makes for each Show(). GUI thread only. Where it has to choose among what callers may expect:
+///
+/// - Set before Show() or while it runs, everything stays for the next one, which goes on with the folder, the file
+/// name
+///   and the type that were shown last. Labels, title, folder, name, type and controls change at once in an open
+///   dialog, options and the default extension the next time.
+/// - GetFolder() is E_FAIL as long as there is none, that is before the first Show() without SetFolder().
+/// - A type index out of range stands for the first type once the dialog is shown, and is E_INVALIDARG while it is.
+/// - OnFileOk() is asked of every sink; one S_FALSE is enough to go on. What other operations of a sink answer means
+///   nothing.
+/// - What a sink throws closes the dialog and comes out of Show().
+template <typename DialogInterface>
+class FileDialogObject : public CountedObject<DialogInterface, ControlOperations>, private FileDialogListener
+{
+public:
+    explicit FileDialogObject(DialogKind kind)
+        : m_request(kind)
+    {
+    }
+
+    HRESULT STDMETHODCALLTYPE Show(HWND owner) override;
+
+    HRESULT STDMETHODCALLTYPE SetFileTypes(UINT count, const COMDLG_FILTERSPEC* types) override;
+    HRESULT STDMETHODCALLTYPE SetFileTypeIndex(UINT index) override;
+    HRESULT STDMETHODCALLTYPE GetFileTypeIndex(UINT* index) override;
+    HRESULT STDMETHODCALLTYPE Advise(IFileDialogEvents* events, DWORD* cookie) override;
+    HRESULT STDMETHODCALLTYPE Unadvise(DWORD cookie) override;
+    HRESULT STDMETHODCALLTYPE SetOptions(FILEOPENDIALOGOPTIONS options) override;
+    HRESULT STDMETHODCALLTYPE GetOptions(FILEOPENDIALOGOPTIONS* options) override;
+    HRESULT STDMETHODCALLTYPE SetDefaultFolder(IShellItem* folder) override;
+    HRESULT STDMETHODCALLTYPE SetFolder(IShellItem* folder) override;
+    HRESULT STDMETHODCALLTYPE GetFolder(IShellItem** folder) override;
+    HRESULT STDMETHODCALLTYPE GetCurrentSelection(IShellItem** item) override;
+    HRESULT STDMETHODCALLTYPE SetFileName(LPCWSTR name) override;
+    HRESULT STDMETHODCALLTYPE GetFileName(LPWSTR* name) override;
+    HRESULT STDMETHODCALLTYPE SetTitle(LPCWSTR title) override;
+    HRESULT STDMETHODCALLTYPE SetOkButtonLabel(LPCWSTR text) override;
+    HRESULT STDMETHODCALLTYPE SetFileNameLabel(LPCWSTR label) override;
+    HRESULT STDMETHODCALLTYPE GetResult(IShellItem** item) override;
+    HRESULT STDMETHODCALLTYPE AddPlace(IShellItem* folder, FDAP position) override;
+    HRESULT STDMETHODCALLTYPE SetDefaultExtension(LPCWSTR extension) override;
+    HRESULT STDMETHODCALLTYPE Close(HRESULT result) override;
+    HRESULT STDMETHODCALLTYPE SetClientGuid(REFGUID client) override;
+    HRESULT STDMETHODCALLTYPE ClearClientData() override;
+    HRESULT STDMETHODCALLTYPE SetFilter(IShellItemFilter* filter) override;
+
+protected:
+    const QStringList& chosenFiles() const { return m_chosen; }
+
+private:
+    void folderChanged() noexcept override;
+    void typeChanged() noexcept override;
+    bool mayAccept(const QStringList& files) noexcept override;
+    void buttonClicked(DWORD control) noexcept override;
+    void checkButtonToggled(DWORD control, bool checked) noexcept override;
+    void itemSelected(DWORD menu, DWORD item) noexcept override;
+
+    template <typename Tell>
+    void guarded(const Tell& tell) noexcept;
+    HRESULT resultOf(bool accepted) const;
+
+    FileDialogRequest m_request;
+    EventSinks m_sinks;
+
+    std::unique_ptr<FileDialogWindow> m_window; ///< as long as it is on the screen
+    /// Of the dialog on the screen, or the last one.
+    QStringList m_chosen;
+    std::optional<HRESULT> m_closeResult;
+    std::exception_ptr m_thrown;
+};
+
+class FileOpenDialogObject : public FileDialogObject<IFileOpenDialog>
+{
+public:
+    FileOpenDialogObject();
+
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override;
+    HRESULT STDMETHODCALLTYPE GetResults(IShellItemArray** items) override;
+    HRESULT STDMETHODCALLTYPE GetSelectedItems(IShellItemArray** items) override;
+};
+
+class FileSaveDialogObject : public FileDialogObject<IFileSaveDialog>
+{
+public:
+    FileSaveDialogObject();
+
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override;
+    HRESULT STDMETHODCALLTYPE SetSaveAsItem(IShellItem* item) override;
+    HRESULT STDMETHODCALLTYPE SetProperties(IPropertyStore* store) override;
+    HRESULT STDMETHODCALLTYPE SetCollectedProperties(IPropertyDescriptionList* list, BOOL appendDefault) override;
+    HRESULT STDMETHODCALLTYPE GetProperties(IPropertyStore** store) override;
+    HRESULT STDMETHODCALLTYPE ApplyProperties(IShellItem* item, IPropertyStore* store, HWND window,
+                                              IFileOperationProgressSink* sink) override;
+};

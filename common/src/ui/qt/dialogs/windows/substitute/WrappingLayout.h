@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QLayout>
+
+#include <memory>
+#include <vector>
+
+/// Puts widgets beside each other in the direction of reading, each in its own size, and begins another line where one
+/// is full. Hidden ones take no room.
+class WrappingLayout : public QLayout
+{
+public:
+    explicit WrappingLayout(QWidget* parent);
+    ~WrappingLayout() override;
+
+    void addItem(QLayoutItem* item) override;
+    int count() const override { return int(m_items.size()); }
+    QLayoutItem* itemAt(int index) const override;
+    QLayoutItem* takeAt(int index) override;
+
+    Qt::Orientations expandingDirections() const override { return {}; }
+    bool hasHeightForWidth() const override { return true; }
+    int heightForWidth(int width) const override;
+    QSize minimumSize() const override;
+    QSize sizeHint() const override;
+    void setGeometry(const QRect& rect) override;
+
+private:
+    struct Place
+    {
+        QLayoutItem* item;
+        QRect rect;
+    };
+
+    /// Where everything goes from the top left on, in reading order from left to right.
+    std::vector<Place> placesFor(int width) const;
+    static int levelLine(std::vector<Place>& places, std::size_t begin);
+    int gap(Qt::Orientation orientation) const;
+
+    std::vector<std::unique_ptr<QLayoutItem>> m_items;
+};

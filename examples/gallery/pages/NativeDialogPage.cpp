@@ -1,0 +1,202 @@
+#include "NativeDialogPage.h"
+
+#include "tour/Tour.h"
+
+#include "FileDialogActions.h"
+
+#include "ui/qt/dialogs/windows/ExtendedWinFileDialog.h"
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QCheckBox>
+#include <QDir>
+#include <QLabel>
+#include <QMenu>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <utility>
+
+namespace gallery {
+
+namespace {
+
+QString onOrOff(bool on)
+{
+    return on ? NativeDialogPage::tr("on") : NativeDialogPage::tr("off");
+}
+
+/// By its text, without the mnemonic.
+QAbstractButton* buttonOf(const QFileDialog& dialog, const QString& text)
+{
+    const auto buttons = dialog.findChildren<QAbstractButton*>();
+    const auto found = std::find_if(buttons.begin(), buttons.end(), [&text](const QAbstractButton* button) {
+        return QString(button->text()).remove(QLatin1Char('&')) == text;
+    });
+    return found == buttons.end() ? nullptr : *found;
+}
+
+void press(const QFileDialog& dialog, const QString& text)
+{
+    if (QAbstractButton* const button = buttonOf(dialog, text))
+        button->click();
+}
+
+/// Picks an item of the menu on the accept button.
+void pick(const QFileDialog& dialog, const QString& text)
+{
+    const auto menus = dialog.findChildren<QMenu*>();
+    for (const QMenu* menu : menus) {
+        const auto actions = menu->actions();
+        for (QAction* action : actions)
+            if (action->text() == text)
+                action->trigger();
+    }
+}
+
+} // namespace
+
+NativeDialogPage::NativeDialogPage()
+    : GalleryPage(
+        tr("Native dialog"),
+        tr("The system's own dialog, with controls that an application adds. Where the system has no dialog that "
+           "takes controls, Qt draws one."))
+    , m_preview(boost::make_shared<zelmar::Property<bool>>(true))
+    , m_expert(boost::make_shared<zelmar::Property<bool>>(false))
+    , m_save(new QCheckBox(tr("For &saving")))
+    , m_menu(new QCheckBox(tr("With a &menu on the accept button")))
+    , m_button(new QPushButton(tr("Show the &dialog…")))
+    , m_log(new QPlainTextEdit)
+{
+    addWidgets();
+    connect(m_button, &QPushButton::clicked, this, &NativeDialogPage::runDialog);
+}
+
+NativeDialogPage::~NativeDialogPage() = default;
+
+void NativeDialogPage::addWidgets()
+{
+    m_menu->setChecked(true);
+    m_log->setReadOnly(true);
+    m_log->setTabChangesFocus(true);
+    m_log->setLineWrapMode(QPlainTextEdit::NoWrap);
+    m_log->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    m_log->setPlaceholderText(tr("What happens in the dialog is shown here."));
+
+    auto* label = new QLabel(tr("&Events"));
+    label->setBuddy(m_log);
+
+    contents().addWidget(m_save);
+    contents().addWidget(m_menu);
+    contents().addWidget(m_button, 0, Qt::AlignLeft);
+    contents().addWidget(label);
+    contents().addWidget(m_log, 1);
+}
+
+void NativeDialogPage::runDialog()
+{
+    m_log->clear();
+    ExtendedWinFileDialog dialog(*window(), title().toStdString(), QDir::currentPath().toStdString(),
+                                 "Data files (*.dat);;Text files (*.txt);;All files (*)", "dialogs/native-dialog.html",
+                                 m_save->isChecked() ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen,
+                                 m_menu->isChecked());
+    dialog.setFileMode(m_save->isChecked() ? QFileDialog::AnyFile : QFileDialog::ExistingFiles);
+    addControls(dialog);
+    if (m_menu->isChecked())
+        addMenu(dialog);
+    m_connections.emplace_back(dialog.currentFilterIndex()->signalValueChanged().connect(
+        [this](int index) { log(tr("File type: %1").arg(index)); }));
+    const bool accepted = dialog.exec() == QDialog::Accepted;
+    m_connections.clear();
+    logOutcome(dialog, accepted);
+}
+
+/// One check box enables a button, the other shows one, and a button closes the dialog.
+void NativeDialogPage::addControls(ExtendedWinFileDialog& dialog)
+{
+    dialog.addCustomCheckBox(tr("&Preview").toStdString(), m_preview);
+    dialog.addCustomCheckBox(tr("E&xpert").toStdString(), m_expert);
+    QWidget* const columns =
+        dialog.addCustomButton(tr("Colum&ns…").toStdString(), [this] { log(tr("Button: Columns")); });
+    QWidget* const rules = dialog.addCustomButton(tr("&Rules…").toStdString(), [this] { log(tr("Button: Rules")); });
+    dialog.addCustomButton(tr("&Close at once").toStdString(), [this, &dialog] {
+        log(tr("Button: Close at once"));
+        dialog.close();
+    });
+    columns->setEnabled(m_preview->value());
+    rules->setVisible(m_expert->value());
+    observe(m_preview, tr("Preview"), [columns](bool on) { columns->setEnabled(on); });
+    observe(m_expert, tr("Expert"), [rules](bool on) { rules->setVisible(on); });
+}
+
+void NativeDialogPage::addMenu(ExtendedWinFileDialog& dialog)
+{
+    dialog.addAcceptButtonOption(tr("Take it").toStdString(), 1);
+    dialog.addAcceptButtonOption(tr("Take it as text").toStdString(), 2);
+    dialog.addAcceptButtonOption(tr("Take a copy").toStdString(), 3);
+}
+
+void NativeDialogPage::observe(const BoolProperty& property, const QString& name, std::function<void(bool)> step)
+{
+    m_connections.emplace_back(property->signalValueChanged().connect([this, name, step = std::move(step)](bool on) {
+        log(tr("%1: %2").arg(name, onOrOff(on)));
+        step(on);
+    }));
+}
+
+void NativeDialogPage::logOutcome(ExtendedWinFileDialog& dialog, bool accepted)
+{
+    log(accepted ? tr("The dialog was accepted.") : tr("The dialog was cancelled."));
+    const QStringList files = dialog.selectedFiles();
+    for (const QString& file : files)
+        log(tr("Chosen: %1").arg(QDir::toNativeSeparators(file)));
+    log(tr("Directory: %1").arg(QDir::toNativeSeparators(dialog.directory().absolutePath())));
+    log(tr("Filter: %1").arg(dialog.selectedNameFilter()));
+    log(tr("Option of the accept button: %1").arg(dialog.selectedAcceptMenuOption()));
+}
+
+void NativeDialogPage::log(const QString& line)
+{
+    m_log->appendPlainText(line);
+}
+
+// Tour
+
+void NativeDialogPage::tour(Tour& tour)
+{
+    tour.readHelpAndCancelFileDialog([this] { m_button->click(); });
+    expectInLog(tour, tr("The dialog was cancelled."));
+    useDialogInTour(tour);
+    const QStringList lines = m_log->toPlainText().split(QLatin1Char('\n'));
+    for (const QString& line : lines)
+        tour.log(line);
+    for (const QString& line : {tr("Preview: off"), tr("Expert: on"), tr("Button: Rules"), tr("File type: 2"),
+                                tr("The dialog was accepted."), tr("Option of the accept button: 3")})
+        expectInLog(tour, line);
+    tour.expect(!m_log->toPlainText().contains(tr("Button: Columns")),
+                QStringLiteral("a disabled button does nothing"));
+    tour.takePicture();
+}
+
+void NativeDialogPage::useDialogInTour(Tour& tour)
+{
+    tour.useFileDialog({[](QFileDialog& dialog) { pickFilter(dialog, 1); },
+                        [](QFileDialog& dialog) { press(dialog, tr("Expert")); },
+                        [](QFileDialog& dialog) { typeName(dialog, QStringLiteral("notes.txt")); }},
+                       QStringLiteral("dialog"),
+                       {[](QFileDialog& dialog) { press(dialog, tr("Rules…")); },
+                        [](QFileDialog& dialog) { press(dialog, tr("Preview")); },
+                        [](QFileDialog& dialog) { press(dialog, tr("Columns…")); },
+                        [](QFileDialog& dialog) { pick(dialog, tr("Take a copy")); }},
+                       [this] { m_button->click(); });
+}
+
+void NativeDialogPage::expectInLog(Tour& tour, const QString& line) const
+{
+    const QStringList lines = m_log->toPlainText().split(QLatin1Char('\n'));
+    tour.expect(lines.contains(line), QStringLiteral("logged: ") + line);
+}
+
+} // namespace gallery

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "GalleryPage.h"
+
+#include "property/Property.h"
+
+#include <functional>
+#include <vector>
+
+class ExtendedWinFileDialog;
+class QCheckBox;
+class QFileDialog;
+class QPlainTextEdit;
+class QPushButton;
+
+namespace gallery {
+
+/// Runs the system's file dialog with buttons, check boxes and a menu on its accept button, some of which switch others
+/// on and off while it is open, and logs what happens in it.
+class NativeDialogPage : public GalleryPage
+{
+    Q_OBJECT
+
+public:
+    NativeDialogPage();
+    ~NativeDialogPage() override;
+
+    void tour(Tour& tour) override;
+
+private:
+    using BoolProperty = boost::shared_ptr<zelmar::Property<bool>>;
+
+    void addWidgets();
+    void runDialog();
+    void addControls(ExtendedWinFileDialog& dialog);
+    void addMenu(ExtendedWinFileDialog& dialog);
+    void logOutcome(ExtendedWinFileDialog& dialog, bool accepted);
+    void log(const QString& line);
+    /// Calls `step` with each new value as long as the dialog is there.
+    void observe(const BoolProperty& property, const QString& name, std::function<void(bool)> step);
+
+    void useDialogInTour(Tour& tour);
+    void expectInLog(Tour& tour, const QString& line) const;
+
+    const BoolProperty m_preview;
+    const BoolProperty m_expert;
+    std::vector<boost::signals2::scoped_connection> m_connections; ///< of the dialog that is open
+    QCheckBox* m_save;
+    QCheckBox* m_menu;
+    QPushButton* m_button;
+    QPlainTextEdit* m_log;
+};
+
+} // namespace gallery

@@ -1,0 +1,434 @@
+#include "ui/qt/dialogs/LaunchFileDialog.h"
+
+#include "platform/ApplicationSettings.h"
+#include "ui/qt/dialogs/QExtendedFileDialog.h"
+
+#include "DialogDriver.h"
+#include "DialogFolders.h"
+#include "DialogKind.h"
+#include "FileDialogActions.h"
+#include "Keyboard.h"
+#include "TestHome.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QFileSystemModel>
+#include <QLineEdit>
+#include <QtTest>
+
+using zelmar::ApplicationSettings;
+using zelmar::ui::LaunchFileDialog;
+
+namespace {
+
+using Texts = std::vector<std::string>;
+
+/// The arguments of one call, most of which a test leaves as they are.
+struct Request
+{
+    Texts filters = {"Data (*.dat)", "Tables (*.csv)", "All files (*)"};
+    Texts initialFiles;
+    bool save = false;
+    bool multipleFiles = false;
+    int filter = 0;
+};
+
+bool listsFiles(QFileDialog& dialog)
+{
+    const auto* model = dialog.findChild<QFileSystemModel*>("qt_filesystem_model");
+    return model->rowCount(model->index(model->rootPath())) > 0;
+}
+
+} // namespace
+
+class tst_LaunchFileDialog : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+
+    void handsBackWhatWasChosen_data() { addDialogKindRows(); }
+    void handsBackWhatWasChosen();
+    void handsBackSeveral_data() { addDialogKindRows(); }
+    void handsBackSeveral();
+    void leavesOutputsAloneWhenCancelled_data() { addDialogKindRows(); }
+    void leavesOutputsAloneWhenCancelled();
+    void setsTheFileMode_data();
+    void setsTheFileMode();
+    void selectsTheFilter_data();
+    void selectsTheFilter();
+    void preselectsOneFile_data() { addDialogKindRows(); }
+    void preselectsOneFile();
+    void typesOverAPreselectedName_data() { addDialogKindRows(); }
+    void typesOverAPreselectedName();
+    void preselectsSeveralFiles_data() { addDialogKindRows(); }
+    void preselectsSeveralFiles();
+    void takesARelativeEntryFromTheCurrentFolder_data() { addDialogKindRows(); }
+    void takesARelativeEntryFromTheCurrentFolder();
+    void preselectsNothing();
+    void selectsFilterAndFileInOrder_data();
+    void selectsFilterAndFileInOrder();
+    void findsTheFilterBehindATypedPattern();
+    void tellsOfAnUnknownFilter();
+    void isShownOverTheActiveWindow();
+    void worksWithoutAnActiveWindow();
+    void worksWithoutFilters_data() { addDialogKindRows(); }
+    void worksWithoutFilters();
+
+private:
+    bool launch(const Request& request);
+    /// Launches with a user who accepts `names`, or cancels where there are none.
+    bool launch(const Request& request, const DialogKindSwitch& kind, const QStringList& names,
+                const std::function<void(QFileDialog&)>& step = {});
+
+    std::unique_ptr<DialogFolders> m_folders;
+    std::unique_ptr<QWidget> m_window;
+    Texts m_files;
+    int m_filter = -7;
+};
+
+void tst_LaunchFileDialog::initTestCase()
+{
+    m_window = std::make_unique<QWidget>();
+    m_window->show();
+    m_window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+}
+
+void tst_LaunchFileDialog::init()
+{
+    ApplicationSettings::getInstance().setStore(std::make_unique<ApplicationSettings::MemoryStore>());
+    m_folders = std::make_unique<DialogFolders>();
+    for (const char* name : {"a.dat", "b.dat", "c.csv", "\xC3\xA4\xE2\x82\xAC.dat"})
+        m_folders->addFile(QString::fromUtf8(name));
+    QVERIFY(QDir::setCurrent(m_folders->path()));
+    m_files = {"before", "and", "longer"};
+    m_filter = -7;
+    QTRY_VERIFY(hasKeyboard(*m_window));
+    QTRY_COMPARE(QApplication::activeWindow(), m_window.get());
+}
+
+bool tst_LaunchFileDialog::launch(const Request& request)
+{
+    return LaunchFileDialog(m_files, m_filter, "T\xC3\xAFtle", request.filters, request.initialFiles, request.save,
+                            request.multipleFiles, request.filter);
+}
+
+bool tst_LaunchFileDialog::launch(const Request& request, const DialogKindSwitch& kind, const QStringList& names,
+                                  const std::function<void(QFileDialog&)>& step)
+{
+    if (RecordingShell* const shell = kind.shell()) {
+        shell->showResult = names.isEmpty() ? HRESULT_FROM_WIN32(ERROR_CANCELLED) : S_OK;
+        shell->results.clear();
+        for (const QString& name : names)
+            shell->results += m_folders->path(name);
+        const bool launched = launch(request);
+        if (shell->liveObjects != 0)
+            qWarning("%d objects are left", shell->liveObjects);
+        return launched;
+    }
+    DialogDriver driver;
+    driver.onDialog<QFileDialog>("choose", [&](QFileDialog& dialog) {
+        QCOMPARE(dialog.windowTitle(), QString::fromUtf8("T\xC3\xAFtle"));
+        if (step)
+            step(dialog);
+        if (names.isEmpty())
+            cancel(dialog);
+        else
+            acceptName(dialog, names.size() == 1 ? names.first() : '"' + names.join("\" \"") + '"');
+    });
+    const bool launched = launch(request);
+    if (!driver.finished())
+        qWarning("%s", qPrintable(driver.problem()));
+    return launched;
+}
+
+void tst_LaunchFileDialog::handsBackWhatWasChosen()
+{
+    QFETCH(DialogKind, kind);
+    const DialogKindSwitch kindSwitch(kind);
+    Request request;
+    request.filters[2] = "\xC3\xA4 (*)";
+    request.filter = 2;
+    const QString name = QString::fromUtf8("\xC3\xA4\xE2\x82\xAC.dat");
+    QVERIFY(!launch(request, kindSwitch, {}));
+    request.initialFiles = {m_folders->path("a.dat").toStdString()};
+    QVERIFY(launch(request, kindSwitch, {name}));
+    QCOMPARE(m_files, Texts{m_folders->path(name).toStdString()}); // three entries before
+    QCOMPARE(m_filter, 2);
+}
+
+void tst_LaunchFileDialog::handsBackSeveral()
+{
+    QFETCH(DialogKind, kind);
+    const DialogKindSwitch kindSwitch(kind);
+    Request request;
+    request.multipleFiles = true;
+    request.initialFiles = {"a.dat"};
+    m_files = {"one"};
+    QVERIFY(launch(request, kindSwitch, {"a.dat", "b.dat"}));
+    QCOMPARE(m_files, (Texts{m_folders->path("a.dat").toStdString(), m_folders->path("b.dat").toStdString()}));
+    QCOMPARE(m_filter, 0);
+}
+
+void tst_LaunchFileDialog::leavesOutputsAloneWhenCancelled()
+{
+    QFETCH(DialogKind, kind);
+    const DialogKindSwitch kindSwitch(kind);
+    QVERIFY(!launch({}, kindSwitch, {}));
+    QCOMPARE(m_files, (Texts{"before", "and", "longer"}));
+    QCOMPARE(m_filter, -7);
+}
+
+void tst_LaunchFileDialog::setsTheFileMode_data()
+{
+    QTest::addColumn<bool>("save");
+    QTest::addColumn<bool>("multipleFiles");
+    QTest::addColumn<int>("mode");
+    QTest::addColumn<DWORD>("bits");
+    const DWORD must = FOS_FILEMUSTEXIST;
+    const DWORD several = FOS_FILEMUSTEXIST | FOS_ALLOWMULTISELECT;
+    QTest::newRow("open one") << false << false << int(QFileDialog::ExistingFile) << must;
+    QTest::newRow("open several") << false << true << int(QFileDialog::ExistingFiles) << several;
+    QTest::newRow("save") << true << false << int(QFileDialog::AnyFile) << DWORD(0);
+    QTest::newRow("save, to several") << true << true << int(QFileDialog::ExistingFiles) << several;
+}
+
+void tst_LaunchFileDialog::setsTheFileMode()
+{
+    QFETCH(bool, save);
+    QFETCH(bool, multipleFiles);
+    Request request;
+    request.save = save;
+    request.multipleFiles = multipleFiles;
+    {
+        const DialogKindSwitch kind(DialogKind::QtDrawn);
+        launch(request, kind, {}, [save](QFileDialog& dialog) {
+            QTEST(int(dialog.fileMode()), "mode");
+            QCOMPARE(dialog.acceptMode(), save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+        });
+    }
+    const DialogKindSwitch kind(DialogKind::Recording);
+    launch(request, kind, {});
+    QTEST(DWORD(kind.shell()->options & (FOS_FILEMUSTEXIST | FOS_ALLOWMULTISELECT | FOS_PICKFOLDERS)), "bits");
+    QCOMPARE(kind.shell()->takeCalls().first(), QString(save ? "create save dialog" : "create open dialog"));
+}
+
+void tst_LaunchFileDialog::selectsTheFilter_data()
+{
+    QTest::addColumn<bool>("save");
+    QTest::addColumn<int>("filter");
+    QTest::addColumn<int>("selected");
+    for (const bool save : {false, true}) {
+        const auto row = [save](const char* name) -> QTestData& {
+            return QTest::newRow(qPrintable(QStringLiteral("%1, %2").arg(save ? "save" : "open", name)));
+        };
+        row("the first") << save << 0 << 0;
+        row("the last") << save << 2 << 2;
+        row("one beyond") << save << 3 << 0;
+        row("negative") << save << -1 << 0;
+        row("the lowest") << save << std::numeric_limits<int>::min() << 0;
+        row("the highest") << save << std::numeric_limits<int>::max() << 0;
+    }
+}
+
+void tst_LaunchFileDialog::selectsTheFilter()
+{
+    QFETCH(bool, save);
+    QFETCH(int, filter);
+    QFETCH(int, selected);
+    for (const char* firstFilter : {"Data (*.dat)", "All (*.*)"}) {
+        Request request;
+        request.filters.front() = firstFilter;
+        request.save = save;
+        request.filter = filter;
+        {
+            const DialogKindSwitch kind(DialogKind::QtDrawn);
+            launch(request, kind, {},
+                   [&](QFileDialog& dialog) { QCOMPARE(fileTypeCombo(dialog).currentIndex(), selected); });
+        }
+        const DialogKindSwitch kind(DialogKind::Recording);
+        launch(request, kind, {});
+        QVERIFY(kind.shell()->takeCalls().contains(QStringLiteral("SetFileTypeIndex %1").arg(selected + 1)));
+    }
+}
+
+void tst_LaunchFileDialog::preselectsOneFile()
+{
+    QFETCH(DialogKind, kind);
+    const DialogKindSwitch kindSwitch(kind);
+    const QString name = QString::fromUtf8("\xC3\xA4\xE2\x82\xAC.dat");
+    Request request;
+    request.initialFiles = {m_folders->path(name).toStdString(), "ignored.dat"};
+    launch(request, kindSwitch, {}, [&](QFileDialog& dialog) {
+        QCOMPARE(fileNameEdit(dialog).text(), name);
+        QCOMPARE(dialog.directory(), QDir(m_folders->path()));
+    });
+    if (kindSwitch.shell()) {
+        const QStringList calls = kindSwitch.shell()->takeCalls();
+        QVERIFY(calls.contains("SetFileName " + name));
+        QVERIFY(calls.contains("SetFolder " + m_folders->path()));
+    }
+}
+
+/// With time for the dialog to list the folder, and to suggest names, before Return.
+void tst_LaunchFileDialog::typesOverAPreselectedName()
+{
+    QFETCH(DialogKind, kind);
+    const DialogKindSwitch kindSwitch(kind);
+    if (kindSwitch.shell())
+        return; // has no keyboard
+    Request request;
+    request.filters = {"All tables (*.dat *.csv)", "Data (*.dat)"};
+    m_folders->addFile("outer/inner/a.dat");
+    m_folders->addFile("outer/inner/b.csv");
+    QVERIFY(QDir::setCurrent(m_folders->path("outer/inner")));
+    request.initialFiles = {m_folders->path("outer/inner/a.dat").toStdString()};
+    for (const char* name : {"b.csv", "a.dat"}) {
+        DialogDriver driver;
+        driver.onDialogWhen<QFileDialog>("type", listsFiles, [name](QFileDialog& dialog) { typeName(dialog, name); });
+        driver.onDialog<QFileDialog>("accept", pressReturn);
+        QVERIFY(launch(request));
+        QVERIFY2(driver.finished(), qPrintable(driver.problem()));
+        QCOMPARE(m_files, Texts{m_folders->path(QStringLiteral("outer/inner/") + name).toStdString()});
+    }
+}
+
+void tst_LaunchFileDialog::preselectsSeveralFiles()
+{
+    QFETCH(DialogKind, kind);
+    const DialogKindSwitch kindSwitch(kind);
+    Request request;
+    request.multipleFiles = true;
+    request.initialFiles = {"a.dat", "", "b.dat"};
+    launch(request, kindSwitch, {}, [&](QFileDialog& dialog) {
+        QCOMPARE(dialog.selectedFiles(), (QStringList{m_folders->path("a.dat"), m_folders->path("b.dat")}));
+    });
+    if (kindSwitch.shell())
+        QVERIFY(kindSwitch.shell()->takeCalls().contains("SetFileName \"a.dat\" \"b.dat\" "));
+}
+
+void tst_LaunchFileDialog::takesARelativeEntryFromTheCurrentFolder()
+{
+    QFETCH(DialogKind, kind);
+    const DialogKindSwitch kindSwitch(kind);
+    m_folders->addFile("inner/d.dat");
+    Request request;
+    request.initialFiles = {"inner/d.dat"};
+    launch(request, kindSwitch, {},
+           [&](QFileDialog& dialog) { QCOMPARE(dialog.directory(), QDir(m_folders->path("inner"))); });
+    if (kindSwitch.shell())
+        QVERIFY(kindSwitch.shell()->takeCalls().contains("SetFolder " + m_folders->path("inner")));
+}
+
+void tst_LaunchFileDialog::preselectsNothing()
+{
+    const DialogKindSwitch kind(DialogKind::Recording);
+    Request request;
+    request.multipleFiles = true;
+    launch(request, kind, {});
+    const QStringList calls = kind.shell()->takeCalls();
+    QVERIFY(calls.contains("SetFileName "));
+    QVERIFY(calls.filter("SetFolder").isEmpty());
+    QVERIFY(calls.filter("AddPushButton").isEmpty()); // no help
+}
+
+void tst_LaunchFileDialog::selectsFilterAndFileInOrder_data()
+{
+    QTest::addColumn<QString>("firstFilter");
+    QTest::addColumn<bool>("save");
+    QTest::addColumn<QString>("name");
+    // Qt gives the name in the box of a save dialog the suffix of the filter that is selected after it.
+    QTest::newRow("save, first the file") << "Data (*.dat)" << true << "run.csv";
+    QTest::newRow("save, first the filter") << "All files (*.*)" << true << "run.xyz";
+    QTest::newRow("save, one star only") << "All files (*)" << true << "run.csv";
+    QTest::newRow("open, first the file") << "All files (*.*)" << false << "run.xyz";
+}
+
+void tst_LaunchFileDialog::selectsFilterAndFileInOrder()
+{
+    QFETCH(QString, firstFilter);
+    QFETCH(bool, save);
+    const DialogKindSwitch kind(DialogKind::QtDrawn);
+    Request request;
+    request.filters.front() = firstFilter.toStdString();
+    request.save = save;
+    request.filter = 1;
+    request.initialFiles = {"run.xyz"};
+    launch(request, kind, {}, [](QFileDialog& dialog) {
+        QTEST(fileNameEdit(dialog).text(), "name");
+        QCOMPARE(fileTypeCombo(dialog).currentIndex(), 1);
+    });
+}
+
+/// The temporary filter stands where the replaced one stood.
+void tst_LaunchFileDialog::findsTheFilterBehindATypedPattern()
+{
+    const DialogKindSwitch kind(DialogKind::QtDrawn);
+    Request request;
+    request.filter = 1;
+    request.initialFiles = {"a.dat"};
+    QVERIFY(launch(request, kind, {"a.dat"}, [](QFileDialog& dialog) { acceptName(dialog, "a*"); }));
+    QCOMPARE(m_files, Texts{m_folders->path("a.dat").toStdString()});
+    QCOMPARE(m_filter, 1);
+}
+
+void tst_LaunchFileDialog::tellsOfAnUnknownFilter()
+{
+    const DialogKindSwitch kind(DialogKind::Recording);
+    kind.shell()->onShow = [&kind] {
+        kind.shell()->fileType = 9;
+        kind.shell()->events->OnTypeChange(kind.shell()->dialog);
+    };
+    QVERIFY(launch({}, kind, {"a.dat"}));
+    QCOMPARE(m_filter, -1);
+}
+
+void tst_LaunchFileDialog::isShownOverTheActiveWindow()
+{
+    const DialogKindSwitch kind(DialogKind::Recording);
+    launch({}, kind, {});
+    QVERIFY(kind.shell()->takeCalls().contains(QStringLiteral("Show %1").arg(m_window->winId())));
+    ExtendedFileDialog::setUseNativeFileDialog(false);
+    DialogDriver driver;
+    QWidget* parent = nullptr;
+    driver.onDialog<QExtendedFileDialog>("look", [&parent](QExtendedFileDialog& dialog) {
+        parent = dialog.parentWidget();
+        cancel(dialog);
+    });
+    QVERIFY(!launch({}));
+    QVERIFY2(driver.finished(), qPrintable(driver.problem()));
+    QCOMPARE(parent, m_window.get());
+}
+
+void tst_LaunchFileDialog::worksWithoutAnActiveWindow()
+{
+    m_window->hide();
+    QTRY_VERIFY(!QApplication::activeWindow());
+    const DialogKindSwitch kind(DialogKind::Recording);
+    QVERIFY(launch({}, kind, {"a.dat"}));
+    ExtendedFileDialog::setUseNativeFileDialog(false);
+    DialogDriver driver;
+    driver.onDialog<QFileDialog>("cancel", [](QFileDialog& dialog) { cancel(dialog); });
+    QVERIFY(!launch({}));
+    QVERIFY2(driver.finished(), qPrintable(driver.problem()));
+    m_window->show();
+    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+}
+
+void tst_LaunchFileDialog::worksWithoutFilters()
+{
+    QFETCH(DialogKind, kind);
+    const DialogKindSwitch kindSwitch(kind);
+    for (const bool save : {false, true}) {
+        Request request;
+        request.filters.clear();
+        request.save = save;
+        QVERIFY(!launch(request, kindSwitch, {}));
+    }
+}
+
+UI_TEST_MAIN(tst_LaunchFileDialog)
+#include "tst_LaunchFileDialog.moc"

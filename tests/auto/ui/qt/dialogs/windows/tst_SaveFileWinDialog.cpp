@@ -1,0 +1,361 @@
+#include "ui/qt/dialogs/windows/SaveFileWinDialog.h"
+
+#include "platform/ApplicationSettings.h"
+#include "ui/qt/dialogs/windows/ExtendedWinFileDialog.h"
+
+#include "DialogDriver.h"
+#include "DialogFolders.h"
+#include "FileDialogActions.h"
+#include "OrdinaryUser.h"
+#include "RecordingMessageHandler.h"
+#include "RecordingShell.h"
+#include "SaveFaults.h"
+#include "TestHome.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QtTest>
+
+#include <type_traits>
+
+using zelmar::ApplicationSettings;
+using Calls = RecordingMessageHandler::Calls;
+
+static_assert(std::has_virtual_destructor<SaveFileWinDialog>::value, "derived flows are deleted by their base");
+static_assert(!std::is_copy_constructible<SaveFileWinDialog>::value, "a flow owns its handler");
+static_assert(std::is_base_of<QObject, SaveFileWinDialog>::value, "a flow is an object of Qt's");
+
+namespace {
+
+const std::string data = "Data files (*.dat)";
+const std::vector<std::string> writers{"Data files (*.dat)", "Tables (*.csv)", "All files (*)"};
+
+/// Lets the test reach the dialog, as a derived class may.
+class TestedFlow : public SaveFileWinDialog
+{
+public:
+    using SaveFileWinDialog::dialog;
+    using SaveFileWinDialog::SaveFileWinDialog;
+};
+
+void answer(DialogDriver& driver, QMessageBox::StandardButton button)
+{
+    driver.onDialog<QMessageBox>("answer", [button](QMessageBox& box) { box.button(button)->click(); });
+}
+
+} // namespace
+
+class tst_SaveFileWinDialog : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void setsUpTheDialog();
+    void setsUpTheListOfWriters();
+    void takesOneFilterOrMore();
+    void takesEachNameOn_data();
+    void takesEachNameOn();
+    void followsTheTypeThatIsPicked();
+    void findsTheFirstOfEqualFilters();
+    void isRejectedByAnythingButAcceptance();
+    void showsTheDialogAgainAfterNo();
+    void asksOverTheParent_data();
+    void asksOverTheParent();
+    void startsAnewWithoutPreparing();
+    void leavesTheDialogAlone();
+    void goesOnWithoutADialog();
+    void savesOverTheBuiltInDialog();
+    void faults_data();
+    void faults();
+    void faultsOverTheBuiltInDialog_data();
+    void faultsOverTheBuiltInDialog();
+
+private:
+    std::unique_ptr<TestedFlow> makeFlow(const std::string& name = {}, const std::string& helpTopic = {});
+
+    std::unique_ptr<DialogFolders> m_folders;
+    std::unique_ptr<QWidget> m_window;
+    std::unique_ptr<RecordingShell> m_shell;
+    Calls m_calls;
+};
+
+void tst_SaveFileWinDialog::init()
+{
+    ApplicationSettings::getInstance().setStore(std::make_unique<ApplicationSettings::MemoryStore>());
+    m_folders = std::make_unique<DialogFolders>();
+    m_folders->addFile(QStringLiteral("old.dat"), "contents");
+    m_window = std::make_unique<QWidget>();
+    m_shell = std::make_unique<RecordingShell>();
+    m_calls.clear();
+}
+
+void tst_SaveFileWinDialog::cleanup()
+{
+    m_window.reset();
+    m_shell.reset();
+}
+
+std::unique_ptr<TestedFlow> tst_SaveFileWinDialog::makeFlow(const std::string& name, const std::string& helpTopic)
+{
+    return std::make_unique<TestedFlow>(m_window.get(), "Save run", m_folders->path().toStdString(), name, writers, 1,
+                                        helpTopic, std::make_unique<RecordingMessageHandler>(m_calls));
+}
+
+void tst_SaveFileWinDialog::setsUpTheDialog()
+{
+    m_shell->showResult = E_FAIL;
+    SaveFileWinDialog flow(m_window.get(), "S\xC3\xA4ve", m_folders->path().toStdString(), "r\xC3\xBCn", data, "topic");
+    QVERIFY(!flow.parent());
+    QCOMPARE(m_shell->takeCalls(),
+             (QStringList{"create save dialog", "AddPushButton 0 &Help", "MakeProminent 0"})); // and no menu
+    QVERIFY(!flow.launch());
+    const QStringList calls = m_shell->takeCalls();
+    for (const QString& call :
+         {QString::fromUtf8("SetTitle S\xC3\xA4ve"), "SetFolder " + m_folders->path(),
+          QStringLiteral("SetFileTypes [Data files|*.dat]"), QStringLiteral("SetFileTypeIndex 1"),
+          QString::fromUtf8("SetFileName r\xC3\xBCn"), QStringLiteral("Show %1").arg(m_window->winId())})
+        QVERIFY2(calls.contains(call), qPrintable(call));
+    QVERIFY(!(m_shell->options & FOS_OVERWRITEPROMPT)); // the flow asks
+    QCOMPARE(flow.selectedFilename(), std::string());
+}
+
+void tst_SaveFileWinDialog::setsUpTheListOfWriters()
+{
+    m_shell->showResult = E_FAIL;
+    const auto flow = makeFlow();
+    QCOMPARE(flow->selectedWriter(), 1);
+    QCOMPARE(flow->selectedFilter(), writers[1]);
+    QCOMPARE(flow->dialog()->nameFilters(), (QStringList{"Data files (*.dat)", "Tables (*.csv)", "All files (*)"}));
+    flow->launch();
+    QVERIFY(m_shell->takeCalls().contains("SetFileTypes [Data files|*.dat] [Tables|*.csv] [All files|*]"));
+}
+
+void tst_SaveFileWinDialog::takesOneFilterOrMore()
+{
+    const SaveFileWinDialog flow(m_window.get(), "", "", "", "A (*.a);;B (*.b)", "");
+    QCOMPARE(flow.selectedWriter(), 0);
+    QCOMPARE(flow.selectedFilter(), std::string("A (*.a)"));
+    const SaveFileWinDialog without(m_window.get(), "", "", "", "", "");
+    QCOMPARE(without.selectedWriter(), -1);
+    QCOMPARE(without.selectedFilter(), std::string());
+    const SaveFileWinDialog outside(m_window.get(), "", "", "", writers, 3, "");
+    QCOMPARE(outside.selectedWriter(), -1);
+}
+
+void tst_SaveFileWinDialog::takesEachNameOn_data()
+{
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("saved");
+    QTest::newRow("no extension") << "result"
+                                  << "result.csv";
+    QTest::newRow("a dot at the end") << "result."
+                                      << "result.csv";
+    QTest::newRow("another extension") << "result.txt"
+                                       << "result.txt";
+    QTest::newRow("not ASCII") << QString::fromUtf8("\xC3\xA4\xF0\x9F\x93\x81")
+                               << QString::fromUtf8("\xC3\xA4\xF0\x9F\x93\x81.csv");
+}
+
+void tst_SaveFileWinDialog::takesEachNameOn()
+{
+    QFETCH(QString, typed);
+    QFETCH(QString, saved);
+    m_shell->results = QStringList{m_folders->path(typed)};
+    const auto flow = makeFlow();
+    QVERIFY(flow->launch());
+    QCOMPARE(QString::fromStdString(flow->selectedFilename()), m_folders->path(saved));
+    QCOMPARE(m_calls, (Calls{"check " + flow->selectedFilename()}));
+    QVERIFY(!QFile::exists(m_folders->path(saved)));
+}
+
+void tst_SaveFileWinDialog::followsTheTypeThatIsPicked()
+{
+    m_shell->results = QStringList{m_folders->path("result")};
+    m_shell->onShow = [this] {
+        m_shell->fileType = 1;
+        m_shell->events->OnTypeChange(m_shell->dialog);
+    };
+    const auto flow = makeFlow();
+    QVERIFY(flow->launch());
+    QCOMPARE(flow->selectedWriter(), 0);
+    QCOMPARE(flow->selectedFilter(), writers[0]);
+    QCOMPARE(QString::fromStdString(flow->selectedFilename()), m_folders->path("result.dat"));
+}
+
+void tst_SaveFileWinDialog::findsTheFirstOfEqualFilters()
+{
+    const SaveFileWinDialog flow(m_window.get(), "", "", "", {"A (*.a)", "B (*.b)", "B (*.b)"}, 2, "");
+    QCOMPARE(flow.selectedWriter(), 1);
+}
+
+void tst_SaveFileWinDialog::isRejectedByAnythingButAcceptance()
+{
+    m_shell->results = QStringList{m_folders->path("result")};
+    for (const HRESULT result : {HRESULT(HRESULT_FROM_WIN32(ERROR_CANCELLED)), HRESULT(E_FAIL), HRESULT(S_FALSE)}) {
+        m_shell->showResult = result;
+        QVERIFY(!makeFlow()->launch());
+    }
+    QCOMPARE(m_calls, Calls());
+}
+
+void tst_SaveFileWinDialog::showsTheDialogAgainAfterNo()
+{
+    QStringList chosen = {m_folders->path("old.dat"), m_folders->path("new")};
+    m_shell->onShow = [&] { m_shell->results = QStringList{chosen.takeFirst()}; };
+    DialogDriver driver;
+    answer(driver, QMessageBox::No);
+    const auto flow = makeFlow();
+    QVERIFY(flow->launch());
+    QVERIFY2(driver.finished(), qPrintable(driver.problem()));
+    QCOMPARE(QString::fromStdString(flow->selectedFilename()), m_folders->path("new.csv"));
+    QVERIFY(chosen.isEmpty());
+}
+
+void tst_SaveFileWinDialog::asksOverTheParent_data()
+{
+    QTest::addColumn<bool>("hasParent");
+    QTest::newRow("a parent") << true;
+    QTest::newRow("none") << false;
+}
+
+void tst_SaveFileWinDialog::asksOverTheParent()
+{
+    QFETCH(bool, hasParent);
+    if (!hasParent)
+        m_window.reset();
+    m_shell->results = QStringList{m_folders->path("old.dat")};
+    const auto flow = makeFlow();
+    QWidget nobody;
+    QWidget* parent = &nobody;
+    QString title;
+    DialogDriver driver;
+    driver.onDialog<QMessageBox>("look", [&](QMessageBox& box) {
+        parent = box.parentWidget();
+        title = box.windowTitle();
+        box.button(QMessageBox::Yes)->click();
+    });
+    QVERIFY(flow->launch());
+    QVERIFY2(driver.finished(), qPrintable(driver.problem()));
+    QCOMPARE(parent, m_window.get());
+    QCOMPARE(title, QString("Save run"));
+    QCOMPARE(m_shell->takeCalls().contains("Show 0"), !hasParent);
+}
+
+void tst_SaveFileWinDialog::startsAnewWithoutPreparing()
+{
+    const auto flow = makeFlow();
+    m_shell->results = QStringList{m_folders->path("first")};
+    QVERIFY(flow->launch());
+    m_shell->takeCalls();
+    m_shell->results = QStringList{m_folders->path("second")};
+    QVERIFY(flow->launch());
+    QCOMPARE(QString::fromStdString(flow->selectedFilename()), m_folders->path("second.csv"));
+    QVERIFY(!m_shell->takeCalls().contains("SetTitle Save run"));
+    m_shell->showResult = E_FAIL;
+    QVERIFY(!flow->launch());
+    QCOMPARE(QString::fromStdString(flow->selectedFilename()), m_folders->path("second.csv"));
+}
+
+/// The dialog stays, and what a derived class has of it stays valid.
+void tst_SaveFileWinDialog::leavesTheDialogAlone()
+{
+    auto flow = makeFlow();
+    ExtendedWinFileDialog* const dialog = flow->dialog();
+    QCOMPARE(m_shell->liveObjects, 1);
+    flow.reset();
+    QCOMPARE(m_shell->liveObjects, 1);
+    QCOMPARE(dialog->nameFilters().size(), 3);
+    delete dialog; // so that the checker of leaks has nothing to pass over here
+    QCOMPARE(m_shell->liveObjects, 0);
+}
+
+void tst_SaveFileWinDialog::goesOnWithoutADialog()
+{
+    m_shell->failAt = 1;
+    const auto flow = makeFlow("name");
+    QVERIFY(!flow->launch());
+    QCOMPARE(flow->selectedWriter(), 1);
+}
+
+void tst_SaveFileWinDialog::savesOverTheBuiltInDialog()
+{
+    m_shell.reset();
+    const auto flow = makeFlow("run", "topic");
+    DialogDriver driver;
+    driver.onDialog<QFileDialog>("pick another type, and accept", [](QFileDialog& dialog) {
+        QCOMPARE(dialog.windowTitle(), QString("Save run"));
+        QCOMPARE(fileNameEdit(dialog).text(), QString("run"));
+        pickFilter(dialog, 0);
+        QCOMPARE(fileNameEdit(dialog).text(), QString("run.dat"));
+        acceptName(dialog, "old");
+    });
+    answer(driver, QMessageBox::No);
+    driver.onDialog<QFileDialog>("take another name", [](QFileDialog& dialog) {
+        QCOMPARE(fileTypeCombo(dialog).currentIndex(), 0);
+        acceptName(dialog, "old");
+    });
+    answer(driver, QMessageBox::Yes);
+    QVERIFY(flow->launch());
+    QVERIFY2(driver.finished(), qPrintable(driver.problem()));
+    QCOMPARE(QString::fromStdString(flow->selectedFilename()), m_folders->path("old.dat"));
+    QCOMPARE(flow->selectedWriter(), 0);
+    QCOMPARE(m_calls.size(), std::size_t(4)); // twice the check and the question
+}
+
+void tst_SaveFileWinDialog::faults_data()
+{
+    addSaveFaultRows();
+}
+
+void tst_SaveFileWinDialog::faults()
+{
+    QFETCH(int, fault);
+    SaveFaultTrial trial(saveFaults()[std::size_t(fault)], m_folders->path(QStringLiteral("place")));
+    m_shell->results = QStringList{trial.chosenName()};
+    bool launched = false;
+    {
+        const OrdinaryUser user;
+        QVERIFY(user.isOrdinary());
+        TestedFlow flow(m_window.get(), "Save", trial.folder().toStdString(), "", data, "", trial.makeHandler());
+        DialogDriver driver;
+        trial.addAnswers(driver);
+        launched = flow.launch();
+        QVERIFY2(driver.finished(), qPrintable(driver.problem()));
+    }
+    QCOMPARE(trial.problem(launched), QString());
+}
+
+void tst_SaveFileWinDialog::faultsOverTheBuiltInDialog_data()
+{
+    // Qt's dialog never hands these two on: it enters the folder, and does not accept the name.
+    addSaveFaultRows({QStringLiteral("a folder as target"), QStringLiteral("name too long")});
+}
+
+void tst_SaveFileWinDialog::faultsOverTheBuiltInDialog()
+{
+    QFETCH(int, fault);
+    m_shell.reset();
+    SaveFaultTrial trial(saveFaults()[std::size_t(fault)], m_folders->path(QStringLiteral("place")));
+    bool launched = false;
+    {
+        const OrdinaryUser user;
+        QVERIFY(user.isOrdinary());
+        TestedFlow flow(m_window.get(), "Save", trial.folder().toStdString(), "", data, "", trial.makeHandler());
+        DialogDriver driver;
+        driver.onDialog<QFileDialog>("accept",
+                                     [&trial](QFileDialog& dialog) { acceptName(dialog, trial.chosenName()); });
+        trial.addAnswers(driver);
+        launched = flow.launch();
+        QVERIFY2(driver.finished(), qPrintable(driver.problem()));
+    }
+    QCOMPARE(trial.problem(launched), QString());
+}
+
+UI_TEST_MAIN(tst_SaveFileWinDialog)
+#include "tst_SaveFileWinDialog.moc"
