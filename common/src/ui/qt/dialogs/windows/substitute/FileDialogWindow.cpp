@@ -211,7 +211,6 @@ void FileDialogWindow::attachToWidgets()
     disconnect(m_fileTypeCombo, SIGNAL(activated(int)), this, nullptr);
     // More than directoryEntered() tells: also of a folder that was typed.
     connect(m_model, &QFileSystemModel::rootPathChanged, this, [this] { reportFolder(); });
-    connect(m_fileNameEdit, &QLineEdit::textChanged, this, [this] { deselectFolder(); });
     placeControlBar();
     const bool saving = m_request.kind == DialogKind::Save;
     m_acceptMenu = new AcceptMenu(*m_acceptButton,
@@ -372,13 +371,6 @@ void FileDialogWindow::setFileName(const QString& text)
     }
     for (const QString& name : namesIn(shown))
         selectFile(QDir(folder()).filePath(name)); // by itself it would mean the first folder
-}
-
-/// With several files to choose an emptied name makes QFileDialog select the folder that it shows, and it may leave
-/// that selected: then it would go there in place of accepting what is typed next.
-void FileDialogWindow::deselectFolder()
-{
-    m_selection->select(m_model->index(m_model->rootPath()), QItemSelectionModel::Deselect | QItemSelectionModel::Rows);
 }
 
 /// A typed pattern filters the list, until a type is picked or another folder set up; the type stays the same.

@@ -66,7 +66,6 @@ private:
 
     void showTypes();
     void useFileType();
-    void deselectFolder();
     bool filterByTypedPattern();
     bool acceptNameWithQuote();
     bool mayReplace(const QFileInfo& file);

@@ -14,7 +14,7 @@ struct IPropertyStore;
 struct IShellItemFilter;
 
 using FILEOPENDIALOGOPTIONS = DWORD;
-enum _FILEOPENDIALOGOPTIONS {
+enum {
     FOS_OVERWRITEPROMPT = 0x2,
     FOS_PICKFOLDERS = 0x20,
     FOS_ALLOWMULTISELECT = 0x200,

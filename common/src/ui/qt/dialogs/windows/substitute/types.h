@@ -17,7 +17,7 @@ using LPWSTR = wchar_t*;
 using LPCWSTR = const wchar_t*;
 
 /// A window: here the number that QWidget::winId() gives.
-using HWND = struct HWND__*;
+using HWND = struct HwndTag*;
 
 #ifndef TRUE
 #define TRUE 1

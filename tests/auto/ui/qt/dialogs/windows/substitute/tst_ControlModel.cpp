@@ -4,8 +4,6 @@
 
 #include <QTest>
 
-#include <utility>
-
 namespace {
 
 const DWORD button = 1;
@@ -136,7 +134,7 @@ Q_DECLARE_METATYPE(Change)
 void tst_ControlModel::refusals_data()
 {
     QTest::addColumn<Change>("change");
-    const auto row = [](const char* name, Change change) { QTest::newRow(name) << std::move(change); };
+    const auto row = [](const char* name, const Change& change) { QTest::newRow(name) << change; };
 
     // clang-format off
     row("label of nothing", [](ControlModel& model) { return model.setLabel(unknown, {}); });

@@ -332,7 +332,7 @@ void tst_FileDialogObject::accepted()
 void tst_FileDialogObject::cancelledWith_data()
 {
     QTest::addColumn<Action>("action");
-    const auto row = [](const char* name, Action action) { QTest::newRow(name) << std::move(action); };
+    const auto row = [](const char* name, const Action& action) { QTest::newRow(name) << action; };
     row("Escape", [](QFileDialog& dialog) { cancel(dialog); });
     row("Cancel button",
         [](QFileDialog& dialog) { dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Cancel)->click(); });
@@ -486,7 +486,8 @@ void tst_FileDialogObject::unknownOwner()
         QVERIFY(!shown.parentWidget());
         cancel(shown);
     });
-    QCOMPARE(dialog->Show(reinterpret_cast<HWND>(quintptr(0x7fffff0))), cancelledResult);
+    const auto unknown = reinterpret_cast<HWND>(quintptr(0x7fffff0)); // NOLINT(performance-no-int-to-ptr)
+    QCOMPARE(dialog->Show(unknown), cancelledResult);
     QVERIFY2(driver.finished(), qPrintable(driver.problem()));
 }
 
@@ -658,6 +659,11 @@ void tst_FileDialogObject::unadviseDuringAnEvent()
     ComPointer<RecordingSink> second(new RecordingSink, false);
     DWORD secondCookie = 0;
     dialog->Advise(second.get(), &secondCookie);
+    int calls = 0;
+    second->whenTold = [&calls](const QString&) {
+        ++calls;
+        return S_OK;
+    };
     second.reset(); // the dialog holds it alone
     dialog.sink().whenTold = [&dialog, secondCookie](const QString&) {
         dialog->Unadvise(secondCookie);
@@ -675,6 +681,7 @@ void tst_FileDialogObject::unadviseDuringAnEvent()
     dialog.show(m_window.get());
     QVERIFY2(driver.finished(), qPrintable(driver.problem()));
     QCOMPARE(dialog.sink().events, opened);
+    QCOMPARE(calls, 0); // it was removed before its turn
     QCOMPARE(third->events, (QStringList{"folder", "folder"}));
 }
 
