@@ -1,0 +1,46 @@
+#include "ui/qt/controls/IntegralSpinBox.h"
+
+#include "ui/qt/controls/steps.h"
+
+namespace zelmar {
+namespace ui {
+
+struct IntegralSpinBox::Impl
+{
+    QSpinBox* spinBox;
+    boost::signals2::signal<void()>* increment;
+    boost::signals2::signal<void()>* decrement;
+
+    /// In 64 bits, where it cannot overflow, and bounded here: setValue() would wrap a sum beyond the range.
+    int valueAfter(int steps) const
+    {
+        const qint64 sum = spinBox->value() + qint64(spinBox->singleStep()) * steps;
+        return int(qBound<qint64>(spinBox->minimum(), sum, spinBox->maximum()));
+    }
+};
+
+IntegralSpinBox::IntegralSpinBox(QWidget* parent)
+    : QSpinBox(parent)
+    , m_impl(new Impl{this, &signalIncrement, &signalDecrement})
+{
+    setKeyboardTracking(false);
+}
+
+IntegralSpinBox::~IntegralSpinBox() = default;
+
+void IntegralSpinBox::stepBy(int steps)
+{
+    if (!isStepTakenOver(steps, *m_impl->increment, *m_impl->decrement))
+        setValue(m_impl->valueAfter(steps));
+}
+
+void IntegralSpinBox::signalIncrementConnected() const
+{
+}
+
+void IntegralSpinBox::signalDecrementConnected() const
+{
+}
+
+} // namespace ui
+} // namespace zelmar

@@ -1,0 +1,147 @@
+#include "ui/qt/controls/QScientificSpinBox.h"
+
+#include "ui/qt/controls/numbers/readNumber.h"
+#include "ui/qt/controls/numbers/scientificText.h"
+#include "ui/qt/controls/steps.h"
+
+#include <QDoubleValidator>
+#include <QLineEdit>
+#include <QLocale>
+
+#include <cfloat>
+
+namespace zelmar {
+namespace ui {
+
+namespace {
+
+constexpr int mostDigits = 12;
+
+/// More than Qt allows, which makes it as many as Qt allows: the base class rounds each value to them.
+constexpr int allDecimals = 1000;
+
+/// Shared on purpose: the same text has one answer all over the program.
+NumberReading& lastReading()
+{
+    static NumberReading reading;
+    return reading;
+}
+
+NumberRules rulesOf(const QDoubleSpinBox& spinBox, int digits)
+{
+    return {spinBox.minimum(), spinBox.maximum(), digits,
+            spinBox.prefix(),  spinBox.suffix(),  spinBox.specialValueText()};
+}
+
+/// Decides about each key. Takes what the spin box takes, and what is on the way to it: "1e", and numbers that only an
+/// exponent brings into the range.
+class TypingValidator : public QDoubleValidator
+{
+public:
+    explicit TypingValidator(QDoubleSpinBox& spinBox)
+        : QDoubleValidator(&spinBox)
+        , m_spinBox(spinBox)
+    {
+        setDecimals(allDecimals);
+        setNotation(QDoubleValidator::ScientificNotation);
+        setLocale(QLocale(QLocale::English, QLocale::UnitedStates));
+    }
+
+    State validate(QString& text, int& position) const override
+    {
+        const State state = m_spinBox.validate(text, position);
+        if (state != Invalid)
+            return state;
+        int ignored = 0;
+        QString number = strippedNumber(text, ignored, rulesOf(m_spinBox, 0));
+        return QDoubleValidator::validate(number, ignored) == Invalid ? Invalid : Intermediate;
+    }
+
+private:
+    const QDoubleSpinBox& m_spinBox;
+};
+
+} // namespace
+
+struct QScientificSpinBox::Impl
+{
+    explicit Impl(QScientificSpinBox& owner)
+        : spinBox(&owner)
+        , increment(&owner.signalIncrement)
+        , decrement(&owner.signalDecrement)
+    {
+    }
+
+    const NumberReading& read(const QString& text, int& position) const
+    {
+        return readNumber(text, position, rulesOf(*spinBox, decimals), lastReading());
+    }
+
+    int decimals = mostDigits;
+    QDoubleSpinBox* spinBox;
+    boost::signals2::signal<void()>* increment;
+    boost::signals2::signal<void()>* decrement;
+};
+
+QScientificSpinBox::QScientificSpinBox(QWidget* parent)
+    : QDoubleSpinBox(parent)
+    , m_impl(std::make_unique<Impl>(*this))
+{
+    lineEdit()->setValidator(new TypingValidator(*this));
+    QDoubleSpinBox::setDecimals(allDecimals);
+    m_impl->decimals = 8;
+    setRange(-DBL_MAX, DBL_MAX);
+    setKeyboardTracking(false);
+}
+
+QScientificSpinBox::~QScientificSpinBox() = default;
+
+int QScientificSpinBox::decimals() const
+{
+    return m_impl->decimals;
+}
+
+void QScientificSpinBox::setDecimals(int d)
+{
+    const bool showsValue = cleanText() == textFromValue(value());
+    m_impl->decimals = qMin(d, mostDigits);
+    if (showsValue)
+        setSuffix(suffix()); // writes the value anew
+}
+
+QString QScientificSpinBox::textFromValue(double value) const
+{
+    return scientificText(value, m_impl->decimals);
+}
+
+double QScientificSpinBox::valueFromText(const QString& text) const
+{
+    int position = lineEdit()->cursorPosition();
+    return m_impl->read(text, position).value;
+}
+
+QValidator::State QScientificSpinBox::validate(QString& text, int& pos) const
+{
+    return m_impl->read(text, pos).state;
+}
+
+void QScientificSpinBox::fixup(QString& /*text*/) const
+{
+}
+
+void QScientificSpinBox::stepBy(int steps)
+{
+    if (!isStepTakenOver(steps, *m_impl->increment, *m_impl->decrement))
+        setValue(value() + singleStep() * steps);
+}
+
+void QScientificSpinBox::signalIncrementConnected() const
+{
+}
+
+void QScientificSpinBox::signalDecrementConnected() const
+{
+}
+
+} // namespace ui
+} // namespace zelmar

@@ -1,0 +1,40 @@
+#include "ui/qt/controls/numbers/scientificText.h"
+
+#include <array>
+#include <cfloat>
+#include <cstdio>
+
+namespace {
+
+constexpr QLatin1Char decimalPoint('.');
+
+/// The longest text of a double in fixed notation: sign, "0", point, and all digits of the smallest number.
+constexpr std::size_t longestText = 3 + DBL_MANT_DIG - DBL_MIN_EXP;
+static_assert(longestText == 1077, "a double is the IEEE one");
+
+/// What printf() writes for a number or for INF and NAN, the decimal point apart.
+bool isPartOfNumber(char character)
+{
+    return (character >= '0' && character <= '9') || (character >= 'A' && character <= 'Z') || character == '-'
+           || character == '+';
+}
+
+} // namespace
+
+QString scientificText(double value, int digits)
+{
+    std::array<char, longestText> buffer;
+    std::snprintf(buffer.data(), buffer.size(), "%.*G", digits, value);
+
+    // What is no part of a number is the point, of one byte or several: the locale that localeconv() tells of need not
+    // be the one that this thread prints with.
+    QString text;
+    text.reserve(32);
+    for (const char* byte = buffer.data(); *byte != '\0'; ++byte) {
+        if (isPartOfNumber(*byte))
+            text += QLatin1Char(*byte);
+        else if (!text.endsWith(decimalPoint))
+            text += decimalPoint;
+    }
+    return text;
+}

@@ -1,0 +1,393 @@
+#include "LiteralNumberRules.h"
+#include "TestHome.h"
+#include "ui/qt/controls/numbers/readNumber.h"
+
+#include <QLocale>
+#include <QtTest>
+
+#include <cfloat>
+#include <cmath>
+#include <cstring>
+#include <limits>
+
+namespace {
+
+NumberRules inRange(double minimum, double maximum)
+{
+    NumberRules rules;
+    rules.minimum = minimum;
+    rules.maximum = maximum;
+    rules.decimals = 8;
+    return rules;
+}
+
+const NumberRules anyDouble = inRange(-DBL_MAX, DBL_MAX);
+
+NumberRules withAffixes(const QString& prefix, const QString& suffix, const QString& special = {})
+{
+    NumberRules rules = anyDouble;
+    rules.prefix = prefix;
+    rules.suffix = suffix;
+    rules.specialValueText = special;
+    return rules;
+}
+
+literal::Rules literalRules(const NumberRules& rules)
+{
+    return {rules.minimum, rules.maximum, rules.decimals, rules.prefix, rules.suffix, rules.specialValueText};
+}
+
+NumberReading read(const QString& text, const NumberRules& rules, int position = 0)
+{
+    NumberReading last;
+    return readNumber(text, position, rules, last);
+}
+
+constexpr auto invalid = QValidator::Invalid;
+constexpr auto intermediate = QValidator::Intermediate;
+constexpr auto acceptable = QValidator::Acceptable;
+
+} // namespace
+
+Q_DECLARE_METATYPE(NumberRules)
+
+class tst_readNumber : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup();
+
+    void states_data();
+    void states();
+    void removesWhatIsAroundTheNumber_data();
+    void removesWhatIsAroundTheNumber();
+    void movesTheCursor_data();
+    void movesTheCursor();
+    void valueOfWhatIsNotAcceptable_data();
+    void valueOfWhatIsNotAcceptable();
+    void givesTheLastAnswerAgain();
+    void keepsTheTextWithoutItsCommas();
+    void emptyTextIsAlwaysRead();
+    void takesAnyText_data();
+    void takesAnyText();
+    void doesNotDependOnTheLocale();
+    void isTheLiteralReading();
+};
+
+void tst_readNumber::cleanup()
+{
+    QLocale::setDefault(QLocale::c());
+}
+
+void tst_readNumber::states_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<NumberRules>("rules");
+    QTest::addColumn<QValidator::State>("state");
+
+    const NumberRules positive = inRange(1, 2000);
+    const NumberRules negative = inRange(-2000, -1);
+    const NumberRules fixed = inRange(5, 5);
+    const NumberRules small = inRange(-999, 999);
+    // clang-format off
+    QTest::newRow("empty") << "" << anyDouble << intermediate;
+    QTest::newRow("empty, range of one number") << "" << fixed << invalid;
+    QTest::newRow("blanks only") << "  " << anyDouble << intermediate;
+    QTest::newRow("point") << "." << anyDouble << intermediate;
+    QTest::newRow("plus") << "+" << anyDouble << intermediate;
+    QTest::newRow("minus") << "-" << anyDouble << intermediate;
+    QTest::newRow("plus, negative range") << "+" << negative << invalid;
+    QTest::newRow("plus, range up to 0") << "+" << inRange(-5, 0) << intermediate;
+    QTest::newRow("minus, positive range") << "-" << positive << invalid;
+    QTest::newRow("minus, range from 0") << "-" << inRange(0, 5) << intermediate;
+    QTest::newRow("plus and point") << "+." << anyDouble << intermediate;
+    QTest::newRow("minus and point") << "-." << anyDouble << intermediate;
+    QTest::newRow("plus and point, negative range") << "+." << negative << invalid;
+    QTest::newRow("minus and point, positive range") << "-." << positive << invalid;
+    QTest::newRow("two points") << ".." << anyDouble << invalid;
+    QTest::newRow("two signs") << "+-" << anyDouble << invalid;
+
+    QTest::newRow("comma") << "," << anyDouble << invalid;
+    QTest::newRow("comma first") << ",5" << anyDouble << invalid;
+    QTest::newRow("comma behind the point") << "1.2,3" << anyDouble << invalid;
+    QTest::newRow("blank behind the point") << "1. 2" << anyDouble << invalid;
+    QTest::newRow("tab behind the point") << "1.\t2" << anyDouble << invalid;
+    QTest::newRow("comma at the end") << "1," << anyDouble << intermediate;
+    QTest::newRow("two commas at the end") << "1,," << anyDouble << invalid;
+    QTest::newRow("blank and comma at the end") << "1 ," << anyDouble << invalid;
+    QTest::newRow("blank at the end is trimmed") << "1 " << anyDouble << acceptable;
+    QTest::newRow("comma and blank at the end") << "1, " << anyDouble << intermediate;
+    QTest::newRow("blank inside") << "1 2" << anyDouble << invalid;
+
+    QTest::newRow("integer") << "12" << anyDouble << acceptable;
+    QTest::newRow("exponent") << "1e3" << anyDouble << acceptable;
+    QTest::newRow("negative, capital exponent") << "-2.5E-4" << anyDouble << acceptable;
+    QTest::newRow("plus sign") << "+5" << anyDouble << acceptable;
+    QTest::newRow("no integral part") << ".5" << anyDouble << acceptable;
+    QTest::newRow("no fraction") << "5." << anyDouble << acceptable;
+    QTest::newRow("groups where they belong") << "1,234.5" << anyDouble << acceptable;
+    QTest::newRow("groups where they belong, small range") << "1,234" << small << invalid;
+    QTest::newRow("groups elsewhere") << "12,34" << anyDouble << intermediate;
+    QTest::newRow("decimal comma") << "1,5" << anyDouble << intermediate;
+    QTest::newRow("decimal comma, small range") << "1,5" << small << invalid;
+    QTest::newRow("decimal comma, maximum of 1000") << "1,5" << inRange(-5, 1000) << intermediate;
+    QTest::newRow("decimal comma, minimum of -1000") << "1,5" << inRange(-1000, 5) << invalid;
+    QTest::newRow("decimal comma, minimum of -1000, in the range") << "1,5" << inRange(-1000, 20) << intermediate;
+    QTest::newRow("two commas side by side") << "1,,234" << anyDouble << invalid;
+    QTest::newRow("comma in the exponent") << "1e1,0" << anyDouble << intermediate;
+    QTest::newRow("decimal comma beyond the range") << "9,99,9" << positive << invalid;
+    QTest::newRow("decimal comma, may become a number") << "0,5" << inRange(10, 1500) << intermediate;
+    QTest::newRow("commas and no number") << "1,x" << anyDouble << invalid;
+    QTest::newRow("letters") << "abc" << anyDouble << invalid;
+    QTest::newRow("exponent without digits") << "1e" << anyDouble << invalid;
+    QTest::newRow("hexadecimal") << "0x10" << anyDouble << invalid;
+    QTest::newRow("too large for a double") << "1e400" << anyDouble << invalid;
+    QTest::newRow("too small for a double") << "1e-400" << anyDouble << invalid;
+    QTest::newRow("not a number") << "nan" << anyDouble << intermediate;
+    QTest::newRow("not a number, range of one number") << "nan" << fixed << invalid;
+    QTest::newRow("infinity") << "inf" << anyDouble << invalid;
+    QTest::newRow("infinity in an infinite range") << "inf" << inRange(-HUGE_VAL, HUGE_VAL) << acceptable;
+    QTest::newRow("typographic minus, with its meaning") << QStringLiteral(u"\u22125") << anyDouble << acceptable;
+    QTest::newRow("typographic minus, positive range") << QStringLiteral(u"\u22125") << positive << invalid;
+    QTest::newRow("Arabic digit") << QStringLiteral(u"\u0663") << anyDouble << invalid;
+
+    QTest::newRow("at the minimum") << "1" << positive << acceptable;
+    QTest::newRow("at the maximum") << "2000" << positive << acceptable;
+    QTest::newRow("above the maximum") << "2000.5" << positive << invalid;
+    QTest::newRow("below a negative minimum") << "-2000.5" << negative << invalid;
+    QTest::newRow("the one number") << "5.0" << fixed << acceptable;
+    QTest::newRow("not the one number") << "4" << fixed << invalid;
+    QTest::newRow("below the minimum, may become a number") << "5" << inRange(100, 2000) << intermediate;
+    QTest::newRow("below the minimum, cannot") << "33" << inRange(100, 122) << invalid;
+    QTest::newRow("above a negative maximum, may become a number") << "-5" << inRange(-2000, -100) << intermediate;
+    QTest::newRow("negative number, positive range") << "-5" << positive << invalid;
+    QTest::newRow("positive number, negative range") << "5" << negative << invalid;
+    // clang-format on
+}
+
+void tst_readNumber::states()
+{
+    QFETCH(QString, text);
+    QFETCH(NumberRules, rules);
+    QFETCH(QValidator::State, state);
+    QCOMPARE(read(text, rules).state, state);
+    literal::Cache cache;
+    int position = 0;
+    literal::validateAndInterpret(text, position, literalRules(rules), cache);
+    QCOMPARE(cache.state, state);
+}
+
+void tst_readNumber::removesWhatIsAroundTheNumber_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<NumberRules>("rules");
+    QTest::addColumn<QValidator::State>("state");
+    QTest::addColumn<QString>("kept");
+
+    const NumberRules dollars = withAffixes(QStringLiteral("$ "), QStringLiteral(" k"));
+    const NumberRules special = withAffixes(QStringLiteral("1"), QStringLiteral("2"), QStringLiteral("152"));
+    // clang-format off
+    QTest::newRow("both") << "$ 5 k" << dollars << acceptable << "$ 5 k";
+    QTest::newRow("prefix only") << "$ 5" << dollars << acceptable << "$ 5 k";
+    QTest::newRow("suffix only") << "5 k" << dollars << acceptable << "$ 5 k";
+    QTest::newRow("none") << "5" << dollars << acceptable << "$ 5 k";
+    QTest::newRow("blanks in front of the prefix") << " $ 5 k" << dollars << invalid << "$ $ 5 k";
+    QTest::newRow("blanks around the number") << "$   5   k" << dollars << acceptable << "$ 5 k";
+    QTest::newRow("nothing between") << "$  k" << dollars << intermediate << "$  k";
+    QTest::newRow("other case") << "$ 5 K" << dollars << invalid << "$ 5 K k";
+    QTest::newRow("twice") << "$ $ 5 k" << dollars << invalid << "$ $ 5 k";
+    QTest::newRow("prefix and suffix that overlap")
+        << "abc" << withAffixes(QStringLiteral("ab"), QStringLiteral("bc")) << invalid << "abcbc";
+    QTest::newRow("the special text keeps them") << "152" << special << acceptable << "11522";
+    QTest::newRow("another text does not") << "162" << special << acceptable << "162";
+    QTest::newRow("special text that is no number")
+        << "Auto" << withAffixes(QString(), QString(), QStringLiteral("Auto")) << invalid << "Auto";
+    QTest::newRow("commas that were removed") << "$ 1,23 k" << dollars << intermediate << "$ 123 k";
+    QTest::newRow("commas that belong there stay") << "$ 1,234 k" << dollars << acceptable << "$ 1,234 k";
+    // clang-format on
+}
+
+void tst_readNumber::removesWhatIsAroundTheNumber()
+{
+    QFETCH(QString, text);
+    QFETCH(NumberRules, rules);
+    QFETCH(QValidator::State, state);
+    QFETCH(QString, kept);
+    const NumberReading reading = read(text, rules);
+    QCOMPARE(reading.state, state);
+    QCOMPARE(reading.text, kept);
+}
+
+void tst_readNumber::movesTheCursor_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<int>("position");
+    QTest::addColumn<int>("expected");
+    QTest::addColumn<QValidator::State>("state");
+    QTest::addColumn<QString>("kept");
+
+    const int most = std::numeric_limits<int>::max();
+    const int least = std::numeric_limits<int>::min();
+    // clang-format off
+    QTest::newRow("no reason to") << "12.5" << 2 << 2 << acceptable << "12.5";
+    QTest::newRow("blanks around the number") << "  12 " << 4 << 1 << acceptable << "12";
+    QTest::newRow("even below 0") << "  12 " << 1 << -2 << acceptable << "12";
+    QTest::newRow("not below the smallest int") << "  12 " << least << least << acceptable << "12";
+    QTest::newRow("commas that are removed") << "1,2,3" << 5 << 3 << intermediate << "123";
+    QTest::newRow("not below 0") << "1,2,3" << 1 << 0 << intermediate << "123";
+    QTest::newRow("from the largest int") << "1,2,3" << most << most - 2 << intermediate << "123";
+    QTest::newRow("from the smallest int") << "1,2,3" << least << 0 << intermediate << "123";
+    QTest::newRow("point on a point is moved over") << "1..5" << 2 << 2 << acceptable << "1.5";
+    QTest::newRow("only if the cursor stands there") << "1..5" << 3 << 3 << invalid << "1..5";
+    QTest::newRow("only the second one") << "1...5" << 2 << 2 << invalid << "1..5";
+    QTest::newRow("two points alone") << ".." << 1 << 1 << invalid << ".";
+    // clang-format on
+}
+
+void tst_readNumber::movesTheCursor()
+{
+    QFETCH(QString, text);
+    QFETCH(int, position);
+    QFETCH(int, expected);
+    QFETCH(QValidator::State, state);
+    QFETCH(QString, kept);
+    NumberReading last;
+    readNumber(text, position, anyDouble, last);
+    QCOMPARE(position, expected);
+    QCOMPARE(last.state, state);
+    QCOMPARE(last.text, kept);
+}
+
+void tst_readNumber::valueOfWhatIsNotAcceptable_data()
+{
+    QTest::addColumn<NumberRules>("rules");
+    QTest::addColumn<double>("value");
+
+    QTest::newRow("any double") << anyDouble << -DBL_MAX;
+    QTest::newRow("positive range") << inRange(3, 7) << 3.0;
+    QTest::newRow("range around 0") << inRange(-3, 7) << -3.0;
+    QTest::newRow("range up to 0") << inRange(-3, 0) << 0.0;
+    QTest::newRow("negative range") << inRange(-7, -3) << -3.0;
+}
+
+void tst_readNumber::valueOfWhatIsNotAcceptable()
+{
+    QFETCH(NumberRules, rules);
+    QFETCH(double, value);
+    for (const char* text : {"", "x", "1,,5"})
+        QCOMPARE(read(QString::fromLatin1(text), rules).value, value);
+}
+
+void tst_readNumber::givesTheLastAnswerAgain()
+{
+    NumberReading last;
+    int position = 0;
+    readNumber(QStringLiteral("50"), position, inRange(0, 100), last);
+    // Whatever the range is by now.
+    QCOMPARE(readNumber(QStringLiteral("50"), position, inRange(0, 10), last).state, acceptable);
+    QCOMPARE(last.value, 50.0);
+    QCOMPARE(readNumber(QStringLiteral("51"), position, inRange(0, 10), last).state, invalid);
+    QCOMPARE(readNumber(QStringLiteral("50"), position, inRange(0, 10), last).state, invalid);
+    QCOMPARE(last.value, 0.0);
+}
+
+void tst_readNumber::keepsTheTextWithoutItsCommas()
+{
+    NumberReading last;
+    int position = 0;
+    QCOMPARE(readNumber(QStringLiteral("1,23"), position, anyDouble, last).state, intermediate);
+    QCOMPARE(last.text, QStringLiteral("123"));
+    // So it is not a number right after that ...
+    QCOMPARE(readNumber(QStringLiteral("123"), position, anyDouble, last).state, intermediate);
+    QCOMPARE(last.value, -DBL_MAX);
+    // ... and is one again later.
+    readNumber(QStringLiteral("12"), position, anyDouble, last);
+    QCOMPARE(readNumber(QStringLiteral("123"), position, anyDouble, last).value, 123.0);
+}
+
+void tst_readNumber::emptyTextIsAlwaysRead()
+{
+    NumberReading last;
+    int position = 0;
+    QCOMPARE(readNumber(QString(), position, anyDouble, last).state, intermediate);
+    QVERIFY(last.text.isEmpty());
+    QCOMPARE(readNumber(QString(), position, inRange(5, 5), last).state, invalid);
+}
+
+void tst_readNumber::takesAnyText_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QValidator::State>("state");
+
+    const QString nul(QChar(0));
+    const QString half(QChar(0xd83d));
+    // clang-format off
+    QTest::newRow("10,000 digits, too large") << QString(10000, QLatin1Char('1')) << invalid;
+    QTest::newRow("10,000 digits behind the point") << QStringLiteral("0.") + QString(10000, QLatin1Char('1')) << acceptable;
+    QTest::newRow("10,000 zeros") << QString(10000, QLatin1Char('0')) << acceptable;
+    QTest::newRow("10,000 blanks") << QString(10000, QLatin1Char(' ')) << intermediate;
+    QTest::newRow("10,000 commas") << QString(10000, QLatin1Char(',')) << invalid;
+    QTest::newRow("10,000 points") << QString(10000, QLatin1Char('.')) << invalid;
+    QTest::newRow("10,000 digits and commas") << QStringLiteral("0,").repeated(5000) << intermediate;
+    QTest::newRow("a NUL") << nul << invalid;
+    QTest::newRow("a NUL behind a digit") << QStringLiteral("1") + nul << invalid;
+    QTest::newRow("a NUL between digits") << QStringLiteral("1") + nul + QStringLiteral("2") << invalid;
+    QTest::newRow("half a letter") << half << invalid;
+    QTest::newRow("half a letter between digits") << QStringLiteral("1") + half + QStringLiteral("2") << invalid;
+    QTest::newRow("a letter beyond 16 bits") << QString::fromUtf8("\xF0\x9F\x93\x81") << invalid;
+    QTest::newRow("a wide blank around") << QStringLiteral(u"\u20031\u2003") << acceptable;
+    // clang-format on
+}
+
+void tst_readNumber::takesAnyText()
+{
+    QFETCH(QString, text);
+    QFETCH(QValidator::State, state);
+    QCOMPARE(read(text, anyDouble).state, state);
+    NumberRules rules = inRange(1e6, 1e12);
+    for (const int decimals : {12, 0, -1, std::numeric_limits<int>::min()}) {
+        rules.decimals = decimals;
+        literal::Cache expected;
+        int position = 0;
+        literal::validateAndInterpret(text, position, literalRules(rules), expected);
+        QCOMPARE(read(text, rules).state, expected.state);
+    }
+}
+
+void tst_readNumber::doesNotDependOnTheLocale()
+{
+    QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+    QCOMPARE(QLocale().decimalPoint(), QLatin1Char(','));
+    QCOMPARE(read(QStringLiteral("1.5"), anyDouble).value, 1.5);
+    QCOMPARE(read(QStringLiteral("1,234.5"), anyDouble).value, 1234.5);
+    QCOMPARE(read(QStringLiteral("1,5"), anyDouble).state, intermediate);
+    QCOMPARE(read(QStringLiteral("1.234,5"), anyDouble).state, invalid);
+}
+
+void tst_readNumber::isTheLiteralReading()
+{
+    const char* const pieces[] = {"1", "25", "0", ".", ",", "-", "+", "e", " ", "$", "k"};
+    const NumberRules rules[] = {anyDouble, inRange(-5.5, 250), inRange(100, 2500), inRange(-2500, -0.25),
+                                 withAffixes(QStringLiteral("$"), QStringLiteral("k"), QStringLiteral("$0k"))};
+    literal::Cache expected;
+    NumberReading last;
+    // Every text of up to four pieces, with the cursor behind the second letter.
+    for (int number = 0; number < 11 * 11 * 11 * 11; ++number) {
+        QString text;
+        for (int rest = number; rest > 0; rest /= 11)
+            text += QLatin1String(pieces[rest % 11]);
+        for (const NumberRules& rule : rules) {
+            int position = 2;
+            int expectedPosition = 2;
+            literal::validateAndInterpret(text, expectedPosition, literalRules(rule), expected);
+            readNumber(text, position, rule, last);
+            if (last.state != expected.state || std::memcmp(&last.value, &expected.value, sizeof(double)) != 0
+                || last.text != expected.text || position != expectedPosition)
+                QFAIL(qPrintable(text));
+        }
+    }
+}
+
+CORE_TEST_MAIN(tst_readNumber)
+#include "tst_readNumber.moc"
