@@ -49,10 +49,11 @@ public:
 
     State validate(QString& text, int& position) const override
     {
-        const State state = m_spinBox.validate(text, position);
+        // The text stays as it was typed, and so does the cursor in it.
+        int ignored = position;
+        const State state = m_spinBox.validate(text, ignored);
         if (state != Invalid)
             return state;
-        int ignored = 0;
         QString number = strippedNumber(text, ignored, rulesOf(m_spinBox, 0));
         return QDoubleValidator::validate(number, ignored) == Invalid ? Invalid : Intermediate;
     }

@@ -1,44 +1,13 @@
+#include "BuiltLocales.h"
 #include "TestHome.h"
 #include "ui/qt/controls/numbers/scientificText.h"
 
-#include <QProcess>
-#include <QTemporaryDir>
 #include <QtTest>
 
 #include <cfloat>
-#include <clocale>
 #include <cmath>
+#include <cstdio>
 #include <limits>
-
-namespace {
-
-/// Locales whose decimal point is another one, built from the C library's sources for the life of the object: none of
-/// them needs to be installed.
-class BuiltLocales
-{
-public:
-    BuiltLocales() { qputenv("LOCPATH", QFile::encodeName(m_folder.path())); }
-
-    ~BuiltLocales()
-    {
-        qunsetenv("LOCPATH");
-        std::setlocale(LC_ALL, "C.UTF-8");
-    }
-
-    /// Whether `name`, e.g. "de_DE", is built and in force.
-    bool enter(const QString& name)
-    {
-        const QString path = m_folder.filePath(name + QStringLiteral(".UTF-8"));
-        QProcess::execute(QStringLiteral("localedef"),
-                          {QStringLiteral("-i"), name, QStringLiteral("-f"), QStringLiteral("UTF-8"), path});
-        return std::setlocale(LC_ALL, qPrintable(name + QStringLiteral(".UTF-8"))) != nullptr;
-    }
-
-private:
-    QTemporaryDir m_folder;
-};
-
-} // namespace
 
 class tst_scientificText : public QObject
 {
