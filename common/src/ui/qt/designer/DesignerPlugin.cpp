@@ -1,0 +1,65 @@
+#include "ui/qt/designer/DesignerPlugin.h"
+
+#include "ui/qt/designer/widgetTable.h"
+
+#include <QCoreApplication>
+#include <QIcon>
+
+namespace zelmar {
+namespace ui {
+
+namespace {
+
+/// One line of the table, in the words of Qt Designer.
+class TableEntry : public QDesignerCustomWidgetInterface
+{
+public:
+    explicit TableEntry(const DesignerWidget& widget)
+        : m_widget(widget)
+    {
+    }
+
+    QString name() const override { return QString::fromLatin1(m_widget.className); }
+    QString group() const override { return QStringLiteral("common_ui_qt"); }
+    QString toolTip() const override { return QCoreApplication::translate("DesignerPlugin", m_widget.toolTip); }
+    QString whatsThis() const override { return toolTip(); }
+    QString includeFile() const override { return QString::fromLatin1(m_widget.header); }
+    QIcon icon() const override { return {}; }
+    bool isContainer() const override { return false; }
+    QWidget* createWidget(QWidget* parent) override { return m_widget.create(parent); }
+
+    QString domXml() const override
+    {
+        const QString shortName = name().section(QStringLiteral("::"), -1);
+        return QStringLiteral("<ui language=\"c++\" displayname=\"%2\"><widget class=\"%1\" name=\"%3\"/>"
+                              "<customwidgets><customwidget><class>%1</class><extends>%4</extends>"
+                              "</customwidget></customwidgets></ui>")
+            .arg(name(), shortName, shortName.left(1).toLower() + shortName.mid(1),
+                 QString::fromLatin1(m_widget.baseClass));
+    }
+
+private:
+    const DesignerWidget& m_widget;
+};
+
+} // namespace
+
+DesignerPlugin::DesignerPlugin(QObject* parent)
+    : QObject(parent)
+{
+    for (const DesignerWidget& widget : designerWidgets())
+        m_widgets.append(new TableEntry(widget));
+}
+
+DesignerPlugin::~DesignerPlugin()
+{
+    qDeleteAll(m_widgets);
+}
+
+QList<QDesignerCustomWidgetInterface*> DesignerPlugin::customWidgets() const
+{
+    return m_widgets;
+}
+
+} // namespace ui
+} // namespace zelmar

@@ -1,0 +1,32 @@
+#include "ui/qt/designer/widgetTable.h"
+
+#include "ui/qt/controls/IntegralSpinBox.h"
+#include "ui/qt/controls/QScientificSpinBox.h"
+
+namespace zelmar {
+namespace ui {
+
+namespace {
+
+template <typename Widget>
+QWidget* create(QWidget* parent)
+{
+    return new Widget(parent);
+}
+
+} // namespace
+
+const QVector<DesignerWidget>& designerWidgets()
+{
+    static const QVector<DesignerWidget> widgets = {
+        {"zelmar::ui::IntegralSpinBox", "QSpinBox", "ui/qt/controls/IntegralSpinBox.h",
+         QT_TRANSLATE_NOOP("DesignerPlugin", "Integers, with steps that the application may take over"),
+         create<IntegralSpinBox>},
+        {"zelmar::ui::QScientificSpinBox", "QDoubleSpinBox", "ui/qt/controls/QScientificSpinBox.h",
+         QT_TRANSLATE_NOOP("DesignerPlugin", "Any double, in scientific notation"), create<QScientificSpinBox>},
+    };
+    return widgets;
+}
+
+} // namespace ui
+} // namespace zelmar

@@ -1,0 +1,101 @@
+#include "TestHome.h"
+#include "ui/qt/controls/IntegralSpinBox.h"
+#include "ui/qt/controls/QScientificSpinBox.h"
+
+#include <QtUiPlugin/QDesignerCustomWidgetCollectionInterface>
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QPluginLoader>
+#include <QTest>
+#include <QUiLoader>
+
+#include <memory>
+
+using zelmar::ui::IntegralSpinBox;
+using zelmar::ui::QScientificSpinBox;
+
+class tst_DesignerPlugin : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+
+    void formsHaveOurWidgets();
+    void everyWidgetIsThere_data();
+    void everyWidgetIsThere();
+
+private:
+    QString m_plugin;
+};
+
+void tst_DesignerPlugin::initTestCase()
+{
+    const QDir folder(QStringLiteral(PLUGIN_FOLDER));
+    const QStringList files = folder.entryList({QStringLiteral("common_ui_qt_designer.*")}, QDir::Files);
+    QCOMPARE(files.size(), 1);
+    m_plugin = folder.filePath(files.first());
+}
+
+void tst_DesignerPlugin::formsHaveOurWidgets()
+{
+    QUiLoader loader;
+    loader.clearPluginPaths();
+    QVERIFY(!loader.availableWidgets().contains(QStringLiteral("zelmar::ui::IntegralSpinBox")));
+    loader.addPluginPath(QStringLiteral(PLUGIN_FOLDER));
+    QFile file(QStringLiteral(FORM));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const std::unique_ptr<QWidget> form(loader.load(&file));
+    QVERIFY2(form, qPrintable(loader.errorString()));
+
+    const auto* run = dynamic_cast<IntegralSpinBox*>(form->findChild<QSpinBox*>(QStringLiteral("run")));
+    QVERIFY(run);
+    QCOMPARE(run->value(), 1234);
+    const auto* flow = dynamic_cast<QScientificSpinBox*>(form->findChild<QDoubleSpinBox*>(QStringLiteral("flow")));
+    QVERIFY(flow);
+    QCOMPARE(flow->text(), QStringLiteral("1.5E-07 mol/s"));
+    QCOMPARE(flow->decimals(), 8);
+    QCOMPARE(flow->minimum(), -0.001);
+}
+
+void tst_DesignerPlugin::everyWidgetIsThere_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("base");
+
+    QTest::newRow("integers") << "zelmar::ui::IntegralSpinBox"
+                              << "QSpinBox";
+    QTest::newRow("doubles") << "zelmar::ui::QScientificSpinBox"
+                             << "QDoubleSpinBox";
+}
+
+void tst_DesignerPlugin::everyWidgetIsThere()
+{
+    QFETCH(QString, name);
+    QFETCH(QString, base);
+    QPluginLoader loader(m_plugin);
+    auto* collection = qobject_cast<QDesignerCustomWidgetCollectionInterface*>(loader.instance());
+    QVERIFY2(collection, qPrintable(loader.errorString()));
+    QDesignerCustomWidgetInterface* found = nullptr;
+    const auto widgets = collection->customWidgets();
+    QCOMPARE(widgets.size(), 2);
+    for (QDesignerCustomWidgetInterface* widget : widgets) {
+        if (widget->name() == name)
+            found = widget;
+    }
+    QVERIFY(found);
+    QVERIFY(QFile::exists(QStringLiteral(HEADERS "/") + found->includeFile()));
+    QVERIFY(!found->toolTip().isEmpty());
+    QVERIFY(!found->isContainer());
+    QVERIFY(found->domXml().contains(QStringLiteral("<widget class=\"%1\"").arg(name)));
+    QVERIFY(found->domXml().contains(QStringLiteral("<extends>%1</extends>").arg(base)));
+    QWidget parent;
+    const QWidget* widget = found->createWidget(&parent);
+    QCOMPARE(widget->parentWidget(), &parent);
+    QVERIFY(widget->inherits(qPrintable(base)));
+}
+
+UI_TEST_MAIN(tst_DesignerPlugin)
+#include "tst_DesignerPlugin.moc"
