@@ -54,6 +54,10 @@ set(expected
     "Either dialog: The system's dialog, Save…; May be written: ${folder}/either\\.dat"
     "Either dialog: The dialog drawn by Qt, Open several files…; Chosen: ${folder}/run-1\\.dat"
     "Either dialog: The dialog drawn by Qt, Save…; May be written: ${folder}/either\\.dat"
+    "Number fields: value: 0\\.33333333333333331"
+    "Number fields: 1\\.5e-7 mol/s: Acceptable: .+"
+    "Number fields: 1,23 mol/s: Intermediate: .+"
+    "Number fields: after steps of one's own: 1\\.5E-06 mol/s and 10"
     "The tour is complete")
 foreach(pattern IN LISTS expected)
     set(lines ${log})
@@ -78,7 +82,7 @@ set(files "")
 foreach(page table-editor open-one-file open-several-files save-a-file choose-a-directory save-with-a-writer native-dialog)
     list(APPEND files ${page} ${page}-dialog ${page}-help)
 endforeach()
-list(APPEND files either-dialog either-dialog-system either-dialog-qt)
+list(APPEND files number-fields number-fields-comma either-dialog either-dialog-system either-dialog-qt)
 foreach(file IN LISTS files)
     if(NOT named_pictures MATCHES ": picture ${file}\\.png, [1-9][0-9]* x [1-9][0-9]*")
         add_failure("the log names no picture ${file}.png")

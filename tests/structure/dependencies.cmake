@@ -1,6 +1,6 @@
 # Fails when a source includes what its folder may not know:
 #   property, platform, compat <- ui/qt/controls <- ui/qt/dialogs;
-#   dialogs/rules are pure text, without widgets; only dialogs/windows knows the shell's interfaces, and only the
+#   controls/numbers are numbers and their texts, without widgets; dialogs/rules are pure text, without widgets; only dialogs/windows knows the shell's interfaces, and only the
 #   facades (ExtendedFileDialog, SaveFileDialog) know dialogs/windows.
 cmake_policy(VERSION 3.16)
 
@@ -42,6 +42,16 @@ refuse_includes("${property}" "<Q" "observable values know no Qt")
 set(controls ${all})
 list(FILTER controls INCLUDE REGEX "^ui/qt/controls/")
 refuse_includes("${controls}" "[\"<]ui/qt/dialogs/" "controls know no dialogs")
+
+set(numbers ${all})
+list(FILTER numbers INCLUDE REGEX "^ui/qt/controls/numbers/")
+foreach(file IN LISTS numbers)
+    file(STRINGS "${SOURCES}/${file}" includes REGEX "^ *# *include *<Q")
+    list(FILTER includes EXCLUDE REGEX "<Q(Latin1String|Locale|String|VarLengthArray|Validator|tGlobal)>")
+    foreach(include IN LISTS includes)
+        set(failures "${failures}\n${file}: ${include} (numbers know no widgets)")
+    endforeach()
+endforeach()
 
 set(rules ${all})
 list(FILTER rules INCLUDE REGEX "^ui/qt/dialogs/rules/")

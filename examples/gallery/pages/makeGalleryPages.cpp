@@ -4,6 +4,7 @@
 #include "FileDialogExample.h"
 #include "FileDialogPage.h"
 #include "NativeDialogPage.h"
+#include "NumberFieldsPage.h"
 #include "SaveFlowPage.h"
 #include "TableEditorPage.h"
 
@@ -18,6 +19,7 @@ std::vector<std::unique_ptr<GalleryPage>> makeGalleryPages()
     pages.push_back(std::make_unique<SaveFlowPage>());
     pages.push_back(std::make_unique<NativeDialogPage>());
     pages.push_back(std::make_unique<EitherDialogPage>());
+    pages.push_back(std::make_unique<NumberFieldsPage>());
     return pages;
 }
 

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "GalleryPage.h"
+
+#include <boost/signals2/connection.hpp>
+
+class QCheckBox;
+class QComboBox;
+class QFormLayout;
+class QLabel;
+class QLineEdit;
+
+namespace zelmar {
+namespace ui {
+class IntegralSpinBox;
+class QScientificSpinBox;
+} // namespace ui
+} // namespace zelmar
+
+namespace gallery {
+
+/// The two number fields, with what can be set on them, and what the field makes of the text while it is typed.
+class NumberFieldsPage : public GalleryPage
+{
+    Q_OBJECT
+
+public:
+    NumberFieldsPage();
+    ~NumberFieldsPage() override;
+
+    void tour(Tour& tour) override;
+
+private:
+    void addSettings(QFormLayout& form);
+    void connectSettings();
+    void applyRange();
+    void takeStepsOver(bool on);
+    void showState();
+    void showValue();
+    void typeInTour(const QString& text);
+
+    QLineEdit& typedText() const;
+
+    zelmar::ui::QScientificSpinBox* m_number;
+    zelmar::ui::IntegralSpinBox* m_integer;
+    QLabel* m_state;
+    QLabel* m_value;
+    QComboBox* m_range;
+    zelmar::ui::IntegralSpinBox* m_digits;
+    QLineEdit* m_prefix;
+    QLineEdit* m_suffix;
+    QCheckBox* m_ownSteps;
+    boost::signals2::scoped_connection m_takenOver[4];
+};
+
+} // namespace gallery
