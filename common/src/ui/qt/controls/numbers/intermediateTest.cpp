@@ -2,9 +2,17 @@
 
 #include "ui/qt/controls/numbers/digitTest.h"
 
+#include <cmath>
+
 namespace {
 
 constexpr QLatin1Char decimalPoint('.');
+
+/// Below it a double is an integer of 64 bits however it is written down, also with as few digits as Qt can.
+constexpr double exactIntegers = 9007199254740992;
+
+/// An integer with more digits than 64 bits have, in any case.
+constexpr double beyond64Bits = 1e19;
 
 /// A number in fixed notation, cut at its point. What is no integer of 64 bits is 0.
 struct Parts
@@ -13,8 +21,18 @@ struct Parts
     qint64 fraction;
 };
 
+/// Bounds are mostly such numbers, and writing them down is most of the work.
+bool isSmallInteger(double number)
+{
+    return std::fabs(number) < exactIntegers && number == std::trunc(number);
+}
+
 Parts partsOf(double bound, int decimals)
 {
+    if (std::fabs(bound) >= beyond64Bits)
+        return {0, 0};
+    if (isSmallInteger(bound))
+        return {qint64(bound), 0};
     const QString text = QString::number(bound, 'f', decimals);
     const int point = text.indexOf(decimalPoint);
     return {text.leftRef(point).toLongLong(), point < 0 ? 0 : text.midRef(point + 1).toLongLong()};

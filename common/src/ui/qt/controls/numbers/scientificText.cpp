@@ -6,8 +6,6 @@
 
 namespace {
 
-constexpr QLatin1Char decimalPoint('.');
-
 /// The longest text of a double in fixed notation: sign, "0", point, and all digits of the smallest number.
 constexpr std::size_t longestText = 3 + DBL_MANT_DIG - DBL_MIN_EXP;
 static_assert(longestText == 1077, "a double is the IEEE one");
@@ -28,13 +26,12 @@ QString scientificText(double value, int digits)
 
     // What is no part of a number is the point, of one byte or several: the locale that localeconv() tells of need not
     // be the one that this thread prints with.
-    QString text;
-    text.reserve(32);
+    char* end = buffer.data();
     for (const char* byte = buffer.data(); *byte != '\0'; ++byte) {
         if (isPartOfNumber(*byte))
-            text += QLatin1Char(*byte);
-        else if (!text.endsWith(decimalPoint))
-            text += decimalPoint;
+            *end++ = *byte;
+        else if (end == buffer.data() || end[-1] != '.')
+            *end++ = '.';
     }
-    return text;
+    return QString::fromLatin1(buffer.data(), int(end - buffer.data()));
 }

@@ -90,6 +90,11 @@ void tst_intermediateTest::answers_data()
     QTest::newRow("and let 0 pass") << "0" << 1e30 << 2e30 << 8 << true;
     QTest::newRow("lower bound beyond 64 bits counts as 0") << "-5" << -1e30 << -1.5 << 8 << false;
     QTest::newRow("most negative integer") << "-9223372036854775808" << -9.3e18 << -9.2e18 << 8 << false;
+    QTest::newRow("most negative integer, as few digits as Qt can") << "-9223372036854775808" << -9.3e18 << -9.2e18 << -128 << true;
+    QTest::newRow("integer at the end of the exact ones") << "9007199254740991" << 9007199254740991.0 << 9007199254740991.0 << 8 << true;
+    QTest::newRow("next to it, as few digits as Qt can") << "9007199254740993" << 9007199254740992.0 << 9007199254740992.0 << -128 << false;
+    QTest::newRow("below 20 digits, as few as Qt can") << "-1" << -9.2e18 << -9.1e18 << -128 << true;
+    QTest::newRow("20 digits count as 0") << "0" << 1e19 << 2e19 << 8 << true;
     QTest::newRow("infinite range") << "1" << -HUGE_VAL << HUGE_VAL << 8 << false;
     QTest::newRow("infinite range, 0") << "0" << -HUGE_VAL << HUGE_VAL << 8 << true;
     QTest::newRow("a wide range passes what it has no time to look for") << "-777777777" << -5.0 << 9e12 << 8 << true;
