@@ -54,7 +54,7 @@ set(expected
     "Either dialog: The system's dialog, Save…; May be written: ${folder}/either\\.dat"
     "Either dialog: The dialog drawn by Qt, Open several files…; Chosen: ${folder}/run-1\\.dat"
     "Either dialog: The dialog drawn by Qt, Save…; May be written: ${folder}/either\\.dat"
-    "Number fields: value: 0\\.33333333333333331"
+    "Number fields: value: 0\\.3333333333333333"
     "Number fields: 1\\.5e-7 mol/s: Acceptable: .+"
     "Number fields: 1,23 mol/s: Intermediate: .+"
     "Number fields: after steps of one's own: 1\\.5E-06 mol/s and 10"

@@ -12,6 +12,7 @@
 #include <QFormLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QLocale>
 #include <QTest>
 #include <QVBoxLayout>
 
@@ -143,7 +144,7 @@ void NumberFieldsPage::showState()
 
 void NumberFieldsPage::showValue()
 {
-    m_value->setText(QString::number(m_number->value(), 'g', 17));
+    m_value->setText(QString::number(m_number->value(), 'g', QLocale::FloatingPointShortest));
 }
 
 // Tour

@@ -146,7 +146,7 @@ QString strippedNumber(const QString& input, int& position, const NumberRules& r
         if (text.endsWith(rules.suffix))
             text.chop(rules.suffix.size());
     }
-    const QString trimmed = text.trimmed();
+    QString trimmed = text.trimmed();
     moveBack(position, text.size() - trimmed.size());
     return trimmed;
 }
