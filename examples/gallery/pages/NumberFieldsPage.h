@@ -10,12 +10,10 @@ class QFormLayout;
 class QLabel;
 class QLineEdit;
 
-namespace zelmar {
-namespace ui {
+namespace zelmar::ui {
 class IntegralSpinBox;
 class QScientificSpinBox;
-} // namespace ui
-} // namespace zelmar
+} // namespace zelmar::ui
 
 namespace gallery {
 

@@ -2,8 +2,7 @@
 
 #include "ui/qt/controls/steps.h"
 
-namespace zelmar {
-namespace ui {
+namespace zelmar::ui {
 
 struct IntegralSpinBox::Impl
 {
@@ -42,5 +41,4 @@ void IntegralSpinBox::signalDecrementConnected() const
 {
 }
 
-} // namespace ui
-} // namespace zelmar
+} // namespace zelmar::ui

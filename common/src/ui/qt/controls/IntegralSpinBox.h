@@ -8,7 +8,7 @@
 
 #include <memory>
 
-namespace zelmar {
+namespace zelmar { // NOLINT(modernize-concat-nested-namespaces): C++14 here
 namespace ui {
 
 /// A spin box for integers whose steps the application may take over: as long as anything is connected to the signal of

@@ -10,8 +10,7 @@
 
 #include <cfloat>
 
-namespace zelmar {
-namespace ui {
+namespace zelmar::ui {
 
 namespace {
 
@@ -144,5 +143,4 @@ void QScientificSpinBox::signalDecrementConnected() const
 {
 }
 
-} // namespace ui
-} // namespace zelmar
+} // namespace zelmar::ui

@@ -10,7 +10,7 @@
 
 #include <memory>
 
-namespace zelmar {
+namespace zelmar { // NOLINT(modernize-concat-nested-namespaces): C++14 here
 namespace ui {
 
 /// A spin box for any double, in scientific notation where a number is long: 1.5E-07. The shown text is rounded to a

@@ -5,8 +5,7 @@
 #include <QCoreApplication>
 #include <QIcon>
 
-namespace zelmar {
-namespace ui {
+namespace zelmar::ui {
 
 namespace {
 
@@ -61,5 +60,4 @@ QList<QDesignerCustomWidgetInterface*> DesignerPlugin::customWidgets() const
     return m_widgets;
 }
 
-} // namespace ui
-} // namespace zelmar
+} // namespace zelmar::ui

@@ -4,8 +4,7 @@
 
 #include <QObject>
 
-namespace zelmar {
-namespace ui {
+namespace zelmar::ui {
 
 /// Offers the widgets of designerWidgets() to Qt Designer, and to QUiLoader.
 class DesignerPlugin : public QObject, public QDesignerCustomWidgetCollectionInterface
@@ -26,5 +25,4 @@ private:
     QList<QDesignerCustomWidgetInterface*> m_widgets; ///< owned
 };
 
-} // namespace ui
-} // namespace zelmar
+} // namespace zelmar::ui

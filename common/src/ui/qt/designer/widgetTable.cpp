@@ -3,8 +3,7 @@
 #include "ui/qt/controls/IntegralSpinBox.h"
 #include "ui/qt/controls/QScientificSpinBox.h"
 
-namespace zelmar {
-namespace ui {
+namespace zelmar::ui {
 
 namespace {
 
@@ -28,5 +27,4 @@ const QVector<DesignerWidget>& designerWidgets()
     return widgets;
 }
 
-} // namespace ui
-} // namespace zelmar
+} // namespace zelmar::ui

@@ -5,8 +5,7 @@
 
 class QWidget;
 
-namespace zelmar {
-namespace ui {
+namespace zelmar::ui {
 
 /// A widget that Qt Designer offers.
 struct DesignerWidget
@@ -21,5 +20,4 @@ struct DesignerWidget
 /// All of them: what is added here is in Qt Designer and can be loaded from forms.
 const QVector<DesignerWidget>& designerWidgets();
 
-} // namespace ui
-} // namespace zelmar
+} // namespace zelmar::ui
