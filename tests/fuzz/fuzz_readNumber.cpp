@@ -6,6 +6,7 @@
 // the fuzzer are unlikely to have, is written as "\" and one of the letters of specialCharacter().
 
 #include "LiteralNumberRules.h"
+#include "sameBits.h"
 
 #include "ui/qt/controls/numbers/intermediateTest.h"
 #include "ui/qt/controls/numbers/readNumber.h"
@@ -15,7 +16,6 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
 
 namespace {
 
@@ -49,11 +49,6 @@ QString decoded(const QByteArray& line)
         text += isSpecial ? specialCharacter(line[++i]) : QChar(QLatin1Char(line[i]));
     }
     return text;
-}
-
-bool sameBits(double left, double right)
-{
-    return std::memcmp(&left, &right, sizeof left) == 0;
 }
 
 void require(bool holds, const char* what, const QString& text)

@@ -28,7 +28,7 @@ struct Cache
 /// Walks through the candidates one by one.
 bool digitTest(qint64 number, qint64 low, qint64 high, qint64& match);
 
-bool intermediateTest(const QString& text, const Rules& rules);
+bool intermediateTest(const QString& str, const Rules& rules);
 
 /// Leaves its answer in `cache`.
 void validateAndInterpret(const QString& input, int& position, const Rules& rules, Cache& cache);

@@ -3,6 +3,7 @@
 #include "BuiltLocales.h"
 #include "TestHome.h"
 #include "VirtualSlot.h"
+#include "sameBits.h"
 
 #include <QApplication>
 #include <QDoubleValidator>
@@ -14,7 +15,6 @@
 #include <cfloat>
 #include <clocale>
 #include <cmath>
-#include <cstring>
 #include <limits>
 #include <memory>
 #include <type_traits>
@@ -41,11 +41,6 @@ QValidator::State stateOf(const QScientificSpinBox& box, const QString& text)
     int position = 0;
     const QValidator::State state = box.validate(copy, position);
     return copy == text ? state : QValidator::Invalid; // never rewritten
-}
-
-bool sameBits(double left, double right)
-{
-    return std::memcmp(&left, &right, sizeof left) == 0;
 }
 
 /// Below this Qt's 323 digits behind the point do not tell one double from the next.

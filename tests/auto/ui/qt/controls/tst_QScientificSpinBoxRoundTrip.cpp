@@ -1,6 +1,7 @@
 #include "ui/qt/controls/QScientificSpinBox.h"
 
 #include "TestHome.h"
+#include "sameBits.h"
 
 #include <QApplication>
 #include <QFocusEvent>
@@ -16,11 +17,6 @@
 using zelmar::ui::QScientificSpinBox;
 
 namespace {
-
-bool sameBits(double left, double right)
-{
-    return std::memcmp(&left, &right, sizeof left) == 0;
-}
 
 /// The digits of a number before its exponent, leading zeros apart.
 int significantDigits(const QString& text)

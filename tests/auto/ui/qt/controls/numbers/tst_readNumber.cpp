@@ -1,5 +1,6 @@
 #include "LiteralNumberRules.h"
 #include "TestHome.h"
+#include "sameBits.h"
 #include "ui/qt/controls/numbers/readNumber.h"
 
 #include <QLocale>
@@ -7,7 +8,6 @@
 
 #include <cfloat>
 #include <cmath>
-#include <cstring>
 #include <limits>
 
 namespace {
@@ -382,8 +382,8 @@ void tst_readNumber::isTheLiteralReading()
             int expectedPosition = 2;
             literal::validateAndInterpret(text, expectedPosition, literalRules(rule), expected);
             readNumber(text, position, rule, last);
-            if (last.state != expected.state || std::memcmp(&last.value, &expected.value, sizeof(double)) != 0
-                || last.text != expected.text || position != expectedPosition)
+            if (last.state != expected.state || !sameBits(last.value, expected.value) || last.text != expected.text
+                || position != expectedPosition)
                 QFAIL(qPrintable(text));
         }
     }
