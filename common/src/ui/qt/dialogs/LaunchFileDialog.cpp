@@ -48,8 +48,7 @@ std::vector<std::string> toUtf8(const QStringList& texts)
 
 } // namespace
 
-namespace zelmar {
-namespace ui {
+namespace zelmar::ui {
 
 bool LaunchFileDialog(std::vector<std::string>& selectedFiles, int& selectedFilterIndex, const std::string& caption,
                       const std::vector<std::string>& nameFilters, const std::vector<std::string>& initialFiles,
@@ -75,5 +74,4 @@ bool LaunchFileDialog(std::vector<std::string>& selectedFiles, int& selectedFilt
     return true;
 }
 
-} // namespace ui
-} // namespace zelmar
+} // namespace zelmar::ui

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-namespace zelmar {
+namespace zelmar { // NOLINT(modernize-concat-nested-namespaces): C++14 here
 namespace ui {
 
 /// Asks for a file in one call, with the system's file dialog or the Qt-drawn one as ExtendedFileDialog says, over the

@@ -38,6 +38,11 @@ private:
     const bool m_subscribed;
 };
 
+HWND windowOf(const QWidget* widget)
+{
+    return widget ? reinterpret_cast<HWND>(widget->winId()) : nullptr; // NOLINT(performance-no-int-to-ptr): a handle
+}
+
 void appendPath(QStringList& paths, IShellItem* item)
 {
     if (const auto path = fileSystemPath(item))
@@ -105,7 +110,7 @@ QDialog::DialogCode ExtendedWinFileDialog::Impl::exec()
     if (!m_prepared)
         prepare();
     m_prepared = true;
-    const HRESULT result = m_dialog->Show(m_parent ? reinterpret_cast<HWND>(m_parent->winId()) : nullptr);
+    const HRESULT result = m_dialog->Show(windowOf(m_parent));
     if (m_useAcceptButtonMenu)
         readSelectedAcceptMenuOption();
     return result == S_OK ? QDialog::Accepted : QDialog::Rejected;

@@ -62,7 +62,7 @@ void ExtendedWinFileDialog::Impl::FakeWidget::applyControlState(DWORD flag, bool
                                 : customize->GetControlState(m_controlId, &state);
     if (FAILED(read))
         return; // written back, a state that was not read would switch the other bit off
-    const DWORD bits = static_cast<DWORD>(state);
+    const auto bits = static_cast<DWORD>(state);
     state = static_cast<CDCONTROLSTATEF>(on ? bits | flag : bits & ~flag);
     if (isItem)
         customize->SetControlItemState(m_controlId, m_itemId, state);
