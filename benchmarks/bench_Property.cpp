@@ -29,7 +29,7 @@ void compareSetting(const char* subject, const T& first, const T& second)
             for (int i = 0; i < setsPerRound; ++i)
                 signal(i % 2 == 0 ? first : second);
         });
-    if (heard < 2 * 51 * std::size_t(setsPerRound))
+    if (heard < std::size_t{102} * setsPerRound) // twice 51 rounds
         std::printf("only %zu of the changes were heard\n", heard);
 }
 

@@ -90,7 +90,7 @@ void compareDigitTests()
             sum += literal::digitTest(number, low, high, match) && match == number ? 1 : 0;
         });
     std::printf("the walk takes %.0f times as long\n", ourRepetitions / ratio);
-    if (sum != 12 * (ourRepetitions + 1))
+    if (sum != qint64{12} * (ourRepetitions + 1))
         std::printf("not the expected answers\n");
 }
 
