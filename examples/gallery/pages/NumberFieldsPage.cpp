@@ -103,6 +103,9 @@ void NumberFieldsPage::addSettings(QFormLayout& form)
 void NumberFieldsPage::connectSettings()
 {
     connect(&typedText(), &QLineEdit::textChanged, this, &NumberFieldsPage::showState);
+    // What the field itself writes into its line edit is not told there.
+    connect(m_number, &QDoubleSpinBox::editingFinished, this, &NumberFieldsPage::showState);
+    connect(m_number, QOverload<double>::of(&QDoubleSpinBox::valueChanged), this, &NumberFieldsPage::showState);
     connect(m_number, QOverload<double>::of(&QDoubleSpinBox::valueChanged), this, &NumberFieldsPage::showValue);
     connect(m_range, QOverload<int>::of(&QComboBox::currentIndexChanged), this, &NumberFieldsPage::applyRange);
     connect(m_digits, QOverload<int>::of(&QSpinBox::valueChanged), m_number, &QScientificSpinBox::setDecimals);
