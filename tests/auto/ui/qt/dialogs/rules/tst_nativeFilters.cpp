@@ -78,6 +78,9 @@ void tst_nativeFilters::takesFiltersApart_data()
     QTest::newRow("empty") << ""
                            << "File of Type"
                            << "";
+    QTest::newRow("a carriage return") << "Data (*.dat)\r"
+                                       << "File of Type"
+                                       << "Data;(*.dat)\r";
     QTest::newRow("a line break") << "Data\n (*.dat)"
                                   << "File of Type"
                                   << "Data\n;(*.dat)";
@@ -173,7 +176,7 @@ void tst_nativeFilters::agreesWithTheExpressions()
 {
     const std::regex parts("(.*) \\((.*)\\).*");
     const std::regex extension(".* \\(\\*\\.(.*)\\).*");
-    const QByteArray letters = "  (()**..a;\n";
+    const QByteArray letters = "  (()**..a;\r\n";
     QRandomGenerator random(20240229);
     int matched = 0;
     int extensions = 0;

@@ -53,6 +53,7 @@ private Q_SLOTS:
     void makesTheDialogForItsMode();
     void asksForNothingMoreWithoutMenuAndHelp();
     void numbersControlsInOrderOfCalls();
+    void numbersControlsThatCouldNotBeAdded();
     void startsInAFolder_data();
     void startsInAFolder();
     void splitsFilters();
@@ -159,6 +160,15 @@ void tst_ExtendedWinFileDialog::numbersControlsInOrderOfCalls()
                                   "AddCheckButton 5 Off 0",
                                   "AddControlItem 0 6 Second"};
     QCOMPARE(m_shell->takeCalls(), expected);
+}
+
+void tst_ExtendedWinFileDialog::numbersControlsThatCouldNotBeAdded()
+{
+    const auto dialog = makeDialog();
+    m_shell->failAt = m_shell->steps + 1; // the way to the interface for controls
+    dialog->addCustomCheckBox("Check", makeBool(false));
+    dialog->addCustomButton("Button", nothing);
+    QCOMPARE(m_shell->takeCalls(), (QStringList{"create open dialog", "AddPushButton 1 Button"}));
 }
 
 void tst_ExtendedWinFileDialog::startsInAFolder_data()

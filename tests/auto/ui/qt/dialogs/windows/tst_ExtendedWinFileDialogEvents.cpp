@@ -34,6 +34,7 @@ private Q_SLOTS:
     void keepsTheFolderThatCannotBeRead();
     void followsTheFileType_data();
     void followsTheFileType();
+    void keepsTheFileTypeThatCannotBeRead();
     void replacesTheExtensionWhenSaving_data();
     void replacesTheExtensionWhenSaving();
     void leavesTheNameAloneUnderAnUnknownType_data();
@@ -226,6 +227,17 @@ void tst_ExtendedWinFileDialogEvents::followsTheFileType()
     QCOMPARE(told, std::vector<int>{2});
     QCOMPARE(dialog->selectedNameFilter(), QString("Text (*.txt)"));
     QCOMPARE(m_shell->takeCalls().contains("SetFileName data.txt"), save);
+}
+
+void tst_ExtendedWinFileDialogEvents::keepsTheFileTypeThatCannotBeRead()
+{
+    const auto dialog = makeDialog();
+    dialog->selectNameFilter("Text (*.txt)");
+    run(*dialog, [this] {
+        m_shell->failAt = m_shell->steps + 1;
+        QCOMPARE(m_shell->events->OnTypeChange(m_shell->dialog), S_OK);
+    });
+    QCOMPARE(dialog->currentFilterIndex()->value(), 2);
 }
 
 void tst_ExtendedWinFileDialogEvents::replacesTheExtensionWhenSaving_data()
