@@ -176,7 +176,7 @@ void tst_nativeFilters::agreesWithTheExpressions()
 {
     const std::regex parts("(.*) \\((.*)\\).*");
     const std::regex extension(".* \\(\\*\\.(.*)\\).*");
-    const QByteArray letters = "  (()**..a;\r\n";
+    const QByteArray letters = "  (()**..a;\n";
     QRandomGenerator random(20240229);
     int matched = 0;
     int extensions = 0;
