@@ -1,6 +1,7 @@
 # Fails when a source includes what its folder may not know:
 #   property, platform, compat <- ui/qt/controls <- ui/qt/dialogs;
-#   controls/numbers are numbers and their texts, without widgets; dialogs/rules are pure text, without widgets; only dialogs/windows knows the shell's interfaces, and only the
+#   controls/numbers are numbers and their texts, dialogs/rules are pure text, both without widgets;
+#   only dialogs/windows knows the shell's interfaces, and only the
 #   facades (ExtendedFileDialog, SaveFileDialog) know dialogs/windows.
 cmake_policy(VERSION 3.16)
 
@@ -9,6 +10,17 @@ set(failures "")
 function(refuse_includes files pattern reason)
     foreach(file IN LISTS files)
         file(STRINGS "${SOURCES}/${file}" includes REGEX "^ *# *include.*${pattern}")
+        foreach(include IN LISTS includes)
+            set(failures "${failures}\n${file}: ${include} (${reason})")
+        endforeach()
+    endforeach()
+    set(failures "${failures}" PARENT_SCOPE)
+endfunction()
+
+function(allow_of_qt files names reason)
+    foreach(file IN LISTS files)
+        file(STRINGS "${SOURCES}/${file}" includes REGEX "^ *# *include *<Q")
+        list(FILTER includes EXCLUDE REGEX "<Q(${names})>")
         foreach(include IN LISTS includes)
             set(failures "${failures}\n${file}: ${include} (${reason})")
         endforeach()
@@ -45,23 +57,11 @@ refuse_includes("${controls}" "[\"<]ui/qt/dialogs/" "controls know no dialogs")
 
 set(numbers ${all})
 list(FILTER numbers INCLUDE REGEX "^ui/qt/controls/numbers/")
-foreach(file IN LISTS numbers)
-    file(STRINGS "${SOURCES}/${file}" includes REGEX "^ *# *include *<Q")
-    list(FILTER includes EXCLUDE REGEX "<Q(Latin1String|Locale|String|VarLengthArray|Validator|tGlobal)>")
-    foreach(include IN LISTS includes)
-        set(failures "${failures}\n${file}: ${include} (numbers know no widgets)")
-    endforeach()
-endforeach()
+allow_of_qt("${numbers}" "Latin1String|Locale|String|VarLengthArray|Validator|tGlobal" "numbers know no widgets")
 
 set(rules ${all})
 list(FILTER rules INCLUDE REGEX "^ui/qt/dialogs/rules/")
-foreach(file IN LISTS rules)
-    file(STRINGS "${SOURCES}/${file}" includes REGEX "^ *# *include *<Q")
-    list(FILTER includes EXCLUDE REGEX "<Q(Char|Latin1String|Map|Pair|RegExp|String|StringList|Vector)>")
-    foreach(include IN LISTS includes)
-        set(failures "${failures}\n${file}: ${include} (rules know text only, of all Qt)")
-    endforeach()
-endforeach()
+allow_of_qt("${rules}" "Char|Latin1String|Map|Pair|RegExp|String|StringList|Vector" "rules know text only, of all Qt")
 
 set(portable ${all})
 list(FILTER portable EXCLUDE REGEX "^ui/qt/dialogs/windows/")

@@ -1,5 +1,7 @@
 #include "RecordingShell.h"
 
+#include "ui/qt/dialogs/windows/fileSystemPath.h"
+
 #include <QDir>
 
 #include <cstring>
@@ -8,11 +10,7 @@ namespace {
 
 QString pathOf(IShellItem* item)
 {
-    LPWSTR path = nullptr;
-    if (!item || FAILED(item->GetDisplayName(SIGDN_FILESYSPATH, &path)))
-        return QStringLiteral("nothing");
-    const TaskText owner(path);
-    return QDir::fromNativeSeparators(QString::fromWCharArray(path));
+    return QDir::fromNativeSeparators(fileSystemPath(item).value_or(QStringLiteral("nothing")));
 }
 
 LPWSTR taskText(const QString& text)

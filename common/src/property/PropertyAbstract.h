@@ -32,9 +32,8 @@ namespace zelmar {
 ///  4. Observers are called with the value read back from the property, in the order in which they connected.
 ///
 /// - An observer that sets the value again starts the same sequence within its own call: all observers hear of the
-/// newer
-///   value first, and those that come after it then of the older one, with value() already the newer. An observer that
-///   must not act on what is past compares with value(). One that always sets another value never ends.
+///   newer value first, and those that come after it then of the older one, with value() already the newer. An observer
+///   that must not act on what is past compares with value(). One that always sets another value never ends.
 /// - An exception thrown by an observer passes out of setValue(); the value stays set, and the observers that come
 ///   after it are not called.
 /// - A validator's exception passes out of setValue(), and nothing has changed.

@@ -30,9 +30,8 @@ namespace ui {
 /// Known traps:
 /// - a filter is selected after the file, and may change its extension; in a dialog for saving whose first filter has a
 ///   "*.*" in it, it is selected before, and the name stays as it is;
-/// - several initial files go into the dialog as one quoted text. The system's dialog keeps only what is behind the
-/// last
-///   slash of it: give names without folders behind the first entry's.
+/// - several initial files go into the dialog as one quoted text, of which the system's dialog keeps what is behind
+///   the last slash: there they are preselected only when they are names in the current directory of the process.
 ///
 /// Texts are UTF-8. There must be an active window; without one the dialog belongs to none. GUI thread only.
 COMMON_UI_QT_EXPORT bool LaunchFileDialog(std::vector<std::string>& selectedFiles, int& selectedFilterIndex,

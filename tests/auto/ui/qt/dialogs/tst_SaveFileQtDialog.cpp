@@ -8,7 +8,7 @@
 #include "FileDialogActions.h"
 #include "OrdinaryUser.h"
 #include "RecordingMessageHandler.h"
-#include "SaveFaults.h"
+#include "SaveFaultRun.h"
 #include "TestHome.h"
 
 #include <QApplication>
@@ -531,20 +531,9 @@ void tst_SaveFileQtDialog::faults_data()
 void tst_SaveFileQtDialog::faults()
 {
     QFETCH(int, fault);
-    SaveFaultTrial trial(saveFaults()[std::size_t(fault)], m_folders->path(QStringLiteral("place")));
-    bool launched = false;
-    {
-        const OrdinaryUser user;
-        QVERIFY(user.isOrdinary());
-        TestedFlow flow(m_window.get(), "Save", trial.folder().toStdString(), "", data, "", trial.makeHandler());
-        DialogDriver driver;
-        driver.onDialog<QFileDialog>("accept",
-                                     [&trial](QFileDialog& dialog) { acceptName(dialog, trial.chosenName()); });
-        trial.addAnswers(driver);
-        launched = flow.launch();
-        QVERIFY2(driver.finished(), qPrintable(driver.problem()));
-    }
-    QCOMPARE(trial.problem(launched), QString());
+    QCOMPARE(problemOfSaveFault<SaveFileQtDialog>(fault, m_folders->path(QStringLiteral("place")), m_window.get(),
+                                                  chooseByKeyboard),
+             QString());
 }
 
 UI_TEST_MAIN(tst_SaveFileQtDialog)

@@ -1,5 +1,7 @@
 #include "ui/qt/controls/numbers/digitTest.h"
 
+#include "ui/qt/controls/numbers/powerOfTen.h"
+
 #include <QVarLengthArray>
 
 namespace {
@@ -23,14 +25,6 @@ Digits digitsOf(quint64 number)
     for (int i = reversed.size() - 1; i >= 0; --i)
         digits.append(reversed[i]);
     return digits;
-}
-
-quint64 powerOfTen(int exponent)
-{
-    quint64 power = 1;
-    for (int i = 0; i < exponent; ++i)
-        power *= 10;
-    return power;
 }
 
 quint64 magnitudeOf(qint64 number)
@@ -100,7 +94,7 @@ public:
                 return found;
             if (digits.size() == (m_step < 0 ? 1 : mostDigits))
                 return std::nullopt;
-            bound = m_step < 0 ? powerOfTen(digits.size() - 1) - 1 : powerOfTen(digits.size());
+            bound = quint64(m_step < 0 ? powerOfTen(digits.size() - 1) - 1 : powerOfTen(digits.size()));
         }
     }
 

@@ -1,6 +1,7 @@
 #include "ui/qt/controls/numbers/intermediateTest.h"
 
 #include "ui/qt/controls/numbers/digitTest.h"
+#include "ui/qt/controls/numbers/powerOfTen.h"
 
 #include <cmath>
 
@@ -36,14 +37,6 @@ Parts partsOf(double bound, int decimals)
     const QString text = QString::number(bound, 'f', decimals);
     const int point = text.indexOf(decimalPoint);
     return {text.leftRef(point).toLongLong(), point < 0 ? 0 : text.midRef(point + 1).toLongLong()};
-}
-
-qint64 powerOfTen(int exponent)
-{
-    qint64 power = 1;
-    for (int i = 0; i < exponent; ++i)
-        power *= 10;
-    return power;
 }
 
 class RangeTest

@@ -36,12 +36,10 @@ class QWidget;
 ///
 /// Known traps:
 /// - title, file mode, folder, filters, selected filter and file name reach the dialog at the first exec(). Changing
-/// them
-///   between two showings changes what the operations here answer, and not the dialog;
+///   them between two showings changes what the operations here answer, and not the dialog;
 /// - when the user picks another file type while saving, the extension of the typed name is replaced: "data.csv"
-/// becomes
-///   "data.txt" under "Text (*.txt)", "data" under "All files (*)", and "data.png *.jpg" under "Images (*.png *.jpg)".
-///   Give a save dialog filters with one pattern;
+///   becomes "data.txt" under "Text (*.txt)", "data" under "All files (*)", and "data.png *.jpg" under "Images (*.png
+///   *.jpg)". Give a save dialog filters with one pattern;
 /// - where there is no dialog, because the thread is in a multithreaded apartment or the system makes none, exec() is
 ///   QDialog::Rejected and everything else goes on without it.
 ///

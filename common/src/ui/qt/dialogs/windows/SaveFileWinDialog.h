@@ -27,8 +27,7 @@ class SaveFileMessageHandlerInterface;
 /// Known traps:
 /// - the traps of SaveFileQtDialog: the caller's write may still fail, and filters should name one extension each;
 /// - the system's dialog stays allocated when this object goes, on purpose: nothing else owns it, and a derived class
-/// may
-///   have handed it out. An application that saves now and then does not notice;
+///   may have handed it out. An application that saves now and then does not notice;
 /// - the questions have the parent widget as theirs: the system's dialog has closed by then, and is no widget.
 ///
 /// Texts and names are UTF-8. GUI thread only.

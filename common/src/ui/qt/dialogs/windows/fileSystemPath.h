@@ -1,5 +1,7 @@
 #pragma once
 
+#include "internal_export.h"
+
 #include <QString>
 
 #include <optional>
@@ -8,4 +10,4 @@ struct IShellItem;
 
 /// The path of `item` (null is none), in the form that the system gives it; nothing when it has no place in the file
 /// system.
-std::optional<QString> fileSystemPath(IShellItem* item);
+COMMON_UI_QT_INTERNAL_EXPORT std::optional<QString> fileSystemPath(IShellItem* item);

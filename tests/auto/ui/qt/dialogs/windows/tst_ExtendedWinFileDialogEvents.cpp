@@ -29,7 +29,7 @@ private Q_SLOTS:
     void hasTwoSidesAndOneCount();
     void livesAsLongAsTheDialogHoldsIt();
     void followsTheFolder();
-    void tellsOfARealChangeOfFolderOnly();
+    void followsEachChangeOfFolder();
     void keepsTheFolderThatCannotBeRead_data();
     void keepsTheFolderThatCannotBeRead();
     void followsTheFileType_data();
@@ -167,7 +167,7 @@ void tst_ExtendedWinFileDialogEvents::followsTheFolder()
     QCOMPARE(dialog->directory().path(), m_shell->folder);
 }
 
-void tst_ExtendedWinFileDialogEvents::tellsOfARealChangeOfFolderOnly()
+void tst_ExtendedWinFileDialogEvents::followsEachChangeOfFolder()
 {
     const auto dialog = makeDialog();
     QStringList seen;

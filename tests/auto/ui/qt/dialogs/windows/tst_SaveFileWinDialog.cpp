@@ -6,10 +6,9 @@
 #include "DialogDriver.h"
 #include "DialogFolders.h"
 #include "FileDialogActions.h"
-#include "OrdinaryUser.h"
 #include "RecordingMessageHandler.h"
 #include "RecordingShell.h"
-#include "SaveFaults.h"
+#include "SaveFaultRun.h"
 #include "TestHome.h"
 
 #include <QApplication>
@@ -316,19 +315,10 @@ void tst_SaveFileWinDialog::faults_data()
 void tst_SaveFileWinDialog::faults()
 {
     QFETCH(int, fault);
-    SaveFaultTrial trial(saveFaults()[std::size_t(fault)], m_folders->path(QStringLiteral("place")));
-    m_shell->results = QStringList{trial.chosenName()};
-    bool launched = false;
-    {
-        const OrdinaryUser user;
-        QVERIFY(user.isOrdinary());
-        TestedFlow flow(m_window.get(), "Save", trial.folder().toStdString(), "", data, "", trial.makeHandler());
-        DialogDriver driver;
-        trial.addAnswers(driver);
-        launched = flow.launch();
-        QVERIFY2(driver.finished(), qPrintable(driver.problem()));
-    }
-    QCOMPARE(trial.problem(launched), QString());
+    const auto choose = [this](DialogDriver&, const QString& name) { m_shell->results = QStringList{name}; };
+    QCOMPARE(
+        problemOfSaveFault<SaveFileWinDialog>(fault, m_folders->path(QStringLiteral("place")), m_window.get(), choose),
+        QString());
 }
 
 void tst_SaveFileWinDialog::faultsOverTheBuiltInDialog_data()
@@ -341,20 +331,9 @@ void tst_SaveFileWinDialog::faultsOverTheBuiltInDialog()
 {
     QFETCH(int, fault);
     m_shell.reset();
-    SaveFaultTrial trial(saveFaults()[std::size_t(fault)], m_folders->path(QStringLiteral("place")));
-    bool launched = false;
-    {
-        const OrdinaryUser user;
-        QVERIFY(user.isOrdinary());
-        TestedFlow flow(m_window.get(), "Save", trial.folder().toStdString(), "", data, "", trial.makeHandler());
-        DialogDriver driver;
-        driver.onDialog<QFileDialog>("accept",
-                                     [&trial](QFileDialog& dialog) { acceptName(dialog, trial.chosenName()); });
-        trial.addAnswers(driver);
-        launched = flow.launch();
-        QVERIFY2(driver.finished(), qPrintable(driver.problem()));
-    }
-    QCOMPARE(trial.problem(launched), QString());
+    QCOMPARE(problemOfSaveFault<SaveFileWinDialog>(fault, m_folders->path(QStringLiteral("place")), m_window.get(),
+                                                   chooseByKeyboard),
+             QString());
 }
 
 UI_TEST_MAIN(tst_SaveFileWinDialog)

@@ -1,5 +1,6 @@
 #include "TestHome.h"
 #include "ui/qt/dialogs/windows/comPointers.h"
+#include "ui/qt/dialogs/windows/fileSystemPath.h"
 #include "ui/qt/dialogs/windows/shellapi.h"
 
 #include <QDir>
@@ -20,11 +21,7 @@ ComPointer<IShellItem> itemAt(const QString& path)
 
 QString pathOf(IShellItem& item)
 {
-    LPWSTR path = nullptr;
-    if (FAILED(item.GetDisplayName(SIGDN_FILESYSPATH, &path)))
-        return {};
-    const TaskText owner(path);
-    return QDir::fromNativeSeparators(QString::fromWCharArray(path));
+    return QDir::fromNativeSeparators(fileSystemPath(&item).value_or(QString()));
 }
 
 } // namespace

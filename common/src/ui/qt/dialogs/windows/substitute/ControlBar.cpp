@@ -38,7 +38,7 @@ void ControlBar::update(QSet<QKeySequence> taken)
     setVisible(rowNeeded);
 }
 
-std::vector<QWidget*> ControlBar::tabOrder() const
+std::vector<QWidget*> ControlBar::inOrder() const
 {
     std::vector<QWidget*> order;
     for (const Control& control : m_model.controls()) {
@@ -46,8 +46,6 @@ std::vector<QWidget*> ControlBar::tabOrder() const
         if (button != m_buttons.end())
             order.push_back(button->second);
     }
-    std::stable_partition(order.begin(), order.end(),
-                          [this](const QWidget* widget) { return widget->parentWidget() == this; });
     return order;
 }
 

@@ -24,8 +24,8 @@ public:
     /// Shows the controls as they are known now. Mnemonics in `taken` are not used.
     void update(QSet<QKeySequence> taken);
 
-    /// The controls in the order that Tab goes through them, prominent ones last.
-    std::vector<QWidget*> tabOrder() const;
+    /// The controls in the order of adding, the prominent ones among them.
+    std::vector<QWidget*> inOrder() const;
     /// Whether there is any control to see, in the row or in the button box.
     bool isAnyShown() const;
     bool contains(const QAbstractButton* button) const;

@@ -167,8 +167,7 @@ std::optional<DWORD> ControlModel::selectedItem(DWORD id) const
 
 Control* ControlModel::edit(DWORD id)
 {
-    const auto control = findById(m_controls, id);
-    return control == m_controls.end() ? nullptr : &*control;
+    return const_cast<Control*>(find(id));
 }
 
 Control* ControlModel::edit(DWORD id, Control::Kind kind)

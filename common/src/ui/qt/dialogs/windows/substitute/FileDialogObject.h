@@ -17,8 +17,7 @@
 /// The common file dialog, for one of the interfaces IFileOpenDialog and IFileSaveDialog, over a QFileDialog that it
 /// makes for each Show(). GUI thread only. Where it has to choose among what callers may expect:
 ///
-/// - Set before Show() or while it runs, everything stays for the next one, which goes on with the folder, the file
-/// name
+/// - Set before Show() or while it runs, everything stays for the next one, which goes on with the folder, the name
 ///   and the type that were shown last. Labels, title, folder, name, type and controls change at once in an open
 ///   dialog, options and the default extension the next time.
 /// - GetFolder() is E_FAIL as long as there is none, that is before the first Show() without SetFolder().

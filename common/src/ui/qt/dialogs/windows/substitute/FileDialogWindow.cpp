@@ -305,7 +305,7 @@ void FileDialogWindow::updateTabOrder()
         setTabOrder(previous, next);
         previous = next;
     };
-    const std::vector<QWidget*> added = m_controlBar->tabOrder();
+    const std::vector<QWidget*> added = m_controlBar->inOrder();
     const auto isInBar = [this](const QWidget* widget) { return widget->parentWidget() == m_controlBar; };
     for (QWidget* widget : added) {
         if (isInBar(widget))

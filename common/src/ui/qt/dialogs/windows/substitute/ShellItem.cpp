@@ -133,10 +133,10 @@ LPWSTR taskText(const QString& text)
 {
     const std::wstring wide = text.toStdWString();
     auto* copy = static_cast<LPWSTR>(CoTaskMemAlloc((wide.size() + 1) * sizeof(wchar_t)));
-    if (copy)
-        wide.copy(copy, wide.size());
-    if (copy)
-        copy[wide.size()] = L'\0';
+    if (!copy)
+        return nullptr;
+    wide.copy(copy, wide.size());
+    copy[wide.size()] = L'\0';
     return copy;
 }
 
