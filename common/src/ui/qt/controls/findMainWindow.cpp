@@ -1,0 +1,33 @@
+#include "ui/qt/controls/findMainWindow.h"
+
+#include <QApplication>
+#include <QMainWindow>
+
+namespace zelmar::ui {
+
+namespace {
+
+QMainWindow* firstMainWindow()
+{
+    const auto widgets = QApplication::topLevelWidgets();
+    for (QWidget* widget : widgets) {
+        auto* mainWindow = dynamic_cast<QMainWindow*>(widget);
+        if (mainWindow && widget->isWindow())
+            return mainWindow;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+QMainWindow* findMainWindow(bool refresh)
+{
+    static QMainWindow* known = nullptr;
+    if (known && !refresh)
+        return known;
+    if (QMainWindow* found = firstMainWindow())
+        known = found;
+    return known;
+}
+
+} // namespace zelmar::ui
