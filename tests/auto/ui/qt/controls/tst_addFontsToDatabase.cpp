@@ -1,0 +1,246 @@
+#include "ui/qt/controls/addFontsToDatabase.h"
+
+#include "BuiltFont.h"
+#include "OrdinaryUser.h"
+#include "TestHome.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QFontDatabase>
+#include <QFontMetrics>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <memory>
+
+using zelmar::ui::addFontsToDatabase;
+using zelmar::ui::addFontToDatabase;
+
+namespace {
+
+bool isKnown(const QString& family)
+{
+    return QFontDatabase().families().contains(family);
+}
+
+QByteArray warning(const QString& path)
+{
+    return "Warning: Failed to load TrueType font from " + path.toUtf8();
+}
+
+} // namespace
+
+/// Each function has a folder of its own, and families that no other one has: a font that is known stays so.
+class tst_addFontsToDatabase : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+
+    void builtFontsCanBeDrawn();
+    void aFontIsRegistered_data();
+    void aFontIsRegistered();
+    void whatIsNoFontIsAWarning_data();
+    void whatIsNoFontIsAWarning();
+    void warningsNameNoSource();
+    void folderIsRegisteredAsItIs();
+    void aPathIsNoPattern();
+    void foldersBelowAreNotEntered();
+    void separatorAtTheEndIsDoubled();
+    void foldersThatCannotBeListed_data();
+    void foldersThatCannotBeListed();
+
+private:
+    QString path(const QString& name) const { return m_folder->path() + QLatin1Char('/') + name; }
+    void write(const QString& name, const QByteArray& bytes) const;
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+};
+
+void tst_addFontsToDatabase::init()
+{
+    m_folder = std::make_unique<QTemporaryDir>();
+    QVERIFY(m_folder->isValid());
+}
+
+void tst_addFontsToDatabase::write(const QString& name, const QByteArray& bytes) const
+{
+    QFile file(path(name));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QCOMPARE(file.write(bytes), qint64(bytes.size()));
+}
+
+/// Or the other functions would prove little.
+void tst_addFontsToDatabase::builtFontsCanBeDrawn()
+{
+    write(QStringLiteral("drawn.ttf"), builtFont(QStringLiteral("Drawn")));
+    addFontToDatabase(path(QStringLiteral("drawn.ttf")).toStdString());
+    QFont font(QStringLiteral("Drawn"));
+    font.setPixelSize(100);
+    font.setStyleStrategy(QFont::NoFontMerging);
+    QCOMPARE(QFontInfo(font).family(), QStringLiteral("Drawn"));
+    const QFontMetrics metrics(font);
+    QVERIFY(metrics.inFont(QLatin1Char('A')) && metrics.inFont(QLatin1Char('Z')));
+    QVERIFY(!metrics.inFont(QLatin1Char('a')) && !metrics.inFont(QLatin1Char('@')));
+    QCOMPARE(metrics.horizontalAdvance(QStringLiteral("ABC")), 300);
+    QCOMPARE(metrics.boundingRect(QLatin1Char('Q')).size(), QSize(80, 80));
+}
+
+void tst_addFontsToDatabase::aFontIsRegistered_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("family");
+
+    QTest::newRow("plain") << "plain.ttf"
+                           << "Plain family";
+    QTest::newRow("a path that is not ASCII") << QStringLiteral("Größe \u65e5\u672c \U0001F600.ttf") << "Path family";
+    QTest::newRow("a family that is not ASCII") << "family.ttf" << QStringLiteral("Familie \u00e4\u03b1\u65e5");
+    QTest::newRow("another extension") << "font.txt"
+                                       << "Text family";
+    QTest::newRow("a format's signs") << "%s %1 %n.ttf"
+                                      << "Percent family";
+}
+
+void tst_addFontsToDatabase::aFontIsRegistered()
+{
+    QFETCH(QString, name);
+    QFETCH(QString, family);
+    write(name, builtFont(family));
+    QVERIFY(!isKnown(family));
+    addFontToDatabase(path(name).toUtf8().toStdString());
+    QVERIFY(isKnown(family));
+}
+
+void tst_addFontsToDatabase::whatIsNoFontIsAWarning_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QByteArray>("bytes");
+
+    const QByteArray font = builtFont(QStringLiteral("Broken"));
+    QTest::newRow("missing") << "missing.ttf" << QByteArray();
+    QTest::newRow("empty") << "empty.ttf" << QByteArray("");
+    QTest::newRow("text") << "notes.txt" << QByteArray("not a font");
+    QTest::newRow("cut off in the directory") << "head.ttf" << font.left(100);
+    QTest::newRow("with no tables behind it") << "directory.ttf" << font.left(12 + 16 * 10);
+    QTest::newRow("zeros") << "zeros.ttf" << QByteArray(font.size(), '\0');
+    QTest::newRow("a path that is not ASCII") << QStringLiteral("Größe \u65e5.ttf") << QByteArray("not a font");
+    QTest::newRow("a format's signs") << "%s %1 %n.ttf" << QByteArray("not a font");
+}
+
+void tst_addFontsToDatabase::whatIsNoFontIsAWarning()
+{
+    QFETCH(QString, name);
+    QFETCH(QByteArray, bytes);
+    if (!bytes.isNull())
+        write(name, bytes);
+    const QStringList before = QFontDatabase().families();
+    QTest::ignoreMessage(QtWarningMsg, warning(path(name)).constData());
+    addFontToDatabase(path(name).toUtf8().toStdString());
+    QCOMPARE(QFontDatabase().families(), before);
+}
+
+namespace {
+
+QtMessageHandler previousHandler = nullptr;
+int messagesWithoutSource = 0;
+
+void countMessagesWithoutSource(QtMsgType type, const QMessageLogContext& context, const QString& text)
+{
+    if (type == QtWarningMsg && !context.file && !context.function && context.line == 0)
+        ++messagesWithoutSource;
+    previousHandler(type, context, text);
+}
+
+} // namespace
+
+void tst_addFontsToDatabase::warningsNameNoSource()
+{
+    const QString missing = path(QStringLiteral("missing.ttf"));
+    QTest::ignoreMessage(QtWarningMsg, warning(missing).constData());
+    previousHandler = qInstallMessageHandler(countMessagesWithoutSource);
+    addFontToDatabase(missing.toStdString());
+    qInstallMessageHandler(previousHandler);
+    QCOMPARE(messagesWithoutSource, 1);
+}
+
+void tst_addFontsToDatabase::folderIsRegisteredAsItIs()
+{
+    const QString folder = path(QStringLiteral("Schriften \u65e5"));
+    QVERIFY(QDir().mkdir(folder));
+    write(QStringLiteral("Schriften \u65e5/one.ttf"), builtFont(QStringLiteral("Folder one")));
+    write(QStringLiteral("Schriften \u65e5/two"), builtFont(QStringLiteral("Folder two")));
+    write(QStringLiteral("Schriften \u65e5/.hidden.ttf"), builtFont(QStringLiteral("Folder hidden")));
+    write(QStringLiteral("Schriften \u65e5/read me.txt"), "not a font");
+    QTest::ignoreMessage(QtWarningMsg, warning(folder + QStringLiteral("/read me.txt")).constData());
+    addFontsToDatabase(folder.toUtf8().toStdString());
+    QVERIFY(isKnown(QStringLiteral("Folder one")));
+    QVERIFY(isKnown(QStringLiteral("Folder two")));
+    QVERIFY(!isKnown(QStringLiteral("Folder hidden")));
+}
+
+/// Signs that stand for something where a path is put together, in the folder and in the file.
+void tst_addFontsToDatabase::aPathIsNoPattern()
+{
+    QVERIFY(QDir().mkdir(path(QStringLiteral("%2 %3 %s"))));
+    write(QStringLiteral("%2 %3 %s/%1 %3 %n.ttf"), builtFont(QStringLiteral("Pattern")));
+    write(QStringLiteral("%2 %3 %s/%1 %n.txt"), "not a font");
+    QTest::ignoreMessage(QtWarningMsg, warning(path(QStringLiteral("%2 %3 %s/%1 %n.txt"))).constData());
+    addFontsToDatabase(path(QStringLiteral("%2 %3 %s")).toStdString());
+    QVERIFY(isKnown(QStringLiteral("Pattern")));
+}
+
+void tst_addFontsToDatabase::foldersBelowAreNotEntered()
+{
+    QVERIFY(QDir().mkdir(path(QStringLiteral("below"))));
+    write(QStringLiteral("below/below.ttf"), builtFont(QStringLiteral("Below")));
+    write(QStringLiteral("above.ttf"), builtFont(QStringLiteral("Above")));
+    addFontsToDatabase(m_folder->path().toStdString());
+    QVERIFY(isKnown(QStringLiteral("Above")));
+    QVERIFY(!isKnown(QStringLiteral("Below")));
+}
+
+void tst_addFontsToDatabase::separatorAtTheEndIsDoubled()
+{
+    write(QStringLiteral("separated.ttf"), builtFont(QStringLiteral("Separated")));
+    write(QStringLiteral("notes.txt"), "not a font");
+    QTest::ignoreMessage(QtWarningMsg, warning(path(QStringLiteral("/notes.txt"))).constData());
+    addFontsToDatabase(m_folder->path().toStdString() + "/");
+    QVERIFY(isKnown(QStringLiteral("Separated")));
+}
+
+void tst_addFontsToDatabase::foldersThatCannotBeListed_data()
+{
+    QTest::addColumn<QString>("name");
+
+    QTest::newRow("missing") << "missing";
+    QTest::newRow("refused") << "refused";
+    QTest::newRow("a file") << "file";
+    QTest::newRow("empty") << "empty";
+}
+
+/// Nothing is registered and nothing said: an unexpected warning fails the test program.
+void tst_addFontsToDatabase::foldersThatCannotBeListed()
+{
+    QFETCH(QString, name);
+    QVERIFY(QDir().mkdir(path(QStringLiteral("empty"))));
+    QVERIFY(QDir().mkdir(path(QStringLiteral("refused"))));
+    write(QStringLiteral("refused/font.ttf"), builtFont(QStringLiteral("Refused")));
+    write(QStringLiteral("file"), builtFont(QStringLiteral("File")));
+    const QFile::Permissions owner = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
+    QVERIFY(QFile::setPermissions(m_folder->path(), owner | QFile::ReadOther | QFile::ExeOther));
+    QVERIFY(QFile::setPermissions(path(QStringLiteral("refused")), {}));
+
+    const QStringList before = QFontDatabase().families();
+    {
+        const OrdinaryUser user;
+        QVERIFY(user.isOrdinary());
+        addFontsToDatabase(path(name).toStdString());
+    }
+    QVERIFY(QFile::setPermissions(path(QStringLiteral("refused")), owner));
+    QCOMPARE(QFontDatabase().families(), before);
+}
+
+UI_TEST_MAIN(tst_addFontsToDatabase)
+#include "tst_addFontsToDatabase.moc"
