@@ -1,5 +1,6 @@
 #include "ui/qt/designer/widgetTable.h"
 
+#include "ui/qt/controls/CorrectFontCommandLinkButton.h"
 #include "ui/qt/controls/IntegralSpinBox.h"
 #include "ui/qt/controls/QScientificSpinBox.h"
 
@@ -18,6 +19,10 @@ QWidget* create(QWidget* parent)
 const QVector<DesignerWidget>& designerWidgets()
 {
     static const QVector<DesignerWidget> widgets = {
+        {"zelmar::ui::CorrectFontCommandLinkButton", "QCommandLinkButton",
+         "ui/qt/controls/CorrectFontCommandLinkButton.h",
+         QT_TRANSLATE_NOOP("DesignerPlugin", "A command link that is never squeezed"),
+         create<CorrectFontCommandLinkButton>},
         {"zelmar::ui::IntegralSpinBox", "QSpinBox", "ui/qt/controls/IntegralSpinBox.h",
          QT_TRANSLATE_NOOP("DesignerPlugin", "Integers, with steps that the application may take over"),
          create<IntegralSpinBox>},

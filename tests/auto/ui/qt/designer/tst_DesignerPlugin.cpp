@@ -65,6 +65,8 @@ void tst_DesignerPlugin::everyWidgetIsThere_data()
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("base");
 
+    QTest::newRow("command links") << "zelmar::ui::CorrectFontCommandLinkButton"
+                                   << "QCommandLinkButton";
     QTest::newRow("integers") << "zelmar::ui::IntegralSpinBox"
                               << "QSpinBox";
     QTest::newRow("doubles") << "zelmar::ui::QScientificSpinBox"
@@ -80,7 +82,7 @@ void tst_DesignerPlugin::everyWidgetIsThere()
     QVERIFY2(collection, qPrintable(loader.errorString()));
     QDesignerCustomWidgetInterface* found = nullptr;
     const auto widgets = collection->customWidgets();
-    QCOMPARE(widgets.size(), 2);
+    QCOMPARE(widgets.size(), 3);
     for (QDesignerCustomWidgetInterface* widget : widgets) {
         if (widget->name() == name)
             found = widget;
