@@ -17,6 +17,19 @@ function(add_ui_test name)
     else()
         add_test(NAME ${name} COMMAND "${PROJECT_SOURCE_DIR}/tools/with-screen" $<TARGET_FILE:${name}>)
     endif()
+    common_ui_qt_set_test_properties(${name})
+endfunction()
+
+# add_scaled_ui_test(<name> <factor>)
+#
+# Runs the test program again, on a screen on which <factor> pixels are one.
+function(add_scaled_ui_test name factor)
+    add_test(NAME ${name}_scaled
+        COMMAND "${PROJECT_SOURCE_DIR}/tools/with-screen" env QT_SCALE_FACTOR=${factor} $<TARGET_FILE:${name}>)
+    common_ui_qt_set_test_properties(${name}_scaled)
+endfunction()
+
+function(common_ui_qt_set_test_properties name)
     set(suppressions "${PROJECT_SOURCE_DIR}/tests/support/leaks.supp")
     set_tests_properties(${name} PROPERTIES
         TIMEOUT 300

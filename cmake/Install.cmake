@@ -16,8 +16,12 @@ foreach(header IN LISTS public_headers)
     get_filename_component(folder "${header}" DIRECTORY)
     install(FILES "common/src/${header}" DESTINATION "${header_root}/${folder}")
 endforeach()
-install(FILES "${PROJECT_BINARY_DIR}/common/generated/common_ui_qt_export.h" DESTINATION "${header_root}")
+install(FILES
+    "${PROJECT_BINARY_DIR}/common/generated/common_ui_qt_compat.h"
+    "${PROJECT_BINARY_DIR}/common/generated/common_ui_qt_export.h"
+    DESTINATION "${header_root}")
 
+get_property(installed_classes GLOBAL PROPERTY COMMON_UI_QT_INSTALLED_CLASSES)
 configure_package_config_file(cmake/common_ui_qtConfig.cmake.in
     "${PROJECT_BINARY_DIR}/common_ui_qtConfig.cmake" INSTALL_DESTINATION "${package_folder}")
 write_basic_package_version_file("${PROJECT_BINARY_DIR}/common_ui_qtConfigVersion.cmake"
@@ -26,7 +30,9 @@ install(FILES
     "${PROJECT_BINARY_DIR}/common_ui_qtConfig.cmake"
     "${PROJECT_BINARY_DIR}/common_ui_qtConfigVersion.cmake"
     DESTINATION "${package_folder}")
+install(FILES cmake/Compat.cmake DESTINATION "${package_folder}" RENAME common_ui_qtCompat.cmake)
 
 file(RELATIVE_PATH prefix_from_pkgconfig "/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/")
+common_ui_qt_get_class_flags(compat_cflags compat_libs ${installed_classes})
 configure_file(cmake/common_ui_qt.pc.in "${PROJECT_BINARY_DIR}/common_ui_qt.pc" @ONLY)
 install(FILES "${PROJECT_BINARY_DIR}/common_ui_qt.pc" DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig")

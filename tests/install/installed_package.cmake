@@ -24,7 +24,7 @@ file(RENAME "${staging}" "${prefix}")
 
 # The public headers are installed and no others, each as it stands in the source tree.
 file(GLOB_RECURSE installed RELATIVE "${prefix}/include/common_ui_qt" "${prefix}/include/common_ui_qt/*")
-list(REMOVE_ITEM installed common_ui_qt_export.h)
+list(REMOVE_ITEM installed common_ui_qt_compat.h common_ui_qt_export.h)
 list(SORT installed)
 list(SORT PUBLIC_HEADERS)
 if(NOT installed STREQUAL PUBLIC_HEADERS)

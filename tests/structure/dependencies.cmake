@@ -55,6 +55,11 @@ set(controls ${all})
 list(FILTER controls INCLUDE REGEX "^ui/qt/controls/")
 refuse_includes("${controls}" "[\"<]ui/qt/dialogs/" "controls know no dialogs")
 
+# A stand-in is reached through the header that knows whether it is one.
+set(callers ${all})
+list(FILTER callers EXCLUDE REGEX "^compat/")
+refuse_includes("${callers}" "[\"<]compat/substitute/" "callers include compat/<class>.h")
+
 set(numbers ${all})
 list(FILTER numbers INCLUDE REGEX "^ui/qt/controls/numbers/")
 allow_of_qt("${numbers}" "Latin1String|Locale|String|VarLengthArray|Validator|tGlobal" "numbers know no widgets")

@@ -1,6 +1,7 @@
 // Uses one class of each kind, so that headers, exports and the run-time library are all found.
 #include "platform/utf8ToWideString.h"
 #include "property/Property.h"
+#include "ui/qt/controls/ElidedTextLabel.h"
 #include "ui/qt/dialogs/ExtendedFileDialog.h"
 #include "ui/qt/dialogs/LaunchFileDialog.h"
 #include "ui/qt/dialogs/QExtendedFileDialog.h"
@@ -20,6 +21,11 @@ int main(int argc, char* argv[])
     QWidget window;
     QExtendedFileDialog dialog(window, "Open", "", "Data files (*.dat)", "", QFileDialog::AcceptOpen);
     if (zelmar::utf8ToWideString("wide") != L"wide" || dialog.nameFilters().size() != 1)
+        return 1;
+    ElidedTextLabel label(&window);
+    label.setText("a path");
+    const QxtLabel& base = label;
+    if (base.text() != "a path")
         return 1;
     const auto property = boost::make_shared<zelmar::Property<bool>>(true);
     ExtendedWinFileDialog native(window, "Open", "", "Data files (*.dat)", "", QFileDialog::AcceptOpen, true);

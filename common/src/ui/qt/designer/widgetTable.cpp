@@ -1,6 +1,7 @@
 #include "ui/qt/designer/widgetTable.h"
 
 #include "ui/qt/controls/CorrectFontCommandLinkButton.h"
+#include "ui/qt/controls/ElidedTextLabel.h"
 #include "ui/qt/controls/IntegralSpinBox.h"
 #include "ui/qt/controls/QScientificSpinBox.h"
 
@@ -19,6 +20,8 @@ QWidget* create(QWidget* parent)
 const QVector<DesignerWidget>& designerWidgets()
 {
     static const QVector<DesignerWidget> widgets = {
+        {"ElidedTextLabel", "QFrame", "ui/qt/controls/ElidedTextLabel.h",
+         QT_TRANSLATE_NOOP("DesignerPlugin", "A text whose end stays visible"), create<ElidedTextLabel>},
         {"zelmar::ui::CorrectFontCommandLinkButton", "QCommandLinkButton",
          "ui/qt/controls/CorrectFontCommandLinkButton.h",
          QT_TRANSLATE_NOOP("DesignerPlugin", "A command link that is never squeezed"),

@@ -1,4 +1,6 @@
 #include "TestHome.h"
+#include "ui/qt/controls/CorrectFontCommandLinkButton.h"
+#include "ui/qt/controls/ElidedTextLabel.h"
 #include "ui/qt/controls/IntegralSpinBox.h"
 #include "ui/qt/controls/QScientificSpinBox.h"
 
@@ -13,6 +15,7 @@
 
 #include <memory>
 
+using zelmar::ui::CorrectFontCommandLinkButton;
 using zelmar::ui::IntegralSpinBox;
 using zelmar::ui::QScientificSpinBox;
 
@@ -24,10 +27,13 @@ private Q_SLOTS:
     void initTestCase();
 
     void formsHaveOurWidgets();
+    void labelsAndButtonsInForms();
     void everyWidgetIsThere_data();
     void everyWidgetIsThere();
 
 private:
+    std::unique_ptr<QWidget> loadForm(const QString& name) const;
+
     QString m_plugin;
 };
 
@@ -39,16 +45,27 @@ void tst_DesignerPlugin::initTestCase()
     m_plugin = folder.filePath(files.first());
 }
 
-void tst_DesignerPlugin::formsHaveOurWidgets()
+/// Null, with a warning, if it cannot be.
+std::unique_ptr<QWidget> tst_DesignerPlugin::loadForm(const QString& name) const
 {
     QUiLoader loader;
     loader.clearPluginPaths();
-    QVERIFY(!loader.availableWidgets().contains(QStringLiteral("zelmar::ui::IntegralSpinBox")));
+    if (loader.availableWidgets().contains(QStringLiteral("zelmar::ui::IntegralSpinBox")))
+        qWarning("The plugin is there without being asked for");
     loader.addPluginPath(QStringLiteral(PLUGIN_FOLDER));
-    QFile file(QStringLiteral(FORM));
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    const std::unique_ptr<QWidget> form(loader.load(&file));
-    QVERIFY2(form, qPrintable(loader.errorString()));
+    QFile file(QStringLiteral(FORMS "/") + name);
+    if (!file.open(QIODevice::ReadOnly))
+        qWarning("No form %s", qPrintable(name));
+    std::unique_ptr<QWidget> form(loader.load(&file));
+    if (!form)
+        qWarning("%s", qPrintable(loader.errorString()));
+    return form;
+}
+
+void tst_DesignerPlugin::formsHaveOurWidgets()
+{
+    const std::unique_ptr<QWidget> form = loadForm(QStringLiteral("numbers.ui"));
+    QVERIFY(form);
 
     const auto* run = dynamic_cast<IntegralSpinBox*>(form->findChild<QSpinBox*>(QStringLiteral("run")));
     QVERIFY(run);
@@ -60,11 +77,28 @@ void tst_DesignerPlugin::formsHaveOurWidgets()
     QCOMPARE(flow->minimum(), -0.001);
 }
 
+void tst_DesignerPlugin::labelsAndButtonsInForms()
+{
+    const std::unique_ptr<QWidget> form = loadForm(QStringLiteral("labels.ui"));
+    QVERIFY(form);
+    const auto* path = form->findChild<ElidedTextLabel*>(QStringLiteral("path"));
+    QVERIFY(path);
+    QCOMPARE(path->text(), QStringLiteral("/runs/flow.csv"));
+    QCOMPARE(path->elideMode(), Qt::ElideMiddle);
+    const auto* open =
+        dynamic_cast<CorrectFontCommandLinkButton*>(form->findChild<QCommandLinkButton*>(QStringLiteral("open")));
+    QVERIFY(open);
+    QCOMPARE(open->text(), QStringLiteral("Open a run"));
+    QCOMPARE(open->description(), QStringLiteral("Nothing is changed."));
+}
+
 void tst_DesignerPlugin::everyWidgetIsThere_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("base");
 
+    QTest::newRow("elided texts") << "ElidedTextLabel"
+                                  << "QFrame";
     QTest::newRow("command links") << "zelmar::ui::CorrectFontCommandLinkButton"
                                    << "QCommandLinkButton";
     QTest::newRow("integers") << "zelmar::ui::IntegralSpinBox"
@@ -82,7 +116,7 @@ void tst_DesignerPlugin::everyWidgetIsThere()
     QVERIFY2(collection, qPrintable(loader.errorString()));
     QDesignerCustomWidgetInterface* found = nullptr;
     const auto widgets = collection->customWidgets();
-    QCOMPARE(widgets.size(), 3);
+    QCOMPARE(widgets.size(), 4);
     for (QDesignerCustomWidgetInterface* widget : widgets) {
         if (widget->name() == name)
             found = widget;

@@ -1,0 +1,83 @@
+# Classes of other libraries that ours build on. Where such a library is installed, its class is used; elsewhere a stand-in
+# of the same name, with the members that are needed here, is compiled from common/src/compat/substitute/. Callers include
+# compat/<class>.h either way; it asks the generated common_ui_qt_compat.h which of the two it is.
+#
+# Another class: its three lines below, its name in common/CMakeLists.txt, compat/<class>.h, and the stand-in.
+#
+# Installed with the package, too: who uses a library that was built on an installed class needs that class.
+
+set(compat_QxtLabel_headers QxtLabel qxtglobal.h)    # to be found, each in a folder of its own
+set(compat_QxtLabel_libraries QxtWidgets QxtGui)     # names that the library may have
+set(compat_QxtLabel_folders QxtWidgets QxtGui QxtCore qxt/QxtWidgets qxt/QxtGui qxt/QxtCore)
+
+# common_ui_qt_find_class(<class>)
+# Makes the target common_ui_qt::<class> if the library that has the class is installed.
+function(common_ui_qt_find_class class)
+    if(TARGET common_ui_qt::${class})
+        return()
+    endif()
+    set(folders "")
+    foreach(header IN LISTS compat_${class}_headers)
+        find_path(COMMON_UI_QT_${header}_FOLDER ${header} PATH_SUFFIXES ${compat_${class}_folders})
+        mark_as_advanced(COMMON_UI_QT_${header}_FOLDER)
+        if(NOT COMMON_UI_QT_${header}_FOLDER)
+            return()
+        endif()
+        list(APPEND folders "${COMMON_UI_QT_${header}_FOLDER}")
+    endforeach()
+    find_library(COMMON_UI_QT_${class}_LIBRARY NAMES ${compat_${class}_libraries})
+    mark_as_advanced(COMMON_UI_QT_${class}_LIBRARY)
+    if(NOT COMMON_UI_QT_${class}_LIBRARY)
+        return()
+    endif()
+    list(REMOVE_DUPLICATES folders)
+    add_library(common_ui_qt::${class} INTERFACE IMPORTED GLOBAL)
+    set_target_properties(common_ui_qt::${class} PROPERTIES
+        INTERFACE_INCLUDE_DIRECTORIES "${folders}"
+        INTERFACE_LINK_LIBRARIES "${COMMON_UI_QT_${class}_LIBRARY}")
+endfunction()
+
+# common_ui_qt_use_classes(<target> <folder> <class>...)
+# Gives the target each class, installed or as a stand-in, and writes common_ui_qt_compat.h into the folder. The headers of
+# the stand-ins are added to COMMON_UI_QT_PUBLIC_HEADERS.
+function(common_ui_qt_use_classes target folder)
+    set(definitions "")
+    foreach(class IN LISTS ARGN)
+        if(COMMON_UI_QT_USE_INSTALLED_CLASSES)
+            common_ui_qt_find_class(${class})
+        endif()
+        if(TARGET common_ui_qt::${class})
+            message(STATUS "${class}: the installed one, ${COMMON_UI_QT_${class}_LIBRARY}")
+            set(installed 1)
+            target_link_libraries(${target} PUBLIC common_ui_qt::${class})
+            set_property(GLOBAL APPEND PROPERTY COMMON_UI_QT_INSTALLED_CLASSES ${class})
+        else()
+            message(STATUS "${class}: our stand-in")
+            set(installed 0)
+            target_sources(${target} PRIVATE src/compat/substitute/${class}.cpp)
+            list(APPEND COMMON_UI_QT_PUBLIC_HEADERS compat/substitute/${class}.h)
+        endif()
+        string(TOUPPER ${class} name)
+        string(APPEND definitions "#define COMMON_UI_QT_HAS_${name} ${installed}\n")
+    endforeach()
+    file(GENERATE OUTPUT "${folder}/common_ui_qt_compat.h" CONTENT
+        "#pragma once\n\n// Whose classes the library was built on: 1 for the installed one, 0 for our stand-in.\n${definitions}")
+    set(COMMON_UI_QT_PUBLIC_HEADERS "${COMMON_UI_QT_PUBLIC_HEADERS}" PARENT_SCOPE)
+endfunction()
+
+# common_ui_qt_get_class_flags(<compiler flags> <linker flags> <class>...)
+# Sets both variables, for a pkg-config file, to what users of the installed classes need; each flag has a blank before it.
+function(common_ui_qt_get_class_flags compiler_flags linker_flags)
+    set(cflags "")
+    set(libs "")
+    foreach(class IN LISTS ARGN)
+        get_target_property(folders common_ui_qt::${class} INTERFACE_INCLUDE_DIRECTORIES)
+        foreach(folder IN LISTS folders)
+            string(APPEND cflags " -I${folder}")
+        endforeach()
+        get_target_property(library common_ui_qt::${class} INTERFACE_LINK_LIBRARIES)
+        string(APPEND libs " ${library}")
+    endforeach()
+    set(${compiler_flags} "${cflags}" PARENT_SCOPE)
+    set(${linker_flags} "${libs}" PARENT_SCOPE)
+endfunction()

@@ -1,0 +1,54 @@
+#include "compat/QxtLabelAccessible.h"
+
+#include "compat/QxtLabel.h"
+
+#include <QAccessibleWidget>
+
+namespace {
+
+class QxtLabelAccessible : public QAccessibleWidget
+{
+public:
+    explicit QxtLabelAccessible(QxtLabel* label)
+        : QAccessibleWidget(label, QAccessible::StaticText)
+    {
+    }
+
+    QString text(QAccessible::Text kind) const override
+    {
+        const QString own = QAccessibleWidget::text(kind);
+        if (kind != QAccessible::Name || !own.isEmpty())
+            return own;
+        const auto* label = qobject_cast<QxtLabel*>(widget());
+        return label ? label->text() : QString();
+    }
+
+    QAccessible::State state() const override
+    {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.readOnly = true;
+        return state;
+    }
+};
+
+/// Qt asks for the object's class first, and then for each of its base classes.
+QAccessibleInterface* makeInterface(const QString& className, QObject* object)
+{
+    auto* label = className == QLatin1String("QxtLabel") ? qobject_cast<QxtLabel*>(object) : nullptr;
+    return label ? new QxtLabelAccessible(label) : nullptr;
+}
+
+/// Qt must not ask any more when the library goes.
+struct InstalledFactory
+{
+    InstalledFactory() { QAccessible::installFactory(makeInterface); }
+    ~InstalledFactory() { QAccessible::removeFactory(makeInterface); }
+    Q_DISABLE_COPY(InstalledFactory)
+};
+
+} // namespace
+
+void makeQxtLabelsAccessible()
+{
+    static const InstalledFactory factory;
+}

@@ -1,0 +1,20 @@
+#include "ui/qt/controls/ElidedTextLabel.h"
+
+#include "compat/QxtLabelAccessible.h"
+#include "ui/qt/controls/ElidedTextUtil.h"
+
+ElidedTextLabel::ElidedTextLabel(QWidget* parent, Qt::WindowFlags flags)
+    : QxtLabel(parent, flags)
+{
+    makeQxtLabelsAccessible();
+    setAlignment(Qt::AlignLeft);
+    setElideMode(Qt::ElideLeft);
+}
+
+ElidedTextLabel::~ElidedTextLabel() = default;
+
+void ElidedTextLabel::paintEvent(QPaintEvent* event)
+{
+    QxtLabel::paintEvent(event);
+    ElidedTextUtil().updateToolTip(this, contentsRect().width(), text(), text());
+}

@@ -1,0 +1,19 @@
+#include "ui/qt/controls/ElidedTextUtil.h"
+
+#include <QFontMetrics>
+#include <QString>
+#include <QWidget>
+
+ElidedTextUtil::~ElidedTextUtil() = default;
+
+void ElidedTextUtil::updateToolTip(QWidget* widget, int availableWidth, const QString& shownText,
+                                   const QString& fullText)
+{
+    const QString current = widget->toolTip();
+    if (!current.isEmpty() && current != fullText)
+        return;
+    const bool fits = widget->fontMetrics().horizontalAdvance(shownText) <= availableWidth;
+    const QString wanted = fits ? QString() : fullText;
+    if (current != wanted)
+        widget->setToolTip(wanted);
+}
