@@ -58,6 +58,13 @@ set(expected
     "Number fields: 1\\.5e-7 mol/s: Acceptable: .+"
     "Number fields: 1,23 mol/s: Intermediate: .+"
     "Number fields: after steps of one's own: 1\\.5E-06 mol/s and 10"
+    "Labels and buttons: tool tip of a wide label: none"
+    "Labels and buttons: tool tip of a narrow label: /measurements/2024/run 17/flow of the second valve\\.csv"
+    "Labels and buttons: tool tip of the application's own: A tool tip of the application's own"
+    "Helpers: cursors: at work: wait, in the question: none, at work again: wait, afterwards: none"
+    "Helpers: heard: 2"
+    "Helpers: main window: Gallery of common_ui_qt"
+    "Helpers: new families: Gallery Squares"
     "The tour is complete")
 foreach(pattern IN LISTS expected)
     set(lines ${log})
@@ -82,6 +89,7 @@ set(files "")
 foreach(page table-editor open-one-file open-several-files save-a-file choose-a-directory save-with-a-writer native-dialog)
     list(APPEND files ${page} ${page}-dialog ${page}-help)
 endforeach()
+list(APPEND files labels-and-buttons labels-and-buttons-long helpers)
 list(APPEND files number-fields number-fields-comma either-dialog either-dialog-system either-dialog-qt)
 foreach(file IN LISTS files)
     if(NOT named_pictures MATCHES ": picture ${file}\\.png, [1-9][0-9]* x [1-9][0-9]*")

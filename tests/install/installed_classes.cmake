@@ -1,14 +1,7 @@
 # Where the library of a class is installed, the class is that library's: for cmake and, by the flags that the pkg-config
 # file gets, for a bare compiler. The library is one of the same name that is made here.
 cmake_policy(VERSION 3.16)
-
-function(run)
-    execute_process(COMMAND ${ARGN} RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE output)
-    if(NOT result EQUAL 0)
-        string(REPLACE ";" " " command "${ARGN}")
-        message(FATAL_ERROR "${command}\nanswered ${result}:\n${output}")
-    endif()
-endfunction()
+include("${CMAKE_CURRENT_LIST_DIR}/run.cmake")
 
 file(REMOVE_RECURSE "${SCRATCH}")
 set(prefix "${SCRATCH}/prefix")

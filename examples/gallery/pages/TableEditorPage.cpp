@@ -11,6 +11,9 @@
 #include "TableModel.h"
 #include "TableSaver.h"
 
+#include "ui/qt/controls/ElidedTextLabel.h"
+#include "ui/qt/controls/OverrideCursor.h"
+#include "ui/qt/controls/QtSignalConnectionCollection.h"
 #include "ui/qt/dialogs/LaunchFileDialog.h"
 #include "ui/qt/dialogs/SaveFileDialog.h"
 
@@ -75,7 +78,7 @@ TableEditorPage::TableEditorPage()
                      "the background and can be cancelled."))
     , m_openButton(new QPushButton(tr("&Open a table…")))
     , m_saveButton(new QPushButton(tr("&Save as…")))
-    , m_pathLabel(new QLabel)
+    , m_pathLabel(new ElidedTextLabel)
     , m_view(new TableView)
     , m_editTriggers(m_view->editTriggers())
     , m_model(new TableModel(this))
@@ -95,10 +98,6 @@ TableEditorPage::~TableEditorPage() = default;
 
 void TableEditorPage::addWidgets()
 {
-    m_pathLabel->setTextFormat(Qt::PlainText);
-    m_pathLabel->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    // A long path must not widen the window.
-    m_pathLabel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     m_pathLabel->setText(tr("No table is open."));
     m_saveButton->setEnabled(false);
     m_view->setAccessibleName(tr("Table"));
@@ -110,7 +109,7 @@ void TableEditorPage::addWidgets()
     auto* top = new QHBoxLayout;
     top->addWidget(m_openButton);
     top->addWidget(m_saveButton);
-    top->addWidget(m_pathLabel, 1);
+    top->addWidget(m_pathLabel, 1, Qt::AlignVCenter);
     contents().addLayout(top);
     contents().addWidget(m_view, 1);
     contents().addWidget(m_statusLine);
@@ -123,7 +122,6 @@ void TableEditorPage::connectWidgets()
     connect(m_saveButton, &QPushButton::clicked, this, &TableEditorPage::saveTable);
     connect(m_saver, &TableSaver::finished, this, &TableEditorPage::onSaved);
     connect(m_model, &TableModel::modifiedChanged, this, &TableEditorPage::showFacts);
-    connect(m_model, &TableModel::dataChanged, this, [this] { m_editedWhileSaved = true; });
     connect(m_loadBar, &LoadBar::cancelled, this, &TableEditorPage::cancelLoading);
     connect(m_loader, &TableLoader::progressChanged, m_loadBar, &LoadBar::setPercent);
     connect(m_loader, &TableLoader::finished, this, &TableEditorPage::onLoaded);
@@ -203,6 +201,8 @@ void TableEditorPage::hideLoadBar()
 
 void TableEditorPage::showTable(const std::shared_ptr<TableDocument>& document)
 {
+    // Reading has gone on in the background, beside a bar that can cancel it; this is what the window stands still for.
+    const zelmar::ui::OverrideCursor cursor(Qt::WaitCursor);
     m_model->setDocument(document);
     m_view->fitColumns();
     m_view->setCurrentIndex(m_model->index(0, 0));
@@ -215,8 +215,9 @@ void TableEditorPage::showTable(const std::shared_ptr<TableDocument>& document)
 void TableEditorPage::showPath(const QString& path)
 {
     m_path = path;
+    // Or the label would take the last path, which it has as tool tip, for the page's own.
+    m_pathLabel->setToolTip(QString());
     m_pathLabel->setText(QDir::toNativeSeparators(path));
-    m_pathLabel->setToolTip(m_pathLabel->text().toHtmlEscaped());
 }
 
 void TableEditorPage::showFacts()
@@ -246,12 +247,15 @@ void TableEditorPage::saveTable()
     m_saveButton->setEnabled(false);
     m_openButton->setEnabled(false); // onSaved() speaks of the table that is shown
     m_editedWhileSaved = false;
+    m_whileSaving = std::make_unique<zelmar::ui::QtSignalConnectionCollection>();
+    m_whileSaving->add(connect(m_model, &TableModel::dataChanged, this, [this] { m_editedWhileSaved = true; }));
     m_saver->save(*m_model->document(), QString::fromStdString(flow.selectedFilename()),
                   tableFormats()[flow.selectedWriter()]);
 }
 
 void TableEditorPage::onSaved(const QString& path, const QString& error)
 {
+    m_whileSaving.reset();
     m_saveButton->setEnabled(true);
     m_openButton->setEnabled(true);
     if (!error.isEmpty()) {

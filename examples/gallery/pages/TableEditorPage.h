@@ -6,9 +6,16 @@
 
 #include <QAbstractItemView>
 
+#include <memory>
+
+class ElidedTextLabel;
 class QLabel;
 class QPushButton;
 class QStackedWidget;
+
+namespace zelmar::ui {
+class QtSignalConnectionCollection;
+} // namespace zelmar::ui
 
 namespace gallery {
 
@@ -60,7 +67,7 @@ private:
 
     QPushButton* m_openButton;
     QPushButton* m_saveButton;
-    QLabel* m_pathLabel;
+    ElidedTextLabel* m_pathLabel;
     TableView* m_view;
     const QAbstractItemView::EditTriggers m_editTriggers; ///< of the view, while nothing is loading
     TableModel* m_model;
@@ -70,8 +77,9 @@ private:
     QLabel* m_facts;
     LoadBar* m_loadBar;
     MessageArea* m_messages;
-    QString m_loadingPath;           ///< of the load under way, or of the last one
-    QString m_path;                  ///< of the table that is shown; empty when none is
+    QString m_loadingPath; ///< of the load under way, or of the last one
+    QString m_path;        ///< of the table that is shown; empty when none is
+    std::unique_ptr<zelmar::ui::QtSignalConnectionCollection> m_whileSaving; ///< null while nothing is saved
     bool m_editedWhileSaved = false; ///< so that what was saved is older than what is shown
 };
 

@@ -3,6 +3,8 @@
 #include "EitherDialogPage.h"
 #include "FileDialogExample.h"
 #include "FileDialogPage.h"
+#include "HelpersPage.h"
+#include "LabelsAndButtonsPage.h"
 #include "NativeDialogPage.h"
 #include "NumberFieldsPage.h"
 #include "SaveFlowPage.h"
@@ -20,6 +22,8 @@ std::vector<std::unique_ptr<GalleryPage>> makeGalleryPages()
     pages.push_back(std::make_unique<NativeDialogPage>());
     pages.push_back(std::make_unique<EitherDialogPage>());
     pages.push_back(std::make_unique<NumberFieldsPage>());
+    pages.push_back(std::make_unique<LabelsAndButtonsPage>());
+    pages.push_back(std::make_unique<HelpersPage>());
     return pages;
 }
 

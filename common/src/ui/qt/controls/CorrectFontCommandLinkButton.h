@@ -8,7 +8,8 @@ namespace zelmar { // NOLINT(modernize-concat-nested-namespaces): C++14 here
 namespace ui {
 
 /// A QCommandLinkButton that no layout makes smaller than its title and description need: its smallest size is its size
-/// hint. Qt's own button reports a smallest size without the description, which low windows then cut off.
+/// hint. Qt's own button reports a smallest size without the description, which low windows then cut off. In more width
+/// than that a description needs less height, and layouts give it just that.
 ///
 ///     auto* open = new zelmar::ui::CorrectFontCommandLinkButton(window);
 ///     open->setText("Open a run");

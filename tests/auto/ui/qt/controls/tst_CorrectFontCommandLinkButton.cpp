@@ -1,9 +1,9 @@
 #include "ui/qt/controls/CorrectFontCommandLinkButton.h"
 
+#include "RoomyStyle.h"
 #include "TestHome.h"
 
 #include <QApplication>
-#include <QProxyStyle>
 #include <QStyleFactory>
 #include <QTest>
 #include <QVBoxLayout>
@@ -34,21 +34,6 @@ class PlainButton : public QCommandLinkButton
 public:
     using QCommandLinkButton::minimumSizeHint;
     using QCommandLinkButton::sizeHint;
-};
-
-/// A style that differs in what a button's size depends on.
-class RoomyStyle : public QProxyStyle
-{
-public:
-    RoomyStyle()
-        : QProxyStyle(QStringLiteral("Fusion"))
-    {
-    }
-    int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override
-    {
-        const int usual = QProxyStyle::pixelMetric(metric, option, widget);
-        return metric == PM_ButtonIconSize || metric == PM_ButtonMargin ? 3 * usual : usual;
-    }
 };
 
 std::unique_ptr<QStyle> makeStyle(const QString& name)

@@ -1,0 +1,163 @@
+#include "LabelsAndButtonsPage.h"
+
+#include "tour/Tour.h"
+
+#include "ui/qt/controls/CorrectFontCommandLinkButton.h"
+#include "ui/qt/controls/ElidedTextLabel.h"
+
+#include "RoomyStyle.h"
+
+#include <QCheckBox>
+#include <QFormLayout>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QSplitter>
+#include <QStyleFactory>
+#include <QVBoxLayout>
+
+#include <utility>
+
+using zelmar::ui::CorrectFontCommandLinkButton;
+
+namespace gallery {
+
+LabelsAndButtonsPage::LabelsAndButtonsPage()
+    : GalleryPage(
+        tr("Labels and buttons"),
+        tr("A label that shortens its text at the beginning and then has the whole text as tool tip; drag the "
+           "handle beside the last one. A command link that is never smaller than its texts need."))
+    , m_text(new QLineEdit(tr("/measurements/2024/run 17/flow of the second valve.csv")))
+    , m_ownToolTip(new QCheckBox(tr("The labels have a tool tip of the &application's own")))
+    , m_splitter(new QSplitter)
+    , m_toolTip(new QLabel)
+    , m_title(new QLineEdit(tr("Open a run")))
+    , m_description(new QLineEdit(tr("Reads the files of one run.")))
+    , m_pressed(new QCheckBox(tr("The buttons are &pressed")))
+{
+    auto* form = new QFormLayout;
+    addLabels(*form);
+    addButtons(*form);
+    contents().addLayout(form);
+    contents().addStretch();
+    showText(m_text->text());
+}
+
+LabelsAndButtonsPage::~LabelsAndButtonsPage()
+{
+    // They go before the styles that they are drawn in.
+    qDeleteAll(m_buttons);
+}
+
+void LabelsAndButtonsPage::addLabels(QFormLayout& form)
+{
+    form.addRow(tr("&Text"), m_text);
+    for (const int letters : {12, 30, 60}) {
+        auto* label = new ElidedTextLabel;
+        label->setFrameStyle(QFrame::StyledPanel);
+        label->setFixedWidth(letters * fontMetrics().averageCharWidth());
+        form.addRow(tr("%1 letters wide").arg(letters), label);
+        m_labels.append(label);
+    }
+    form.addRow(tr("To be dragged"), makeSplitter());
+    form.addRow(tr("Its tool tip is"), m_toolTip);
+    form.addRow(m_ownToolTip);
+    m_toolTip->setTextFormat(Qt::PlainText);
+    m_toolTip->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    connect(m_text, &QLineEdit::textChanged, this, &LabelsAndButtonsPage::showText);
+    connect(m_ownToolTip, &QCheckBox::toggled, this, &LabelsAndButtonsPage::useOwnToolTip);
+}
+
+QWidget* LabelsAndButtonsPage::makeSplitter()
+{
+    auto* label = new ElidedTextLabel;
+    label->setFrameStyle(QFrame::StyledPanel);
+    m_labels.append(label);
+    auto* rest = new QFrame;
+    rest->setFrameStyle(QFrame::StyledPanel);
+    m_splitter->addWidget(label);
+    m_splitter->addWidget(rest);
+    m_splitter->setChildrenCollapsible(false);
+    m_splitter->setSizes({1000, 1000});
+    // After the label has been painted at its new width, which is when its tool tip follows.
+    connect(m_splitter, &QSplitter::splitterMoved, this, &LabelsAndButtonsPage::showToolTip, Qt::QueuedConnection);
+    return m_splitter;
+}
+
+void LabelsAndButtonsPage::addButtons(QFormLayout& form)
+{
+    form.addRow(tr("T&itle"), m_title);
+    form.addRow(tr("&Description"), m_description);
+    auto* grid = new QGridLayout;
+    addButton(*grid, tr("Fusion"), std::unique_ptr<QStyle>(QStyleFactory::create(QStringLiteral("Fusion"))));
+    addButton(*grid, tr("Windows"), std::unique_ptr<QStyle>(QStyleFactory::create(QStringLiteral("Windows"))));
+    addButton(*grid, tr("One that needs more room"), std::make_unique<RoomyStyle>());
+    form.addRow(tr("In three styles"), grid);
+    form.addRow(m_pressed);
+}
+
+void LabelsAndButtonsPage::addButton(QGridLayout& grid, const QString& styleName, std::unique_ptr<QStyle> style)
+{
+    auto* button = new CorrectFontCommandLinkButton;
+    button->setStyle(style.get());
+    button->setText(m_title->text());
+    button->setDescription(m_description->text());
+    grid.addWidget(new QLabel(styleName), 0, m_buttons.size());
+    grid.addWidget(button, 1, m_buttons.size());
+    m_buttons.append(button);
+    m_styles.push_back(std::move(style));
+    connect(m_title, &QLineEdit::textChanged, button, &QCommandLinkButton::setText);
+    connect(m_description, &QLineEdit::textChanged, button, &QCommandLinkButton::setDescription);
+    connect(m_pressed, &QCheckBox::toggled, button, &QCommandLinkButton::setDown);
+}
+
+void LabelsAndButtonsPage::showText(const QString& text)
+{
+    for (ElidedTextLabel* label : qAsConst(m_labels)) {
+        // What was the label's own tool tip would be taken for the application's beside another text.
+        if (!m_ownToolTip->isChecked())
+            label->setToolTip(QString());
+        label->setText(text);
+    }
+    showToolTip();
+}
+
+void LabelsAndButtonsPage::useOwnToolTip(bool on)
+{
+    for (ElidedTextLabel* label : qAsConst(m_labels)) {
+        label->setToolTip(on ? tr("A tool tip of the application's own") : QString());
+        label->update();
+    }
+    showToolTip();
+}
+
+void LabelsAndButtonsPage::showToolTip()
+{
+    ElidedTextLabel* label = m_labels.last();
+    label->repaint();
+    m_toolTip->setText(label->toolTip().isEmpty() ? tr("none") : label->toolTip());
+}
+
+// Tour
+
+void LabelsAndButtonsPage::tour(Tour& tour)
+{
+    m_splitter->setSizes({10000, 0});
+    showToolTip();
+    tour.log(QStringLiteral("tool tip of a wide label: ") + m_toolTip->text());
+    m_splitter->setSizes({m_splitter->width() / 3, m_splitter->width()});
+    showToolTip();
+    tour.log(QStringLiteral("tool tip of a narrow label: ") + m_toolTip->text());
+    tour.takePicture();
+
+    m_ownToolTip->setChecked(true);
+    m_text->setText(QStringLiteral("<b>&Mark-up</b> is shown as it is, in a label as wide as you like"));
+    tour.log(QStringLiteral("tool tip of the application's own: ") + m_toolTip->text());
+    m_description->setText(
+        QStringLiteral("Reads the files of one run, and of those that were measured on the same day, "
+                       "and changes nothing in them."));
+    m_pressed->setChecked(true);
+    tour.takePicture(QStringLiteral("long"));
+}
+
+} // namespace gallery

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "GalleryPage.h"
+
+#include <QVector>
+
+#include <memory>
+#include <vector>
+
+class ElidedTextLabel;
+class QCheckBox;
+class QFormLayout;
+class QGridLayout;
+class QLabel;
+class QLineEdit;
+class QSplitter;
+class QStyle;
+
+namespace zelmar::ui {
+class CorrectFontCommandLinkButton;
+} // namespace zelmar::ui
+
+namespace gallery {
+
+/// The eliding label at three widths and at one that the user drags, and the command link in three styles, with their
+/// texts to be changed.
+class LabelsAndButtonsPage : public GalleryPage
+{
+    Q_OBJECT
+
+public:
+    LabelsAndButtonsPage();
+    ~LabelsAndButtonsPage() override;
+
+    void tour(Tour& tour) override;
+
+private:
+    void addLabels(QFormLayout& form);
+    void addButtons(QFormLayout& form);
+    void addButton(QGridLayout& grid, const QString& styleName, std::unique_ptr<QStyle> style);
+    QWidget* makeSplitter();
+    void showText(const QString& text);
+    void useOwnToolTip(bool on);
+    void showToolTip();
+
+    QLineEdit* m_text;
+    QCheckBox* m_ownToolTip;
+    QSplitter* m_splitter;
+    QLabel* m_toolTip;
+    QVector<ElidedTextLabel*> m_labels; ///< the last one is in the splitter
+    QLineEdit* m_title;
+    QLineEdit* m_description;
+    QCheckBox* m_pressed;
+    std::vector<std::unique_ptr<QStyle>> m_styles;
+    QVector<zelmar::ui::CorrectFontCommandLinkButton*> m_buttons; ///< one for each style
+};
+
+} // namespace gallery

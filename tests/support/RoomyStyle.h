@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QProxyStyle>
+
+/// A style in which buttons need more room than in its base.
+class RoomyStyle : public QProxyStyle
+{
+public:
+    RoomyStyle()
+        : QProxyStyle(QStringLiteral("Fusion"))
+    {
+    }
+
+    QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
+                           const QWidget* widget) const override
+    {
+        const QSize usual = QProxyStyle::sizeFromContents(type, option, contents, widget);
+        return type == CT_PushButton ? usual + QSize(100, 60) : usual;
+    }
+};
