@@ -15,6 +15,6 @@ public:
                            const QWidget* widget) const override
     {
         const QSize usual = QProxyStyle::sizeFromContents(type, option, contents, widget);
-        return type == CT_PushButton ? usual + QSize(100, 60) : usual;
+        return type == CT_PushButton ? usual + QSize(40, 60) : usual;
     }
 };

@@ -91,8 +91,8 @@ void LabelsAndButtonsPage::addButtons(QFormLayout& form)
     auto* grid = new QGridLayout;
     addButton(*grid, tr("Fusion"), std::unique_ptr<QStyle>(QStyleFactory::create(QStringLiteral("Fusion"))));
     addButton(*grid, tr("Windows"), std::unique_ptr<QStyle>(QStyleFactory::create(QStringLiteral("Windows"))));
-    addButton(*grid, tr("One that needs more room"), std::make_unique<RoomyStyle>());
-    form.addRow(tr("In three styles"), grid);
+    addButton(*grid, tr("One with higher buttons"), std::make_unique<RoomyStyle>());
+    form.addRow(grid);
     form.addRow(m_pressed);
 }
 

@@ -168,6 +168,8 @@ void TableEditorPage::startLoading(const QString& path)
     // What was edited or saved from here on would be of a table that is about to go.
     m_saveButton->setEnabled(false);
     m_view->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    // Not an override cursor: reading ends when it likes, which may be while a dialog has its own on the stack.
+    m_view->setCursor(Qt::BusyCursor);
     m_loader->load(path);
 }
 
@@ -195,13 +197,14 @@ void TableEditorPage::hideLoadBar()
     m_statusLine->setCurrentWidget(m_facts);
     m_saveButton->setEnabled(!m_path.isEmpty());
     m_view->setEditTriggers(m_editTriggers);
+    m_view->unsetCursor();
     if (hadFocus)
         m_openButton->setFocus();
 }
 
 void TableEditorPage::showTable(const std::shared_ptr<TableDocument>& document)
 {
-    // Reading has gone on in the background, beside a bar that can cancel it; this is what the window stands still for.
+    // What the window stands still for: a moment with a hundred columns.
     const zelmar::ui::OverrideCursor cursor(Qt::WaitCursor);
     m_model->setDocument(document);
     m_view->fitColumns();
@@ -349,6 +352,7 @@ void TableEditorPage::tourCancelledLoad(Tour& tour)
     openInTour(tour, QStringLiteral("broken.json"));
     tour.expect(!m_saveButton->isEnabled() && m_view->editTriggers() == QAbstractItemView::NoEditTriggers,
                 QStringLiteral("nothing is edited or saved while another table is loading"));
+    tour.expect(m_view->cursor().shape() == Qt::BusyCursor, QStringLiteral("the table has a busy cursor meanwhile"));
     m_loadBar->cancelButton().setFocus();
     m_loadBar->cancelButton().click();
     tour.expect(window()->focusWidget() == m_openButton,
@@ -356,6 +360,7 @@ void TableEditorPage::tourCancelledLoad(Tour& tour)
     tour.expect(!m_loader->isLoading(), QStringLiteral("Cancel ends loading"));
     tour.expect(m_saveButton->isEnabled() && m_view->editTriggers() == m_editTriggers,
                 QStringLiteral("the table can be edited and saved when loading is cancelled"));
+    tour.expect(m_view->cursor().shape() == Qt::ArrowCursor, QStringLiteral("the busy cursor goes with the load"));
     tour.expect(m_pathLabel->text() == shown, QStringLiteral("the table stays when loading is cancelled"));
     tour.log(QStringLiteral("cancelled loading: ") + m_loadingPath);
 }
