@@ -278,6 +278,7 @@ void TableEditorPage::tour(Tour& tour)
     tourGoodTable(tour);
     tour.readHelpAndCancelFileDialog([this] { m_saveButton->click(); });
     tourSavedTables(tour);
+    tourEditWhileSaving(tour);
     tourUnsavedEdits(tour);
     tourCancelledLoad(tour);
     tourBrokenTable(tour);
@@ -333,6 +334,16 @@ void TableEditorPage::saveInTour(Tour& tour, const QString& name, int format)
         [this] { m_saveButton->click(); });
     tour.waitUntil(QStringLiteral("the table is saved"), [this] { return !m_saver->isSaving(); });
     tour.expect(QFileInfo(m_path).fileName() == name, QStringLiteral("the table is saved as ") + name);
+}
+
+void TableEditorPage::tourEditWhileSaving(Tour& tour)
+{
+    tour.acceptFileDialog({QStringLiteral("edited"), 0, QString()}, [this] { m_saveButton->click(); });
+    tour.expect(m_saver->isSaving(), QStringLiteral("the table is being saved"));
+    m_model->setData(m_model->index(0, 0), QStringLiteral("edited meanwhile"));
+    tour.waitUntil(QStringLiteral("the table is saved"), [this] { return !m_saver->isSaving(); });
+    tour.expect(m_model->isModified(), QStringLiteral("an edit that came while the table was saved is unsaved"));
+    m_model->markSaved();
 }
 
 void TableEditorPage::tourUnsavedEdits(Tour& tour)

@@ -60,6 +60,7 @@ private:
     void openInTour(Tour& tour, const QString& name, const QString& picture = {});
     void tourGoodTable(Tour& tour);
     void tourSavedTables(Tour& tour);
+    void tourEditWhileSaving(Tour& tour);
     void tourUnsavedEdits(Tour& tour);
     void saveInTour(Tour& tour, const QString& name, int format);
     void tourBrokenTable(Tour& tour);
