@@ -1,0 +1,153 @@
+// Copying the selected cells of a table beside the plain way (list the selected indexes, sort them, append their
+// texts), beside a bare loop over the cells that makes their texts and throws them away, and beside itself on tables
+// and selections of another size.
+
+#include "Comparison.h"
+#include "plainTableText.h"
+#include "ui/qt/controls/TableCopyHandler.h"
+
+#include <QAbstractTableModel>
+#include <QApplication>
+#include <QClipboard>
+#include <QItemSelectionModel>
+#include <QTableView>
+
+#include <memory>
+
+using zelmar::ui::TableCopyHandler;
+
+namespace {
+
+constexpr int columns = 100;
+
+/// Doubles with all their digits, as measurements have them.
+class Doubles : public QAbstractTableModel
+{
+public:
+    explicit Doubles(int rows)
+        : m_rows(rows)
+    {
+    }
+
+    int rowCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : m_rows; }
+    int columnCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : columns; }
+    QVariant data(const QModelIndex& index, int role) const override
+    {
+        return role == Qt::DisplayRole ? QVariant((index.row() * columns + index.column()) / 7.0) : QVariant();
+    }
+
+private:
+    int m_rows;
+};
+
+/// A table with a handler and something selected.
+class Table
+{
+public:
+    explicit Table(int rows)
+        : m_model(rows)
+        , m_handler(*new TableCopyHandler(m_view))
+    {
+        m_view.setModel(&m_model);
+    }
+
+    QTableView& view() { return m_view; }
+    void copy() { m_handler.copyToClipboard(); }
+
+    void copyPlainly() const { QGuiApplication::clipboard()->setText(plainTableText(m_view), QClipboard::Clipboard); }
+
+    /// Its result is what the texts hold, so that nobody can leave them out.
+    int visitAllCells() const
+    {
+        int length = 0;
+        for (int row = 0; row < m_model.rowCount(); ++row) {
+            for (int column = 0; column < columns; ++column)
+                length += m_model.index(row, column).data().toString().size();
+        }
+        return length;
+    }
+
+private:
+    Doubles m_model;
+    QTableView m_view;
+    TableCopyHandler& m_handler;
+};
+
+std::unique_ptr<Table> selectedTable(int rows)
+{
+    auto table = std::make_unique<Table>(rows);
+    table->view().selectAll();
+    return table;
+}
+
+/// Every other cell, each in a range of its own.
+std::unique_ptr<Table> checkerboard(int ranges)
+{
+    const int inRow = columns / 2;
+    auto table = std::make_unique<Table>(ranges / inRow);
+    QItemSelection selection;
+    for (int range = 0; range < ranges; ++range) {
+        const int row = range / inRow;
+        const QModelIndex cell = table->view().model()->index(row, 2 * (range % inRow) + row % 2);
+        selection.append(QItemSelectionRange(cell));
+    }
+    table->view().selectionModel()->select(selection, QItemSelectionModel::Select);
+    return table;
+}
+
+bool hasSameText(Table& table)
+{
+    QGuiApplication::clipboard()->clear();
+    table.copy();
+    const QString text = QGuiApplication::clipboard()->text();
+    table.copyPlainly();
+    return !text.isEmpty() && text == QGuiApplication::clipboard()->text();
+}
+
+void compareWithOtherWays()
+{
+    const std::unique_ptr<Table> table = selectedTable(10000);
+    int length = 0;
+    if (!hasSameText(*table))
+        std::printf("not the text of the plain way\n");
+    compare(
+        "1,000,000 cells, beside the plain way", 15, [&] { table->copy(); }, [&] { table->copyPlainly(); });
+    compare(
+        "1,000,000 cells, beside a bare loop", 15, [&] { table->copy(); }, [&] { length = table->visitAllCells(); });
+    if (length == 0)
+        std::printf("no texts\n");
+}
+
+void compareSizes()
+{
+    const std::unique_ptr<Table> large = selectedTable(40000);
+    const std::unique_ptr<Table> small = selectedTable(10000);
+    compare(
+        "4,000,000 cells, beside 1,000,000", 9, [&] { large->copy(); }, [&] { small->copy(); });
+}
+
+void compareCheckerboards()
+{
+    const std::unique_ptr<Table> large = checkerboard(40000);
+    const std::unique_ptr<Table> middle = checkerboard(20000);
+    const std::unique_ptr<Table> small = checkerboard(10000);
+    if (!hasSameText(*middle))
+        std::printf("not the text of the plain way\n");
+    compare(
+        "20,000 single ranges, beside 10,000", 51, [&] { middle->copy(); }, [&] { small->copy(); });
+    compare(
+        "40,000 single ranges, beside 20,000", 51, [&] { large->copy(); }, [&] { middle->copy(); });
+    compare(
+        "20,000 single ranges, beside the plain way", 51, [&] { middle->copy(); }, [&] { middle->copyPlainly(); });
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    QApplication application(argc, argv);
+    compareWithOtherWays();
+    compareSizes();
+    compareCheckerboards();
+    return 0;
+}

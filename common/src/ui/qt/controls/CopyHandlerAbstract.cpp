@@ -1,0 +1,37 @@
+#include "ui/qt/controls/CopyHandlerAbstract.h"
+
+#include <QKeyEvent>
+#include <QKeySequence>
+
+namespace zelmar::ui {
+
+namespace {
+
+bool isCopyKeyPress(QEvent& event)
+{
+    return event.type() == QEvent::KeyPress && static_cast<QKeyEvent&>(event).matches(QKeySequence::Copy);
+}
+
+} // namespace
+
+CopyHandlerAbstract::CopyHandlerAbstract(QObject& watched)
+    : QObject(&watched)
+    , m_watched(&watched)
+{
+    m_watched->installEventFilter(this);
+}
+
+CopyHandlerAbstract::~CopyHandlerAbstract()
+{
+    m_watched->removeEventFilter(this);
+}
+
+bool CopyHandlerAbstract::eventFilter(QObject* /*watched*/, QEvent* event)
+{
+    if (!isCopyKeyPress(*event))
+        return false;
+    copyToClipboard(); // nothing of this object is touched from here on: it may be gone
+    return true;
+}
+
+} // namespace zelmar::ui

@@ -1,0 +1,163 @@
+#include "ui/qt/controls/TableCopyHandler.h"
+
+#include "ui/qt/controls/numbers/appendShortestText.h"
+
+#include <QAbstractItemModel>
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QItemSelectionModel>
+#include <QPointer>
+#include <QTableView>
+#include <QVariant>
+
+#include <algorithm>
+#include <optional>
+#include <vector>
+
+namespace zelmar::ui {
+
+namespace {
+
+/// What a QItemSelectionRange says, looked up once.
+struct Range
+{
+    explicit Range(const QItemSelectionRange& range)
+        : top(range.top())
+        , bottom(range.bottom())
+        , left(range.left())
+        , right(range.right())
+        , model(range.model())
+        , parent(range.parent())
+    {
+    }
+
+    int top;
+    int bottom;
+    int left;
+    int right;
+    const QAbstractItemModel* model;
+    QModelIndex parent;
+};
+
+/// In the order of their first cells.
+std::vector<Range> sortedRanges(const QItemSelection& selection)
+{
+    std::vector<Range> ranges(selection.cbegin(), selection.cend());
+    std::sort(ranges.begin(), ranges.end(), [](const Range& one, const Range& other) {
+        return one.top != other.top ? one.top < other.top : one.left < other.left;
+    });
+    return ranges;
+}
+
+/// Walks through the cells of a selection row by row. They are those of QItemSelection::indexes(), in the order of
+/// QModelIndex, and never more than a row of them at once: a list of all takes longer to make than the text.
+class RowWalk
+{
+public:
+    explicit RowWalk(const QItemSelection& selection)
+        : m_ranges(sortedRanges(selection))
+        , m_nextRange(m_ranges.cbegin())
+    {
+    }
+
+    /// Goes on to the next row that has ranges; false when there is none.
+    bool next()
+    {
+        leaveFinishedRanges();
+        if (m_current.empty() && m_nextRange == m_ranges.cend())
+            return false;
+        m_row = m_current.empty() ? m_nextRange->top : m_row + 1;
+        for (; m_nextRange != m_ranges.cend() && m_nextRange->top == m_row; ++m_nextRange)
+            m_current.push_back(&*m_nextRange);
+        collectCells();
+        return true;
+    }
+
+    /// Of the row; none if all are disabled or not selectable.
+    const std::vector<QModelIndex>& cells() const { return m_cells; }
+
+private:
+    void leaveFinishedRanges()
+    {
+        const auto isFinished = [this](const Range* range) { return range->bottom <= m_row; };
+        m_current.erase(std::remove_if(m_current.begin(), m_current.end(), isFinished), m_current.end());
+    }
+
+    void collectCells()
+    {
+        m_cells.clear();
+        for (const Range* range : m_current)
+            collectCells(*range);
+        // As a rule they are: a row of several ranges that have not begun in it from left to right is the exception.
+        if (!std::is_sorted(m_cells.cbegin(), m_cells.cend()))
+            std::sort(m_cells.begin(), m_cells.end());
+    }
+
+    void collectCells(const Range& range)
+    {
+        const Qt::ItemFlags wanted = Qt::ItemIsSelectable | Qt::ItemIsEnabled;
+        for (int column = range.left; column <= range.right; ++column) {
+            const QModelIndex cell = range.model->index(m_row, column, range.parent);
+            if ((range.model->flags(cell) & wanted) == wanted)
+                m_cells.push_back(cell);
+        }
+    }
+
+    std::vector<Range> m_ranges;
+    std::vector<Range>::const_iterator m_nextRange; ///< the first that begins below the row
+    std::vector<const Range*> m_current;            ///< those that have cells in the row
+    std::vector<QModelIndex> m_cells;
+    int m_row = -1;
+};
+
+/// What QVariant::toString() gives.
+void appendText(QString& text, const QVariant& value)
+{
+    if (value.userType() == QMetaType::Double)
+        appendShortestText(text, value.toDouble());
+    else
+        text += value.toString();
+}
+
+/// Nothing when the model is deleted by its own data().
+std::optional<QString> textOf(const QItemSelectionModel& selectionModel)
+{
+    const QPointer<const QAbstractItemModel> model = selectionModel.model();
+    RowWalk rows(selectionModel.selection());
+    QString text;
+    bool isFirst = true;
+    while (rows.next()) {
+        QChar separator = QLatin1Char('\n');
+        for (const QModelIndex& cell : rows.cells()) {
+            if (!isFirst)
+                text += separator;
+            isFirst = false;
+            separator = QLatin1Char('\t');
+            appendText(text, cell.data(Qt::DisplayRole));
+            if (!model)
+                return {};
+        }
+    }
+    return text;
+}
+
+} // namespace
+
+TableCopyHandler::TableCopyHandler(QTableView& view)
+    : CopyHandlerAbstract(view)
+    , m_view(&view)
+{
+}
+
+TableCopyHandler::~TableCopyHandler() = default;
+
+void TableCopyHandler::copyToClipboard()
+{
+    const QItemSelectionModel* selectionModel = m_view->selectionModel();
+    const std::optional<QString> text = selectionModel != nullptr ? textOf(*selectionModel) : QString();
+    // The view may be gone, and this handler with it.
+    if (text)
+        QGuiApplication::clipboard()->setText(*text, QClipboard::Clipboard);
+}
+
+} // namespace zelmar::ui
