@@ -14,6 +14,7 @@ set(folder "/.+/home/Documents")
 set(expected
     "Table editor: shown: ${folder}/measurements\\.csv"
     "Table editor: table: 24 rows, 6 columns, UTF-8"
+    "Table editor: copied a row: 6 fields"
     "Table editor: saved and opened again: ${folder}/saved\\.csv, 24 rows, 6 columns, UTF-8"
     "Table editor: saved and opened again: ${folder}/saved\\.tsv, 24 rows, 6 columns, UTF-8"
     "Table editor: saved and opened again: ${folder}/saved\\.json, 24 rows, 6 columns, UTF-8"
@@ -65,6 +66,9 @@ set(expected
     "Helpers: heard: 2"
     "Helpers: main window: Gallery of common_ui_qt"
     "Helpers: new families: Gallery Squares"
+    "Table copy: copied: A1, B1; B2"
+    "Table copy: copied a million cells: 15744133 letters, 9999 line feeds"
+    "Table copy: copied: A1, C1; A3, D3, E3; D6"
     "The tour is complete")
 foreach(pattern IN LISTS expected)
     set(lines ${log})
@@ -90,7 +94,7 @@ foreach(page table-editor open-one-file open-several-files save-a-file choose-a-
     list(APPEND files ${page} ${page}-dialog ${page}-help)
 endforeach()
 list(APPEND files labels-and-buttons labels-and-buttons-long helpers)
-list(APPEND files number-fields number-fields-comma either-dialog either-dialog-system either-dialog-qt)
+list(APPEND files number-fields number-fields-comma table-copy either-dialog either-dialog-system either-dialog-qt)
 foreach(file IN LISTS files)
     if(NOT named_pictures MATCHES ": picture ${file}\\.png, [1-9][0-9]* x [1-9][0-9]*")
         add_failure("the log names no picture ${file}.png")

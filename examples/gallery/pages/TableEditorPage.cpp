@@ -6,6 +6,7 @@
 #include "tour/Tour.h"
 
 #include "FileDialogActions.h"
+#include "Keyboard.h"
 
 #include "TableLoader.h"
 #include "TableModel.h"
@@ -17,14 +18,17 @@
 #include "ui/qt/dialogs/LaunchFileDialog.h"
 #include "ui/qt/dialogs/SaveFileDialog.h"
 
+#include <QClipboard>
 #include <QDir>
 #include <QFileInfo>
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLocale>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QStackedWidget>
+#include <QTest>
 
 namespace gallery {
 
@@ -276,6 +280,7 @@ void TableEditorPage::tour(Tour& tour)
 {
     tourCancelledDialogs(tour);
     tourGoodTable(tour);
+    tourCopiedCells(tour);
     tour.readHelpAndCancelFileDialog([this] { m_saveButton->click(); });
     tourSavedTables(tour);
     tourEditWhileSaving(tour);
@@ -305,6 +310,33 @@ void TableEditorPage::tourGoodTable(Tour& tour)
     tour.expect(m_model->rowCount() > 0, QStringLiteral("the table has rows"));
     tour.expect(m_messages->text().isEmpty(), QStringLiteral("nothing went wrong"));
     tour.takePicture();
+}
+
+/// A cell is drawn no longer than anybody reads, but copied as it is.
+void TableEditorPage::tourCopiedCells(Tour& tour)
+{
+    const QClipboard& clipboard = *QGuiApplication::clipboard();
+    const QModelIndex first = m_model->index(0, 0);
+    const QString shown = first.data().toString();
+    const QString longText(5000, QLatin1Char('x'));
+    m_model->setData(first, longText);
+    takeKeyboardFocus(*m_view);
+    m_view->selectRow(0);
+    QTest::keyClick(m_view, Qt::Key_C, Qt::ControlModifier);
+    const QString copied = clipboard.text();
+    tour.expect(copied == textsOf(*m_model)[1].join(QLatin1Char('\t')), QStringLiteral("a row is copied whole"));
+    tour.log(QStringLiteral("copied a row: %1 fields").arg(copied.count(QLatin1Char('\t')) + 1));
+    m_model->setData(first, shown);
+    m_model->markSaved();
+
+    QTest::keyClick(m_view, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(m_view, Qt::Key_C, Qt::ControlModifier);
+    QStringList lines;
+    for (const QStringList& row : textsOf(*m_model).mid(1))
+        lines += row.join(QLatin1Char('\t'));
+    tour.expect(clipboard.text() == lines.join(QLatin1Char('\n')),
+                QStringLiteral("the table is copied, without its header"));
+    m_view->setCurrentIndex(first);
 }
 
 /// What is saved opens again to the same table, in each format.

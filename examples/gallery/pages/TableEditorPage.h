@@ -59,6 +59,7 @@ private:
     void tourCancelledDialogs(Tour& tour);
     void openInTour(Tour& tour, const QString& name, const QString& picture = {});
     void tourGoodTable(Tour& tour);
+    void tourCopiedCells(Tour& tour);
     void tourSavedTables(Tour& tour);
     void tourEditWhileSaving(Tour& tour);
     void tourUnsavedEdits(Tour& tour);

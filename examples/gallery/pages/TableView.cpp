@@ -1,5 +1,10 @@
 #include "TableView.h"
 
+#include "TableDelegate.h"
+
+#include "ui/qt/controls/TableCopyHandler.h"
+
+#include <QAction>
 #include <QHeaderView>
 
 #include <limits>
@@ -17,10 +22,19 @@ bool fits(const QHeaderView& header, int sections)
     return sections <= std::numeric_limits<int>::max() / header.defaultSectionSize();
 }
 
+/// With the keys that do the same already: they are for show only.
+QString textWithKeys(const QString& text, QKeySequence::StandardKey keys)
+{
+    return text + QLatin1Char('\t') + QKeySequence(keys).toString(QKeySequence::NativeText);
+}
+
 } // namespace
 
 TableView::TableView()
+    : m_copyHandler(new zelmar::ui::TableCopyHandler(*this))
 {
+    setItemDelegate(new TableDelegate(this));
+    addContextMenu();
     // Tab goes on to the next widget, as nobody would get out of the table by keyboard otherwise.
     setTabKeyNavigation(false);
     setWordWrap(false);
@@ -32,6 +46,16 @@ TableView::TableView()
 }
 
 TableView::~TableView() = default;
+
+void TableView::addContextMenu()
+{
+    auto* copy = new QAction(textWithKeys(tr("&Copy"), QKeySequence::Copy), this);
+    connect(copy, &QAction::triggered, m_copyHandler, &zelmar::ui::TableCopyHandler::copyToClipboard);
+    auto* selectAll = new QAction(textWithKeys(tr("Select &all"), QKeySequence::SelectAll), this);
+    connect(selectAll, &QAction::triggered, this, &QTableView::selectAll);
+    addActions({copy, selectAll});
+    setContextMenuPolicy(Qt::ActionsContextMenu);
+}
 
 bool TableView::canShow(int rows, int columns) const
 {

@@ -8,6 +8,7 @@
 #include "NativeDialogPage.h"
 #include "NumberFieldsPage.h"
 #include "SaveFlowPage.h"
+#include "TableCopyPage.h"
 #include "TableEditorPage.h"
 
 namespace gallery {
@@ -24,6 +25,7 @@ std::vector<std::unique_ptr<GalleryPage>> makeGalleryPages()
     pages.push_back(std::make_unique<NumberFieldsPage>());
     pages.push_back(std::make_unique<LabelsAndButtonsPage>());
     pages.push_back(std::make_unique<HelpersPage>());
+    pages.push_back(std::make_unique<TableCopyPage>());
     return pages;
 }
 

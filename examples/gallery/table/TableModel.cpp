@@ -7,12 +7,12 @@ namespace {
 // More than fits a screen; a view would lay out megabytes for every repaint.
 constexpr int LongestShownText = 1000;
 
+} // namespace
+
 QString shownText(const QString& text)
 {
     return text.size() <= LongestShownText ? text : text.left(LongestShownText) + QChar(0x2026);
 }
-
-} // namespace
 
 TableModel::TableModel(QObject* parent)
     : QAbstractTableModel(parent)
@@ -53,8 +53,7 @@ QVariant TableModel::data(const QModelIndex& index, int role) const
     if (!isCell(index))
         return {};
     switch (role) {
-    case Qt::DisplayRole:
-        return shownText(m_document->text(index.row(), index.column()));
+    case Qt::DisplayRole: // whole: it is what is copied
     case Qt::EditRole:
         return m_document->text(index.row(), index.column());
     case Qt::TextAlignmentRole: {

@@ -8,6 +8,9 @@
 
 namespace gallery {
 
+/// What is drawn of a text: of a very long one the beginning.
+QString shownText(const QString& text);
+
 /// Shows and edits a document. A cell is decoded when it is asked for, so the size of the table
 /// does not matter.
 class TableModel : public QAbstractTableModel
@@ -29,7 +32,7 @@ public:
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = QModelIndex()) const override;
     [[nodiscard]] int columnCount(const QModelIndex& parent = QModelIndex()) const override;
-    /// The display text of a very long cell is cut; the edit text never is.
+    /// Texts are whole, however long: whoever draws them takes shownText().
     [[nodiscard]] QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
     /// Columns without a name are numbered from 1, and so are rows.
     [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation,

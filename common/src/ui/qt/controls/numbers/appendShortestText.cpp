@@ -23,6 +23,17 @@ void appendInFormat(QString& text, double value, std::chars_format format)
     text += QLatin1String(buffer.data(), result.ptr);
 }
 
+/// Whether the notation without an exponent is surely the shorter one, which Qt takes: below, small numbers have one;
+/// above, whole numbers that end with many zeros, and perhaps those that have more digits than a double keeps.
+bool isWrittenOut(double magnitude)
+{
+    constexpr double firstWithGaps = 9007199254740992; // 2^53
+    if (magnitude < 1e5)
+        return magnitude >= 1e-4;
+    return magnitude < firstWithGaps
+           && (std::trunc(magnitude) != magnitude || static_cast<qint64>(magnitude) % 1000000 != 0);
+}
+
 #endif
 
 } // namespace
@@ -32,13 +43,14 @@ void appendInFormat(QString& text, double value, std::chars_format format)
 void appendShortestText(QString& text, double value)
 {
     const double magnitude = std::abs(value);
-    // Qt takes the shorter notation. Which one that is depends on the digits for large whole numbers only.
-    if (magnitude >= 1e-4 && (magnitude < 1e5 || std::trunc(magnitude) != magnitude))
+    if (isWrittenOut(magnitude))
         appendInFormat(text, value, std::chars_format::fixed);
-    else if (magnitude > 0 && magnitude < 1e-4)
+    else if (magnitude == 0)
+        text += QLatin1Char('0'); // -0 has no sign there
+    else if (magnitude < 1e-4)
         appendInFormat(text, value, std::chars_format::scientific);
     else
-        appendAsQtDoes(text, value); // also 0, -0, which has no sign there, infinities and what is not a number
+        appendAsQtDoes(text, value); // also infinities and what is not a number
 }
 
 #else
