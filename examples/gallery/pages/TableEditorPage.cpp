@@ -18,6 +18,7 @@
 #include "ui/qt/dialogs/LaunchFileDialog.h"
 #include "ui/qt/dialogs/SaveFileDialog.h"
 
+#include <QAction>
 #include <QClipboard>
 #include <QDir>
 #include <QFileInfo>
@@ -329,8 +330,9 @@ void TableEditorPage::tourCopiedCells(Tour& tour)
     m_model->setData(first, shown);
     m_model->markSaved();
 
-    QTest::keyClick(m_view, Qt::Key_A, Qt::ControlModifier);
-    QTest::keyClick(m_view, Qt::Key_C, Qt::ControlModifier);
+    m_view->setCurrentIndex(first);
+    for (QAction* action : {m_view->actions().last(), m_view->actions().first()}) // Select all, and Copy
+        action->trigger();
     QStringList lines;
     for (const QStringList& row : textsOf(*m_model).mid(1))
         lines += row.join(QLatin1Char('\t'));

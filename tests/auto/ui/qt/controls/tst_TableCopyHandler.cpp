@@ -249,9 +249,10 @@ void tst_TableCopyHandler::copiesDisplayTexts()
 {
     QFETCH(QVariant, value);
     QFETCH(QString, text);
-    m_model->setData(m_model->index(0, 1), value, Qt::DisplayRole);
+    m_model->setData(m_model->index(0, 0), value, Qt::DisplayRole);
+    m_model->setData(m_model->index(1, 1), value, Qt::DisplayRole);
     select(QStringLiteral("A1:B2"));
-    QCOMPARE(copied(), QStringLiteral("A1\t") + text + QStringLiteral("\nA2\tB2"));
+    QCOMPARE(copied(), text + QStringLiteral("\tB1\nA2\t") + text);
 }
 
 void tst_TableCopyHandler::copiesTheDisplayRole()
