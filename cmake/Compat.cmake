@@ -10,6 +10,10 @@ set(compat_QxtLabel_headers QxtLabel qxtglobal.h)    # to be found, each in a fo
 set(compat_QxtLabel_libraries QxtWidgets QxtGui)     # names that the library may have
 set(compat_QxtLabel_folders QxtWidgets QxtGui QxtCore qxt/QxtWidgets qxt/QxtGui qxt/QxtCore)
 
+set(compat_ctkCompleter_headers ctkCompleter.h ctkWidgetsExport.h)
+set(compat_ctkCompleter_libraries CTKWidgets)
+set(compat_ctkCompleter_folders ctk CTK)
+
 # common_ui_qt_find_class(<class>)
 # Makes the target common_ui_qt::<class> if the library that has the class is installed.
 function(common_ui_qt_find_class class)

@@ -1,5 +1,6 @@
 #include "ui/qt/designer/widgetTable.h"
 
+#include "ui/qt/controls/ComboBoxAutoFilter.h"
 #include "ui/qt/controls/CorrectFontCommandLinkButton.h"
 #include "ui/qt/controls/ElidedTextLabel.h"
 #include "ui/qt/controls/IntegralSpinBox.h"
@@ -22,6 +23,8 @@ const QVector<DesignerWidget>& designerWidgets()
     static const QVector<DesignerWidget> widgets = {
         {"ElidedTextLabel", "QFrame", "ui/qt/controls/ElidedTextLabel.h",
          QT_TRANSLATE_NOOP("DesignerPlugin", "A text whose end stays visible"), create<ElidedTextLabel>},
+        {"zelmar::ui::ComboBoxAutoFilter", "QComboBox", "ui/qt/controls/ComboBoxAutoFilter.h",
+         QT_TRANSLATE_NOOP("DesignerPlugin", "A choice that is narrowed down by typing"), create<ComboBoxAutoFilter>},
         {"zelmar::ui::CorrectFontCommandLinkButton", "QCommandLinkButton",
          "ui/qt/controls/CorrectFontCommandLinkButton.h",
          QT_TRANSLATE_NOOP("DesignerPlugin", "A command link that is never squeezed"),

@@ -1,4 +1,5 @@
 #include "TestHome.h"
+#include "ui/qt/controls/ComboBoxAutoFilter.h"
 #include "ui/qt/controls/CorrectFontCommandLinkButton.h"
 #include "ui/qt/controls/ElidedTextLabel.h"
 #include "ui/qt/controls/IntegralSpinBox.h"
@@ -15,6 +16,7 @@
 
 #include <memory>
 
+using zelmar::ui::ComboBoxAutoFilter;
 using zelmar::ui::CorrectFontCommandLinkButton;
 using zelmar::ui::IntegralSpinBox;
 using zelmar::ui::QScientificSpinBox;
@@ -28,6 +30,7 @@ private Q_SLOTS:
 
     void formsHaveOurWidgets();
     void labelsAndButtonsInForms();
+    void choicesInForms();
     void everyWidgetIsThere_data();
     void everyWidgetIsThere();
 
@@ -92,6 +95,20 @@ void tst_DesignerPlugin::labelsAndButtonsInForms()
     QCOMPARE(open->description(), QStringLiteral("Nothing is changed."));
 }
 
+void tst_DesignerPlugin::choicesInForms()
+{
+    const std::unique_ptr<QWidget> form = loadForm(QStringLiteral("choice.ui"));
+    QVERIFY(form);
+    auto* colour = form->findChild<ComboBoxAutoFilter*>(QStringLiteral("colour"));
+    QVERIFY(colour);
+    QCOMPARE(colour->count(), 2);
+    colour->setCompleterAttributes(true, QCompleter::PopupCompletion, Qt::CaseInsensitive, Qt::ElideRight,
+                                   Qt::MatchContains);
+    colour->setEditText(QStringLiteral("blu"));
+    QVERIFY(colour->validateEntry());
+    QCOMPARE(colour->currentText(), QStringLiteral("Light Blue"));
+}
+
 void tst_DesignerPlugin::everyWidgetIsThere_data()
 {
     QTest::addColumn<QString>("name");
@@ -99,6 +116,8 @@ void tst_DesignerPlugin::everyWidgetIsThere_data()
 
     QTest::newRow("elided texts") << "ElidedTextLabel"
                                   << "QFrame";
+    QTest::newRow("choices") << "zelmar::ui::ComboBoxAutoFilter"
+                             << "QComboBox";
     QTest::newRow("command links") << "zelmar::ui::CorrectFontCommandLinkButton"
                                    << "QCommandLinkButton";
     QTest::newRow("integers") << "zelmar::ui::IntegralSpinBox"
@@ -116,7 +135,7 @@ void tst_DesignerPlugin::everyWidgetIsThere()
     QVERIFY2(collection, qPrintable(loader.errorString()));
     QDesignerCustomWidgetInterface* found = nullptr;
     const auto widgets = collection->customWidgets();
-    QCOMPARE(widgets.size(), 4);
+    QCOMPARE(widgets.size(), 5);
     for (QDesignerCustomWidgetInterface* widget : widgets) {
         if (widget->name() == name)
             found = widget;

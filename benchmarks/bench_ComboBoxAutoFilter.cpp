@@ -1,0 +1,203 @@
+// Typing into a ComboBoxAutoFilter over a million names beside a QCompleter with Qt::MatchContains on the same model: a
+// word letter by letter, the same letters taken back, and a word that no name contains. A keystroke is the new prefix
+// and the number of rows that it leaves.
+
+#include "ui/qt/controls/ComboBoxAutoFilter.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QLineEdit>
+#include <QStandardItemModel>
+#include <QStringListModel>
+
+#include <algorithm>
+#include <cstdio>
+#include <functional>
+#include <memory>
+#include <numeric>
+#include <random>
+#include <vector>
+
+using zelmar::ui::ComboBoxAutoFilter;
+
+namespace {
+
+constexpr int nameCount = 1000000;
+constexpr int rounds = 5;
+
+QStringList makeNames()
+{
+    const QStringList words =
+        QString::fromUtf8("pressure temperature valve inlet outlet pump sensor motor speed torque Kühlwasser Öldruck "
+                          "Größe Übertemperatur vitesse température débit réservoir давление насос клапан "
+                          "θερμοκρασία πίεση flow level voltage current phase left right upper lower front rear "
+                          "main spare cabin engine gear rotor stator bearing filter tank line bus node channel "
+                          "offset gain raw mean max min rms")
+            .split(QLatin1Char(' '));
+    std::mt19937 random(1);
+    const auto upTo = [&random](std::size_t end) { return int(random() % end); };
+    QStringList names;
+    names.reserve(nameCount);
+    while (names.size() < nameCount) {
+        const int length = 15 + upTo(26);
+        QString name;
+        while (name.size() < length) {
+            const QString& word = words[upTo(std::size_t(words.size()))];
+            const int style = upTo(4);
+            name += style == 0 ? word.toUpper() : style == 1 ? word : word.left(1).toUpper() + word.mid(1);
+            name += upTo(3) == 0 ? QString::number(upTo(1000)) : QStringLiteral("_");
+        }
+        name.truncate(length);
+        names += name;
+    }
+    return names;
+}
+
+double milliseconds(const std::function<void()>& step)
+{
+    QElapsedTimer timer;
+    timer.start();
+    step();
+    return double(timer.nsecsElapsed()) / 1e6;
+}
+
+double median(std::vector<double> times)
+{
+    std::nth_element(times.begin(), times.begin() + std::ptrdiff_t(times.size() / 2), times.end());
+    return times[times.size() / 2];
+}
+
+double readOnce(const QAbstractItemModel& model)
+{
+    qint64 letters = 0;
+    const double time = milliseconds([&] {
+        for (int row = 0; row < model.rowCount(); ++row)
+            letters += model.data(model.index(row, 0), Qt::EditRole).toString().size();
+    });
+    if (letters == 0)
+        std::printf("nothing was read\n");
+    return time;
+}
+
+QStringList prefixes(const QString& word, const QString& unknown)
+{
+    QStringList typed;
+    for (int length = 1; length <= word.size(); ++length)
+        typed += word.left(length);
+    for (int length = word.size() - 1; length >= 1; --length)
+        typed += word.left(length);
+    for (int length = 1; length <= unknown.size(); ++length)
+        typed += unknown.left(length);
+    return typed;
+}
+
+struct Session
+{
+    std::vector<double> keys; ///< milliseconds, by keystroke
+    std::vector<int> rows;    ///< left after each
+
+    double total() const { return std::accumulate(keys.begin(), keys.end(), 0.0); }
+};
+
+Session type(QCompleter& completer, const QStringList& texts)
+{
+    Session session;
+    for (const QString& text : texts) {
+        session.keys.push_back(milliseconds([&] {
+            completer.setCompletionPrefix(text);
+            session.rows.push_back(completer.completionModel()->rowCount());
+        }));
+    }
+    return session;
+}
+
+std::unique_ptr<ComboBoxAutoFilter> makeBox(QAbstractItemModel& model, Qt::CaseSensitivity caseSensitivity)
+{
+    auto box = std::make_unique<ComboBoxAutoFilter>(nullptr);
+    box->setListModel(&model, true, QCompleter::PopupCompletion, caseSensitivity, Qt::ElideRight, Qt::MatchContains);
+    return box;
+}
+
+std::unique_ptr<QAbstractItemModel> makeModel(const QStringList& names, bool items)
+{
+    if (!items)
+        return std::make_unique<QStringListModel>(names);
+    auto model = std::make_unique<QStandardItemModel>(names.size(), 1);
+    for (int row = 0; row < names.size(); ++row)
+        model->setItem(row, new QStandardItem(names[row]));
+    return model;
+}
+
+void compareSessions(const QStringList& names, bool items, const QString& word, Qt::CaseSensitivity caseSensitivity)
+{
+    const QStringList texts = prefixes(word, QStringLiteral("preservation"));
+    std::vector<double> ourTotals;
+    std::vector<double> peerTotals;
+    std::vector<double> passes;
+    std::vector<double> firstKeys;
+    std::vector<double> slowestOthers;
+    bool same = true;
+    for (int round = 0; round < rounds; ++round) {
+        const auto model = makeModel(names, items); // read by nobody yet
+        passes.push_back(readOnce(*model));
+        const auto box = makeBox(*model, caseSensitivity);
+        const Session ours = type(*box->completer(), texts);
+
+        QCompleter peer(model.get());
+        peer.setFilterMode(Qt::MatchContains);
+        peer.setCaseSensitivity(caseSensitivity);
+        const Session peers = type(peer, texts);
+
+        same = same && ours.rows == peers.rows;
+        ourTotals.push_back(ours.total());
+        peerTotals.push_back(peers.total());
+        firstKeys.push_back(ours.keys.front());
+        slowestOthers.push_back(*std::max_element(ours.keys.begin() + 1, ours.keys.end()));
+    }
+    std::printf("%-11s %-11s case %-7s  ours %6.1f ms  peer %7.1f ms  %4.1f times faster   first key %5.1f ms, %.2f "
+                "passes   slowest other key %4.1f ms%s\n",
+                items ? "item model" : "string list", qPrintable(word),
+                caseSensitivity == Qt::CaseSensitive ? "told" : "ignored", median(ourTotals), median(peerTotals),
+                median(peerTotals) / median(ourTotals), median(firstKeys), median(firstKeys) / median(passes),
+                median(slowestOthers), same ? "" : "   OTHER ROWS");
+}
+
+/// Beside QComboBox::findText(), which validateEntry() stands for.
+void measureLookUps(const QStringList& names)
+{
+    QStringListModel model(names);
+    const auto box = makeBox(model, Qt::CaseInsensitive);
+    box->show();
+    const auto validate = [&](const QString& text) {
+        box->lineEdit()->setText(text);
+        return milliseconds([&] { box->validateEntry(); });
+    };
+    const QString unknown = QStringLiteral("no such name");
+    const double first = validate(unknown);
+    const double later = validate(unknown);
+    const double plain = milliseconds([&] { box->findText(unknown, Qt::MatchContains); });
+    std::printf("validateEntry, no such name: %.1f ms, then %.1f ms; findText %.1f ms\n", first, later, plain);
+    for (const int row : {10, 500000, 999999}) {
+        box->setEditText(names[row]);
+        const double time = milliseconds([&] { box->showPopup(); });
+        std::printf("showPopup with the text of row %d: %.1f ms\n", row, time);
+        box->hidePopup();
+        QApplication::processEvents();
+    }
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    QApplication application(argc, argv);
+    const QStringList names = makeNames();
+    for (const bool items : {false, true}) {
+        for (const char* word : {"temperature", "valve", "engine"}) {
+            for (const auto caseSensitivity : {Qt::CaseInsensitive, Qt::CaseSensitive})
+                compareSessions(names, items, QString::fromLatin1(word), caseSensitivity);
+        }
+    }
+    measureLookUps(names);
+    return 0;
+}

@@ -1,0 +1,274 @@
+#include "compat/filter/TextSearch.h"
+
+#include <algorithm>
+#include <numeric>
+#include <utility>
+#include <vector>
+
+#if defined(__SSE2__) || defined(_M_X64)
+#define ZELMAR_HAS_SSE2
+#include <emmintrin.h>
+#endif
+
+namespace zelmar {
+
+namespace {
+
+constexpr uint letterCount = 0x10000;
+constexpr int blockLength = 8;
+/// Most names have no more starts than this; looking at as many without asking costs less than asking.
+constexpr int usualStarts = 5 * blockLength;
+constexpr int fetchedAhead = 16;
+constexpr int sampleSize = 64;
+
+/// The case foldings of the letters of 16 bits; a surrogate folds to itself.
+struct Foldings
+{
+    Foldings()
+    {
+        std::iota(nextLike.begin(), nextLike.end(), char16_t(0));
+        for (uint letter = 0; letter < letterCount; ++letter) {
+            const uint folded = QChar::toCaseFolded(letter);
+            of[letter] = char16_t(folded);
+            if (folded != letter)
+                nextLike[letter] = std::exchange(nextLike[folded], char16_t(letter));
+        }
+    }
+
+    std::vector<char16_t> of = std::vector<char16_t>(letterCount);
+    /// The next letter of the same folding, round and round.
+    std::vector<char16_t> nextLike = std::vector<char16_t>(letterCount);
+};
+
+const Foldings& foldings()
+{
+    static const Foldings foldings;
+    return foldings;
+}
+
+const char16_t* lettersOf(const QString& text)
+{
+    return reinterpret_cast<const char16_t*>(text.constData());
+}
+
+} // namespace
+
+#ifdef ZELMAR_HAS_SSE2
+
+namespace {
+
+/// Has the letters of `text` brought from memory while others are looked at: a few candidates lie far apart.
+void fetch(const QString& text)
+{
+    static_assert(sizeof(QString) == sizeof(void*),
+                  "a string is a pointer to its letters with their number before them");
+    const char* const letters = *reinterpret_cast<const char* const*>(&text);
+    _mm_prefetch(letters, _MM_HINT_T0);
+    _mm_prefetch(letters + 64, _MM_HINT_T0);
+}
+
+} // namespace
+
+/// Tells most texts that do not contain the text, by two of its letters at all starts at once.
+class TextSearch::Sieve
+{
+public:
+    Sieve() = default;
+    Sieve(const Place& one, const Place& other, bool isExact)
+        : m_isThere(true)
+        , m_isExact(isExact)
+        , m_one(one)
+        , m_other(other)
+    {
+    }
+
+    bool isThere() const { return m_isThere; }
+    /// Whether there are no other letters.
+    bool isExact() const { return m_isExact; }
+
+    /// `starts`, 8 or more, is the number of places in `text` where the text could start.
+    bool lets(const char16_t* text, int starts) const
+    {
+        const int lastBlock = starts - blockLength;
+        __m128i marks = _mm_setzero_si128();
+        for (int block = 0; block < usualStarts; block += blockLength)
+            marks = _mm_or_si128(marks, marksAt(text + std::min(block, lastBlock)));
+        for (int block = usualStarts; block < starts; block += blockLength)
+            marks = _mm_or_si128(marks, marksAt(text + std::min(block, lastBlock)));
+        return _mm_movemask_epi8(marks) != 0;
+    }
+
+private:
+    struct Letters
+    {
+        Letters() = default;
+        explicit Letters(const Place& place)
+            : offset(place.offset)
+        {
+            for (std::size_t i = 0; i < place.spellings.size(); ++i)
+                spellings[i] = _mm_set1_epi16(short(place.spellings[i]));
+        }
+
+        __m128i marksAt(const char16_t* start) const
+        {
+            const __m128i letters = _mm_loadu_si128(reinterpret_cast<const __m128i*>(start + offset));
+            return _mm_or_si128(
+                _mm_or_si128(_mm_cmpeq_epi16(letters, spellings[0]), _mm_cmpeq_epi16(letters, spellings[1])),
+                _mm_or_si128(_mm_cmpeq_epi16(letters, spellings[2]), _mm_cmpeq_epi16(letters, spellings[3])));
+        }
+
+        int offset = 0;
+        __m128i spellings[4] = {};
+    };
+
+    /// Marks those of the eight starts from `start` where both letters are.
+    __m128i marksAt(const char16_t* start) const { return _mm_and_si128(m_one.marksAt(start), m_other.marksAt(start)); }
+
+    bool m_isThere = false;
+    bool m_isExact = false;
+    Letters m_one;
+    Letters m_other;
+};
+
+#else
+
+namespace {
+
+void fetch(const QString&)
+{
+}
+
+} // namespace
+
+class TextSearch::Sieve
+{
+public:
+    Sieve() = default;
+    Sieve(const Place&, const Place&, bool) {}
+    bool isThere() const { return false; }
+    bool isExact() const { return false; }
+    bool lets(const char16_t*, int) const { return true; }
+};
+
+#endif
+
+TextSearch::TextSearch(QString text, Qt::CaseSensitivity caseSensitivity)
+    : m_text(std::move(text))
+    , m_caseSensitivity(caseSensitivity)
+{
+    // The halves of a surrogate pair fold together.
+    const bool hasSurrogates =
+        std::any_of(m_text.cbegin(), m_text.cend(), [](QChar letter) { return letter.isSurrogate(); });
+    if (caseSensitivity == Qt::CaseSensitive || hasSurrogates)
+        return;
+    for (const QChar letter : qAsConst(m_text))
+        m_folded.append(foldings().of[letter.unicode()]);
+}
+
+/// Nothing where more letters count as the same than fit.
+std::optional<TextSearch::Place> TextSearch::placeAt(int offset) const
+{
+    const char16_t letter = m_text.at(offset).unicode();
+    Place place{offset, {letter, letter, letter, letter}};
+    if (m_caseSensitivity == Qt::CaseSensitive)
+        return place;
+    std::size_t count = 1;
+    for (char16_t other = foldings().nextLike[letter]; other != letter; other = foldings().nextLike[other]) {
+        if (count == place.spellings.size())
+            return std::nullopt;
+        place.spellings[count++] = other;
+    }
+    return place;
+}
+
+/// The offsets of the letters that fold for themselves, those first that few of a sample of `texts` have.
+QVector<int> TextSearch::placesByRarity(const QVector<QString>& texts) const
+{
+    QVector<int> uses(m_text.size(), 0);
+    QVector<int> offsets;
+    for (int offset = 0; offset < m_text.size(); ++offset) {
+        if (m_text.at(offset).isLowSurrogate())
+            continue;
+        offsets.append(offset);
+        for (int i = 0; i < qMin(texts.size(), sampleSize); ++i)
+            uses[offset] +=
+                texts.at(int(qint64(i) * texts.size() / sampleSize)).contains(m_text.at(offset), m_caseSensitivity);
+    }
+    std::stable_sort(offsets.begin(), offsets.end(), [&uses](int one, int other) { return uses[one] < uses[other]; });
+    return offsets;
+}
+
+TextSearch::Sieve TextSearch::sieveFor(const QVector<QString>& texts) const
+{
+    const QVector<int> offsets = placesByRarity(texts);
+    if (offsets.isEmpty())
+        return {};
+    const auto one = placeAt(offsets.first());
+    const auto other = placeAt(offsets.value(1, offsets.first()));
+    if (!one || !other)
+        return {};
+    const bool foldsAlone = m_caseSensitivity == Qt::CaseSensitive || !m_folded.isEmpty();
+    return {*one, *other, foldsAlone && m_text.size() == offsets.size() && m_text.size() <= 2};
+}
+
+bool TextSearch::isFoldedIn(const char16_t* letters, int starts) const
+{
+    const char16_t* const folding = foldings().of.data();
+    const auto counts = [folding](char16_t folded, char16_t letter) { return folded == folding[letter]; };
+    const char16_t firstLetter = m_folded.front();
+    for (const char16_t* start = letters; start < letters + starts; ++start) {
+        if (folding[*start] == firstLetter && std::equal(m_folded.begin(), m_folded.end(), start, counts))
+            return true;
+    }
+    return false;
+}
+
+inline bool TextSearch::isIn(const QString& text, const Sieve& sieve) const
+{
+    const int starts = text.size() - m_text.size() + 1;
+    if (starts <= 0)
+        return false;
+    if (sieve.isThere() && starts >= blockLength) {
+        const bool passes = sieve.lets(lettersOf(text), starts);
+        if (sieve.isExact() || !passes)
+            return passes;
+    }
+    return m_folded.isEmpty() ? text.contains(m_text, m_caseSensitivity) : isFoldedIn(lettersOf(text), starts);
+}
+
+int TextSearch::firstIn(const QVector<QString>& texts) const
+{
+    const Sieve sieve = sieveFor(texts);
+    const auto found = std::find_if(texts.begin(), texts.end(), [&](const QString& text) { return isIn(text, sieve); });
+    return found == texts.end() ? -1 : int(found - texts.begin());
+}
+
+QVector<int> TextSearch::allIn(const QVector<QString>& texts, int first, int end) const
+{
+    const Sieve sieve = sieveFor(texts);
+    QVector<int> found(end - first);
+    int* next = found.data();
+    for (int i = first; i < end; ++i) {
+        *next = i;
+        next += isIn(texts.at(i), sieve); // no jump that the processor would have to guess
+    }
+    found.resize(int(next - found.data()));
+    return found;
+}
+
+QVector<int> TextSearch::allAmong(const QVector<int>& candidates, const QVector<QString>& texts) const
+{
+    const Sieve sieve = sieveFor(texts);
+    QVector<int> found(candidates.size());
+    int* next = found.data();
+    for (int c = 0; c < candidates.size(); ++c) {
+        if (c + fetchedAhead < candidates.size())
+            fetch(texts.at(candidates.at(c + fetchedAhead)));
+        *next = candidates.at(c);
+        next += isIn(texts.at(*next), sieve);
+    }
+    found.resize(int(next - found.data()));
+    return found;
+}
+
+} // namespace zelmar

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "internal_export.h"
+
+#include <QString>
+#include <QVector>
+
+#include <array>
+#include <optional>
+
+namespace zelmar {
+
+/// A text to look for in very many texts. A text contains it exactly when QString::contains() says so with the same
+/// case sensitivity; the empty text is in every text.
+class COMMON_UI_QT_INTERNAL_EXPORT TextSearch
+{
+public:
+    TextSearch(QString text, Qt::CaseSensitivity caseSensitivity);
+
+    const QString& text() const { return m_text; }
+    Qt::CaseSensitivity caseSensitivity() const { return m_caseSensitivity; }
+
+    /// The index from 0 of the first of `texts` that contains it, or -1.
+    int firstIn(const QVector<QString>& texts) const;
+    /// The indexes, ascending, of those of `texts` from `first` to before `end` that contain it.
+    QVector<int> allIn(const QVector<QString>& texts, int first, int end) const;
+    /// Those of the indexes `candidates` of `texts` whose text contains it, in the same order.
+    QVector<int> allAmong(const QVector<int>& candidates, const QVector<QString>& texts) const;
+
+private:
+    /// One place of the text, and the letters that count as the same there, its own repeated.
+    struct Place
+    {
+        int offset;
+        std::array<char16_t, 4> spellings;
+    };
+    class Sieve;
+
+    std::optional<Place> placeAt(int offset) const;
+    QVector<int> placesByRarity(const QVector<QString>& texts) const;
+    Sieve sieveFor(const QVector<QString>& texts) const;
+    bool isIn(const QString& text, const Sieve& sieve) const;
+    bool isFoldedIn(const char16_t* letters, int starts) const;
+
+    QString m_text;
+    Qt::CaseSensitivity m_caseSensitivity;
+    QVector<char16_t> m_folded; ///< the text, where letters count as the same one by one and not as they are
+};
+
+} // namespace zelmar

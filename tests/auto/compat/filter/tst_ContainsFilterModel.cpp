@@ -1,0 +1,441 @@
+#include "compat/filter/ContainsFilterModel.h"
+#include "compat/filter/ModelTexts.h"
+
+#include "RandomTexts.h"
+#include "TestHome.h"
+
+#include <QAbstractItemModelTester>
+#include <QCoreApplication>
+#include <QSignalSpy>
+#include <QStandardItemModel>
+#include <QStringListModel>
+#include <QTest>
+
+#include <memory>
+
+using zelmar::ContainsFilterModel;
+using zelmar::ModelTexts;
+
+namespace {
+
+QStringList textsOf(const QAbstractItemModel& model, int column = 0, int role = Qt::EditRole)
+{
+    QStringList texts;
+    for (int row = 0; row < model.rowCount(); ++row)
+        texts += model.index(row, column).data(role).toString();
+    return texts;
+}
+
+QStringList plainly(const QAbstractItemModel& model, const QString& text, Qt::CaseSensitivity caseSensitivity,
+                    int column = 0, int role = Qt::EditRole)
+{
+    QStringList texts;
+    for (const QString& candidate : textsOf(model, column, role)) {
+        if (candidate.contains(text, caseSensitivity))
+            texts += candidate;
+    }
+    return texts;
+}
+
+/// A list whose rows can be moved, that says of each change no more than it must.
+class MovableList : public QAbstractListModel
+{
+public:
+    int rowCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : texts.size(); }
+    QVariant data(const QModelIndex& index, int role) const override
+    {
+        ++reads;
+        return role == Qt::EditRole || role == Qt::DisplayRole ? texts.at(index.row()) : QVariant();
+    }
+
+    void insert(int row, const QStringList& inserted)
+    {
+        beginInsertRows({}, row, row + inserted.size() - 1);
+        for (int i = 0; i < inserted.size(); ++i)
+            texts.insert(row + i, inserted.at(i));
+        endInsertRows();
+    }
+
+    void remove(int row, int count)
+    {
+        beginRemoveRows({}, row, row + count - 1);
+        texts.erase(texts.begin() + row, texts.begin() + row + count);
+        endRemoveRows();
+    }
+
+    bool move(int row, int count, int destination)
+    {
+        if (!beginMoveRows({}, row, row + count - 1, {}, destination))
+            return false;
+        const QStringList moved = texts.mid(row, count);
+        for (int i = 0; i < count; ++i)
+            texts.insert(destination + i, moved.at(i));
+        const int left = row < destination ? row : row + count;
+        texts.erase(texts.begin() + left, texts.begin() + left + count);
+        endMoveRows();
+        return true;
+    }
+
+    void rewrite(int row, const QStringList& others, const QVector<int>& roles)
+    {
+        for (int i = 0; i < others.size(); ++i)
+            texts[row + i] = others.at(i);
+        Q_EMIT dataChanged(index(row), index(row + others.size() - 1), roles);
+    }
+
+    void reverse()
+    {
+        Q_EMIT layoutAboutToBeChanged();
+        std::reverse(texts.begin(), texts.end());
+        Q_EMIT layoutChanged();
+    }
+
+    void replaceAll(const QStringList& others)
+    {
+        beginResetModel();
+        texts = others;
+        endResetModel();
+    }
+
+    QStringList texts;
+    mutable int reads = 0;
+};
+
+/// One edit of some kind of `list`; each kind comes about as often.
+void editAtRandom(MovableList& list, RandomTexts& random)
+{
+    const int size = list.texts.size();
+    const int row = random.upTo(size + 1);
+    const int count = size - row > 0 ? 1 + random.upTo(qMin(5, size - row)) : 0;
+    QStringList others;
+    for (int i = 0; i < qMax(1, count); ++i)
+        others += random.text(12);
+    switch (random.upTo(6)) {
+    case 0:
+        return list.insert(row, others);
+    case 1:
+        return count > 0 ? list.remove(row, count) : void();
+    case 2:
+        if (count > 0)
+            list.move(row, count, random.upTo(size + 1));
+        return;
+    case 3:
+        return count > 0
+                   ? list.rewrite(row, others, random.upTo(2) == 0 ? QVector<int>() : QVector<int>{Qt::DisplayRole})
+                   : void();
+    case 4:
+        return list.reverse();
+    default:
+        return random.upTo(10) == 0 ? list.replaceAll(others + list.texts) : void();
+    }
+}
+
+} // namespace
+
+class tst_ContainsFilterModel : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void showsEveryRowAtFirst();
+    void keepsTheRowsThatContainTheText();
+    void mapsToTheModelAndBack();
+    void narrowsAndWidens();
+    void looksAtOtherColumnsAndRoles();
+    void keepsAllColumns();
+    void leavesChildrenOut();
+    void followsRandomEdits_data();
+    void followsRandomEdits();
+    void tellsOfChangedData();
+    void followsAnotherModel();
+    void survivesTheModel();
+    void readsAModelOnce();
+    void forgetsWhatNobodyFollows();
+    void keepsTheTextOfBothRolesOnce();
+};
+
+void tst_ContainsFilterModel::showsEveryRowAtFirst()
+{
+    ContainsFilterModel filter(nullptr);
+    QCOMPARE(filter.rowCount(), 0);
+    QCOMPARE(filter.columnCount(), 0);
+    QVERIFY(!filter.mapFromSource({}).isValid());
+
+    MovableList list;
+    list.texts = QStringList{"Blue", "Value"};
+    filter.setSourceModel(&list);
+    QCOMPARE(textsOf(filter), list.texts);
+    QCOMPARE(list.reads, 2); // ours, not the filter's: nothing has been looked for
+}
+
+void tst_ContainsFilterModel::keepsTheRowsThatContainTheText()
+{
+    QStringListModel list({"Blue", "Red", "Value", "blues"});
+    ContainsFilterModel filter(nullptr);
+    const QAbstractItemModelTester tester(&filter, QAbstractItemModelTester::FailureReportingMode::QtTest);
+    filter.setSourceModel(&list);
+
+    filter.setContainedText(QStringLiteral("LUE"), Qt::CaseInsensitive);
+    QCOMPARE(textsOf(filter), (QStringList{"Blue", "Value", "blues"}));
+    filter.setContainedText(QStringLiteral("Blue"), Qt::CaseSensitive);
+    QCOMPARE(textsOf(filter), (QStringList{"Blue"}));
+    filter.setContainedText(QStringLiteral("nothing like it"), Qt::CaseSensitive);
+    QCOMPARE(filter.rowCount(), 0);
+    QVERIFY(!filter.hasChildren());
+    filter.setContainedText(QString(), Qt::CaseSensitive);
+    QCOMPARE(textsOf(filter), list.stringList());
+}
+
+void tst_ContainsFilterModel::mapsToTheModelAndBack()
+{
+    QStringListModel list({"Blue", "Red", "Value"});
+    ContainsFilterModel filter(nullptr);
+    filter.setSourceModel(&list);
+    filter.setContainedText(QStringLiteral("lue"), Qt::CaseInsensitive);
+
+    QCOMPARE(filter.mapToSource(filter.index(1, 0)), list.index(2));
+    QCOMPARE(filter.mapFromSource(list.index(2)), filter.index(1, 0));
+    QVERIFY(!filter.mapFromSource(list.index(1)).isValid());
+    QVERIFY(!filter.mapToSource({}).isValid());
+    QVERIFY(!filter.index(2, 0).isValid());
+    QVERIFY(filter.setData(filter.index(1, 0), QStringLiteral("Blue, too")));
+    QCOMPARE(list.stringList().last(), QStringLiteral("Blue, too"));
+}
+
+void tst_ContainsFilterModel::narrowsAndWidens()
+{
+    RandomTexts random(7);
+    QStringList texts;
+    for (int i = 0; i < 500; ++i)
+        texts += random.text(30);
+    QStringListModel list(texts);
+    ContainsFilterModel filter(nullptr);
+    filter.setSourceModel(&list);
+
+    QString typed;
+    for (int key = 0; key < 1000; ++key) {
+        const int kind = random.upTo(5);
+        if (kind == 0)
+            typed.chop(1);
+        else if (kind == 1 && typed.size() > 5)
+            typed = random.text(2);
+        else if (kind == 2)
+            typed.insert(random.upTo(typed.size() + 1), random.text(1));
+        else
+            typed += random.text(1);
+        const auto caseSensitivity = random.upTo(8) == 0 ? Qt::CaseSensitive : Qt::CaseInsensitive;
+        filter.setContainedText(typed, caseSensitivity);
+        QCOMPARE(textsOf(filter), plainly(list, typed, caseSensitivity));
+    }
+}
+
+void tst_ContainsFilterModel::looksAtOtherColumnsAndRoles()
+{
+    QStandardItemModel items(3, 2);
+    const QStringList shown = {"one blue", "two red", "three blue"};
+    for (int row = 0; row < 3; ++row) {
+        items.setItem(row, 1, new QStandardItem(shown.at(row)));
+        items.item(row, 1)->setData(100 + row, Qt::UserRole);
+    }
+    ContainsFilterModel filter(nullptr);
+    filter.setSourceModel(&items);
+    filter.setTextColumn(1, Qt::EditRole);
+    filter.setContainedText(QStringLiteral("blue"), Qt::CaseInsensitive);
+    QCOMPARE(textsOf(filter, 1), (QStringList{"one blue", "three blue"}));
+
+    // Numbers are compared as the texts that they are shown as.
+    filter.setTextColumn(1, Qt::UserRole);
+    filter.setContainedText(QStringLiteral("02"), Qt::CaseInsensitive);
+    QCOMPARE(textsOf(filter, 1), (QStringList{"three blue"}));
+
+    items.item(0, 1)->setData(902, Qt::UserRole);
+    QCOMPARE(textsOf(filter, 1), (QStringList{"one blue", "three blue"}));
+    items.item(0, 1)->setText(QStringLiteral("no longer 02"));
+    items.item(0, 1)->setData(1, Qt::UserRole);
+    QCOMPARE(textsOf(filter, 1), (QStringList{"three blue"}));
+
+    // A column that is not there has no texts.
+    filter.setTextColumn(5, Qt::EditRole);
+    filter.setContainedText(QStringLiteral("b"), Qt::CaseInsensitive);
+    QCOMPARE(filter.rowCount(), 0);
+}
+
+void tst_ContainsFilterModel::keepsAllColumns()
+{
+    QStandardItemModel items(2, 2);
+    items.setItem(0, 0, new QStandardItem(QStringLiteral("Red")));
+    items.setItem(1, 0, new QStandardItem(QStringLiteral("Blue")));
+    items.setItem(1, 1, new QStandardItem(QStringLiteral("Sky")));
+    ContainsFilterModel filter(nullptr);
+    filter.setSourceModel(&items);
+    filter.setContainedText(QStringLiteral("lue"), Qt::CaseInsensitive);
+    QCOMPARE(textsOf(filter, 1), (QStringList{"Sky"}));
+
+    items.insertColumn(0);
+    QCOMPARE(filter.columnCount(), 3);
+    QCOMPARE(filter.rowCount(), 0); // the first column is another one now
+    items.removeColumn(0);
+    QCOMPARE(textsOf(filter, 1), (QStringList{"Sky"}));
+}
+
+void tst_ContainsFilterModel::leavesChildrenOut()
+{
+    QStandardItemModel items;
+    items.appendRow(new QStandardItem(QStringLiteral("Blue")));
+    items.appendRow(new QStandardItem(QStringLiteral("Red")));
+    ContainsFilterModel filter(nullptr);
+    const QAbstractItemModelTester tester(&filter, QAbstractItemModelTester::FailureReportingMode::QtTest);
+    filter.setSourceModel(&items);
+    filter.setContainedText(QStringLiteral("e"), Qt::CaseInsensitive);
+    items.item(0)->appendRow(new QStandardItem(QStringLiteral("Azure")));
+    QCOMPARE(textsOf(filter), (QStringList{"Blue", "Red"}));
+    QCOMPARE(filter.rowCount(filter.index(0, 0)), 0);
+    QVERIFY(!filter.mapFromSource(items.item(0)->child(0)->index()).isValid());
+    items.item(0)->child(0)->setText(QStringLiteral("Steel"));
+    items.item(0)->removeRow(0);
+    QCOMPARE(textsOf(filter), (QStringList{"Blue", "Red"}));
+}
+
+void tst_ContainsFilterModel::followsRandomEdits_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::newRow("unfiltered") << "";
+    QTest::newRow("one letter") << "k";
+    QTest::newRow("two letters") << "ab";
+    QTest::newRow("in few") << "b1";
+}
+
+void tst_ContainsFilterModel::followsRandomEdits()
+{
+    QFETCH(QString, text);
+
+    RandomTexts random(unsigned(text.size()) + 1);
+    MovableList list;
+    for (int i = 0; i < 200; ++i)
+        list.texts += random.text(12);
+    ContainsFilterModel filter(nullptr);
+    const QAbstractItemModelTester tester(&filter, QAbstractItemModelTester::FailureReportingMode::QtTest);
+    filter.setSourceModel(&list);
+    filter.setContainedText(text, Qt::CaseInsensitive);
+    for (int edit = 0; edit < 1000; ++edit) {
+        editAtRandom(list, random);
+        QCOMPARE(textsOf(filter), plainly(list, text, Qt::CaseInsensitive));
+        if (random.upTo(20) == 0) { // what is typed meanwhile
+            filter.setContainedText(text + random.text(2), Qt::CaseInsensitive);
+            editAtRandom(list, random);
+            filter.setContainedText(text, Qt::CaseInsensitive);
+            QCOMPARE(textsOf(filter), plainly(list, text, Qt::CaseInsensitive));
+        }
+    }
+}
+
+void tst_ContainsFilterModel::tellsOfChangedData()
+{
+    QStringListModel list({"Blue", "Red", "Value"});
+    ContainsFilterModel filter(nullptr);
+    filter.setSourceModel(&list);
+    filter.setContainedText(QStringLiteral("lue"), Qt::CaseInsensitive);
+    const QSignalSpy changed(&filter, &QAbstractItemModel::dataChanged);
+    const QSignalSpy reset(&filter, &QAbstractItemModel::modelReset);
+
+    list.setData(list.index(2), QStringLiteral("lue as ever"));
+    QCOMPARE(reset.count(), 0);
+    QCOMPARE(changed.count(), 1);
+    QCOMPARE(changed.at(0).at(0).toModelIndex(), filter.index(1, 0));
+    list.setData(list.index(1), QStringLiteral("Reddish"));
+    QCOMPARE(changed.count(), 1);
+    QCOMPARE(reset.count(), 0);
+    list.setData(list.index(1), QStringLiteral("Bluish, not lue"));
+    QCOMPARE(reset.count(), 1);
+    QCOMPARE(filter.rowCount(), 3);
+}
+
+void tst_ContainsFilterModel::followsAnotherModel()
+{
+    QStringListModel first({"Blue"});
+    QStringListModel second({"Value", "Red"});
+    ContainsFilterModel filter(nullptr);
+    filter.setSourceModel(&first);
+    filter.setContainedText(QStringLiteral("lue"), Qt::CaseInsensitive);
+    filter.setSourceModel(&second);
+    filter.setContainedText(QStringLiteral("lue"), Qt::CaseInsensitive);
+    QCOMPARE(textsOf(filter), (QStringList{"Value"}));
+    const QSignalSpy reset(&filter, &QAbstractItemModel::modelReset);
+    first.setStringList({"Blue", "Clue"});
+    QCOMPARE(reset.count(), 0);
+    second.setStringList({"Glue"});
+    QCOMPARE(textsOf(filter), (QStringList{"Glue"}));
+    filter.setSourceModel(nullptr);
+    QCOMPARE(filter.rowCount(), 0);
+    second.setStringList({"Flue"});
+}
+
+void tst_ContainsFilterModel::survivesTheModel()
+{
+    auto list = std::make_unique<QStringListModel>(QStringList{"Blue"});
+    ContainsFilterModel filter(nullptr);
+    filter.setSourceModel(list.get());
+    filter.setContainedText(QStringLiteral("lue"), Qt::CaseInsensitive);
+    const QSignalSpy reset(&filter, &QAbstractItemModel::modelReset);
+    list.reset();
+    QCOMPARE(reset.count(), 1);
+    QCOMPARE(filter.rowCount(), 0);
+    filter.setContainedText(QStringLiteral("l"), Qt::CaseInsensitive);
+    filter.setTextColumn(1, Qt::DisplayRole);
+    QCOMPARE(filter.rowCount(), 0);
+}
+
+void tst_ContainsFilterModel::readsAModelOnce()
+{
+    MovableList list;
+    list.texts = QStringList{"Blue", "Red", "Value"};
+    for (int box = 0; box < 3; ++box) {
+        ContainsFilterModel filter(nullptr);
+        filter.setSourceModel(&list);
+        filter.setContainedText(QStringLiteral("l"), Qt::CaseInsensitive);
+        filter.setContainedText(QStringLiteral("lu"), Qt::CaseSensitive);
+        QCOMPARE(filter.rowCount(), 2);
+    }
+    QCOMPARE(list.reads, 3);
+}
+
+void tst_ContainsFilterModel::forgetsWhatNobodyFollows()
+{
+    MovableList list;
+    list.texts = QStringList{"Blue", "Red"};
+    ModelTexts& texts = ModelTexts::of(list, 0, Qt::EditRole);
+    QCOMPARE(texts.texts(), list.texts.toVector());
+    list.insert(0, {"Value"});
+    list.rewrite(0, {"Values"}, {});
+    list.replaceAll({"Grey"});
+    QCOMPARE(list.reads, 2);
+    QCOMPARE(&ModelTexts::of(list, 0, Qt::EditRole), &texts);
+    QCOMPARE(texts.texts(), list.texts.toVector());
+    QCOMPARE(list.reads, 3);
+}
+
+void tst_ContainsFilterModel::keepsTheTextOfBothRolesOnce()
+{
+    /// Makes each text anew.
+    class Computed : public MovableList
+    {
+    public:
+        QVariant data(const QModelIndex& index, int role) const override
+        {
+            return role == Qt::EditRole || (role == Qt::DisplayRole && index.row() == 0)
+                       ? QVariant(QStringLiteral("Row %1").arg(index.row()))
+                       : QVariant(QStringLiteral("Shown"));
+        }
+    };
+    Computed list;
+    list.texts = QStringList{"", ""};
+    const QVector<QString> edited = ModelTexts::of(list, 0, Qt::EditRole).texts();
+    const QVector<QString> shown = ModelTexts::of(list, 0, Qt::DisplayRole).texts();
+    QVERIFY(shown.at(0).isSharedWith(edited.at(0)));
+    QCOMPARE(edited.at(1), QStringLiteral("Row 1"));
+    QCOMPARE(shown.at(1), QStringLiteral("Shown"));
+}
+
+CORE_TEST_MAIN(tst_ContainsFilterModel)
+
+#include "tst_ContainsFilterModel.moc"

@@ -1,0 +1,157 @@
+#include "compat/filter/TextSearch.h"
+
+#include "RandomTexts.h"
+#include "TestHome.h"
+
+#include <QCoreApplication>
+#include <QTest>
+
+using zelmar::TextSearch;
+
+Q_DECLARE_METATYPE(Qt::CaseSensitivity)
+
+namespace {
+
+QVector<int> plainly(const QString& text, Qt::CaseSensitivity caseSensitivity, const QVector<QString>& texts)
+{
+    QVector<int> found;
+    for (int i = 0; i < texts.size(); ++i) {
+        if (texts.at(i).contains(text, caseSensitivity))
+            found += i;
+    }
+    return found;
+}
+
+QVector<QString> randomTexts(RandomTexts& random, int count, int longest)
+{
+    QVector<QString> texts;
+    while (texts.size() < count)
+        texts += random.text(longest);
+    return texts;
+}
+
+} // namespace
+
+class tst_TextSearch : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void finds_data();
+    void finds();
+    void findsWhatTheStringFinds_data();
+    void findsWhatTheStringFinds();
+    void everyLetterCountsAsForTheString();
+    void looksAtTheCandidatesOnly();
+    void looksInARangeOnly();
+};
+
+void tst_TextSearch::finds_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<Qt::CaseSensitivity>("caseSensitivity");
+    QTest::addColumn<QVector<int>>("found");
+
+    QTest::newRow("nothing is in every text") << "" << Qt::CaseInsensitive << QVector<int>{0, 1, 2, 3, 4, 5};
+    QTest::newRow("in the middle") << "lue" << Qt::CaseInsensitive << QVector<int>{0, 1, 2};
+    QTest::newRow("in another case") << "BLUE" << Qt::CaseInsensitive << QVector<int>{0, 2};
+    QTest::newRow("case told") << "Blue" << Qt::CaseSensitive << QVector<int>{0, 2};
+    QTest::newRow("case told, in none") << "BLUE" << Qt::CaseSensitive << QVector<int>{};
+    QTest::newRow("a whole long text") << "A light shade of blue, as in the sky, not in the sea" << Qt::CaseInsensitive
+                                       << QVector<int>{};
+    QTest::newRow("one letter") << "z" << Qt::CaseInsensitive << QVector<int>{4};
+    QTest::newRow("a letter with three spellings")
+        << QString(QChar(0x212a)) << Qt::CaseInsensitive << QVector<int>{2, 4, 5};
+    QTest::newRow("longer than all") << QString(100, QLatin1Char('e')) << Qt::CaseInsensitive << QVector<int>{};
+}
+
+void tst_TextSearch::finds()
+{
+    QFETCH(QString, text);
+    QFETCH(Qt::CaseSensitivity, caseSensitivity);
+    QFETCH(QVector<int>, found);
+
+    const QVector<QString> texts = {QStringLiteral("Light Blue"),
+                                    QStringLiteral("Value"),
+                                    QStringLiteral("A light shade of Blue, as in the sky and not in the sea at night"),
+                                    QString(),
+                                    QString::fromUtf8("Zinnober, dunkel"),
+                                    QStringLiteral("back")};
+    const TextSearch search(text, caseSensitivity);
+    QCOMPARE(search.allIn(texts, 0, texts.size()), found);
+    QCOMPARE(search.firstIn(texts), found.isEmpty() ? -1 : found.first());
+}
+
+void tst_TextSearch::findsWhatTheStringFinds_data()
+{
+    QTest::addColumn<int>("longestText");
+    QTest::addColumn<int>("longestSearched");
+
+    QTest::newRow("short texts") << 7 << 3;
+    QTest::newRow("names") << 40 << 4;
+    QTest::newRow("long texts") << 300 << 12;
+}
+
+void tst_TextSearch::findsWhatTheStringFinds()
+{
+    QFETCH(int, longestText);
+    QFETCH(int, longestSearched);
+
+    RandomTexts random(20261121);
+    int foundInAll = 0;
+    for (int round = 0; round < 500; ++round) {
+        const QVector<QString> texts = randomTexts(random, 40, longestText);
+        const QString text =
+            round % 2 == 0 ? random.text(longestSearched) : random.partOf(texts.at(random.upTo(texts.size())));
+        for (const auto caseSensitivity : {Qt::CaseInsensitive, Qt::CaseSensitive}) {
+            const QVector<int> expected = plainly(text, caseSensitivity, texts);
+            const TextSearch search(text, caseSensitivity);
+            QCOMPARE(search.allIn(texts, 0, texts.size()), expected);
+            QCOMPARE(search.firstIn(texts), expected.isEmpty() ? -1 : expected.first());
+            foundInAll += expected.size();
+        }
+    }
+    QVERIFY2(foundInAll > 500, qPrintable(QString::number(foundInAll)));
+}
+
+void tst_TextSearch::everyLetterCountsAsForTheString()
+{
+    // Each letter at a place where eight are looked at together.
+    QVector<QString> texts;
+    for (uint letter = 1; letter < 0x10000; ++letter)
+        texts += QStringLiteral("name_%1_name_name").arg(QChar(letter));
+    for (uint letter = 1; letter < 0x10000; letter += 7) {
+        const QString text(QChar{letter});
+        for (const auto caseSensitivity : {Qt::CaseInsensitive, Qt::CaseSensitive}) {
+            const int folded = int(QChar(letter).toCaseFolded().unicode());
+            const QVector<QString> few = {texts.at(int(letter) - 1), texts.at(folded - 1),
+                                          texts.at(int(QChar(letter).toUpper().unicode()) - 1),
+                                          texts.at(int(letter) % 60000 + 1)};
+            QCOMPARE(TextSearch(text, caseSensitivity).allIn(few, 0, few.size()), plainly(text, caseSensitivity, few));
+        }
+    }
+}
+
+void tst_TextSearch::looksAtTheCandidatesOnly()
+{
+    const QVector<QString> texts(100, QStringLiteral("a name of some letters"));
+    const TextSearch search(QStringLiteral("some"), Qt::CaseInsensitive);
+    QVector<int> candidates;
+    for (int i = 3; i < texts.size(); i += 4)
+        candidates += i;
+    QCOMPARE(search.allAmong(candidates, texts), candidates);
+    QCOMPARE(TextSearch(QStringLiteral("same"), Qt::CaseInsensitive).allAmong(candidates, texts), QVector<int>());
+    QCOMPARE(search.allAmong({}, texts), QVector<int>());
+}
+
+void tst_TextSearch::looksInARangeOnly()
+{
+    const QVector<QString> texts(10, QStringLiteral("a name of some letters"));
+    const TextSearch search(QStringLiteral("some"), Qt::CaseInsensitive);
+    QCOMPARE(search.allIn(texts, 3, 6), (QVector<int>{3, 4, 5}));
+    QCOMPARE(search.allIn(texts, 3, 3), QVector<int>());
+}
+
+CORE_TEST_MAIN(tst_TextSearch)
+
+#include "tst_TextSearch.moc"
