@@ -8,7 +8,6 @@
 #include <QTest>
 
 #include <memory>
-#include <vector>
 
 using zelmar::ui::findMainWindow;
 
@@ -77,9 +76,7 @@ void tst_findMainWindow::remembersIt()
 
 void tst_findMainWindow::findsTheFirstOfQtsList()
 {
-    std::vector<std::unique_ptr<QMainWindow>> mainWindows;
-    for (int i = 0; i < 20; ++i)
-        mainWindows.push_back(std::make_unique<QMainWindow>());
+    const QMainWindow mainWindows[20];
     const auto widgets = QApplication::topLevelWidgets();
     QCOMPARE(widgets.size(), 20);
     QCOMPARE(findMainWindow(true), widgets.first());
