@@ -47,8 +47,7 @@ QStringList makeNames()
             name += style == 0 ? word.toUpper() : style == 1 ? word : word.left(1).toUpper() + word.mid(1);
             name += upTo(3) == 0 ? QString::number(upTo(1000)) : QStringLiteral("_");
         }
-        name.truncate(length);
-        names += name;
+        names += name.left(length);
     }
     return names;
 }

@@ -59,6 +59,11 @@ set(expected
     "Number fields: 1\\.5e-7 mol/s: Acceptable: .+"
     "Number fields: 1,23 mol/s: Intermediate: .+"
     "Number fields: after steps of one's own: 1\\.5E-06 mol/s and 10"
+    "Filtering combo box: names with \"hlw\": 50000"
+    "Filtering combo box: form: PRESSURE_Kühlwasser_1; selectionComplete\\(\\)"
+    "Filtering combo box: form: PRESSURE_Kühlwasser_1; selectionComplete\\(\\), but the text is no name"
+    "Filtering combo box: form: PRESSURE_Kühlwasser_1; editingCanceled\\(\\)"
+    "Filtering combo box: table: SPEED_Inlet_1"
     "Labels and buttons: tool tip of a wide label: none"
     "Labels and buttons: tool tip of a narrow label: /measurements/2024/run 17/flow of the second valve\\.csv"
     "Labels and buttons: tool tip of the application's own: A tool tip of the application's own"
@@ -93,6 +98,7 @@ set(files "")
 foreach(page table-editor open-one-file open-several-files save-a-file choose-a-directory save-with-a-writer native-dialog)
     list(APPEND files ${page} ${page}-dialog ${page}-help)
 endforeach()
+list(APPEND files filtering-combo-box filtering-combo-box-form)
 list(APPEND files labels-and-buttons labels-and-buttons-long helpers)
 list(APPEND files number-fields number-fields-comma table-copy either-dialog either-dialog-system either-dialog-qt)
 foreach(file IN LISTS files)

@@ -2,6 +2,7 @@
 
 #include "LoadBar.h"
 #include "MessageArea.h"
+#include "NameDelegate.h"
 #include "TableView.h"
 #include "tour/Tour.h"
 
@@ -28,12 +29,18 @@
 #include <QLocale>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QSet>
 #include <QStackedWidget>
+#include <QStringListModel>
 #include <QTest>
 
 namespace gallery {
 
 namespace {
+
+// Enough for an offer, and soon looked through.
+const int rowsLookedAt = 100000;
+const int longestName = 200;
 
 /// Filters for opening, in the syntax of file dialogs: all kinds of tables together, then one by one.
 std::vector<std::string> openFilters()
@@ -60,6 +67,23 @@ std::vector<std::string> saveFilters()
 int indexOfFormat(const QString& path)
 {
     return int(&tableFormatForPath(path) - tableFormats().constData());
+}
+
+/// What a cell of a column of texts may well be: what others in it are.
+QAbstractItemModel* otherTexts(const TableModel& model, const QModelIndex& index, QObject* editor)
+{
+    if (model.columnKind(index.column()) != ColumnKind::Text)
+        return nullptr;
+    QSet<QString> texts;
+    const int rows = qMin(model.rowCount(), rowsLookedAt);
+    for (int row = 0; row < rows; ++row) {
+        const QString text = model.index(row, index.column()).data(Qt::EditRole).toString();
+        if (!text.isEmpty() && text.size() <= longestName)
+            texts.insert(text);
+    }
+    QStringList names(texts.cbegin(), texts.cend());
+    names.sort(Qt::CaseInsensitive);
+    return new QStringListModel(names, editor);
 }
 
 QVector<QStringList> textsOf(const QAbstractItemModel& model)
@@ -95,6 +119,10 @@ TableEditorPage::TableEditorPage()
     , m_messages(new MessageArea)
 {
     m_view->setModel(m_model);
+    const auto names = [this](const QModelIndex& index, QObject* editor) {
+        return otherTexts(*m_model, index, editor);
+    };
+    m_view->setItemDelegate(new NameDelegate(NameDelegate::Entry::AnyText, names, m_view));
     addWidgets();
     connectWidgets();
 }

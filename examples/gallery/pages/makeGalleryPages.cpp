@@ -3,6 +3,7 @@
 #include "EitherDialogPage.h"
 #include "FileDialogExample.h"
 #include "FileDialogPage.h"
+#include "FilteringComboPage.h"
 #include "HelpersPage.h"
 #include "LabelsAndButtonsPage.h"
 #include "NativeDialogPage.h"
@@ -23,6 +24,7 @@ std::vector<std::unique_ptr<GalleryPage>> makeGalleryPages()
     pages.push_back(std::make_unique<NativeDialogPage>());
     pages.push_back(std::make_unique<EitherDialogPage>());
     pages.push_back(std::make_unique<NumberFieldsPage>());
+    pages.push_back(std::make_unique<FilteringComboPage>());
     pages.push_back(std::make_unique<LabelsAndButtonsPage>());
     pages.push_back(std::make_unique<HelpersPage>());
     pages.push_back(std::make_unique<TableCopyPage>());

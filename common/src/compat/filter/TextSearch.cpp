@@ -86,16 +86,30 @@ public:
     /// Whether there are no other letters.
     bool isExact() const { return m_isExact; }
 
-    /// `starts`, 8 or more, is the number of places in `text` where the text could start.
-    bool lets(const char16_t* text, int starts) const
+    /// A bit for each of the first 40 places in `text` where the text could start: 8 for each block of 8, the last of
+    /// which begins before the end. `starts`, 8 or more, is the number of such places.
+    quint64 marksIn(const char16_t* text, int starts) const
     {
-        const int lastBlock = starts - blockLength;
-        __m128i marks = _mm_setzero_si128();
+        quint64 marks = 0;
         for (int block = 0; block < usualStarts; block += blockLength)
-            marks = _mm_or_si128(marks, marksAt(text + std::min(block, lastBlock)));
-        for (int block = usualStarts; block < starts; block += blockLength)
-            marks = _mm_or_si128(marks, marksAt(text + std::min(block, lastBlock)));
-        return _mm_movemask_epi8(marks) != 0;
+            marks |= quint64(marksAt(text + startOf(block, starts))) << block;
+        return marks;
+    }
+
+    /// Whether `check` holds for one of the marked places, or one behind them.
+    template <typename Check>
+    bool checkMarked(quint64 marks, const char16_t* text, int starts, Check check) const
+    {
+        for (; marks != 0; marks &= marks - 1) {
+            const int bit = int(qCountTrailingZeroBits(marks));
+            if (check(text + startOf(bit & ~(blockLength - 1), starts) + (bit & (blockLength - 1))))
+                return true;
+        }
+        for (int start = usualStarts; start < starts; ++start) {
+            if (check(text + start))
+                return true;
+        }
+        return false;
     }
 
 private:
@@ -121,8 +135,14 @@ private:
         __m128i spellings[4] = {};
     };
 
-    /// Marks those of the eight starts from `start` where both letters are.
-    __m128i marksAt(const char16_t* start) const { return _mm_and_si128(m_one.marksAt(start), m_other.marksAt(start)); }
+    static int startOf(int block, int starts) { return std::min(block, starts - blockLength); }
+
+    /// A bit for each of the eight places from `start` where both letters are.
+    uint marksAt(const char16_t* start) const
+    {
+        const __m128i marks = _mm_and_si128(m_one.marksAt(start), m_other.marksAt(start));
+        return uint(_mm_movemask_epi8(_mm_packs_epi16(marks, marks))) & 0xffU;
+    }
 
     bool m_isThere = false;
     bool m_isExact = false;
@@ -147,7 +167,12 @@ public:
     Sieve(const Place&, const Place&, bool) {}
     bool isThere() const { return false; }
     bool isExact() const { return false; }
-    bool lets(const char16_t*, int) const { return true; }
+    quint64 marksIn(const char16_t*, int) const { return 0; }
+    template <typename Check>
+    bool checkMarked(quint64, const char16_t*, int, Check) const
+    {
+        return false;
+    }
 };
 
 #endif
@@ -156,13 +181,12 @@ TextSearch::TextSearch(QString text, Qt::CaseSensitivity caseSensitivity)
     : m_text(std::move(text))
     , m_caseSensitivity(caseSensitivity)
 {
+    const bool ignoresCase = caseSensitivity == Qt::CaseInsensitive;
     // The halves of a surrogate pair fold together.
-    const bool hasSurrogates =
-        std::any_of(m_text.cbegin(), m_text.cend(), [](QChar letter) { return letter.isSurrogate(); });
-    if (caseSensitivity == Qt::CaseSensitive || hasSurrogates)
+    if (ignoresCase && std::any_of(m_text.cbegin(), m_text.cend(), [](QChar letter) { return letter.isSurrogate(); }))
         return;
     for (const QChar letter : qAsConst(m_text))
-        m_folded.append(foldings().of[letter.unicode()]);
+        m_letters.append(ignoresCase ? foldings().of[letter.unicode()] : letter.unicode());
 }
 
 /// Nothing where more letters count as the same than fit.
@@ -207,20 +231,16 @@ TextSearch::Sieve TextSearch::sieveFor(const QVector<QString>& texts) const
     const auto other = placeAt(offsets.value(1, offsets.first()));
     if (!one || !other)
         return {};
-    const bool foldsAlone = m_caseSensitivity == Qt::CaseSensitive || !m_folded.isEmpty();
-    return {*one, *other, foldsAlone && m_text.size() == offsets.size() && m_text.size() <= 2};
+    return {*one, *other, m_letters.size() == offsets.size() && offsets.size() <= 2};
 }
 
-bool TextSearch::isFoldedIn(const char16_t* letters, int starts) const
+inline bool TextSearch::standsAt(const char16_t* start) const
 {
+    if (m_caseSensitivity == Qt::CaseSensitive)
+        return std::equal(m_letters.begin(), m_letters.end(), start);
     const char16_t* const folding = foldings().of.data();
-    const auto counts = [folding](char16_t folded, char16_t letter) { return folded == folding[letter]; };
-    const char16_t firstLetter = m_folded.front();
-    for (const char16_t* start = letters; start < letters + starts; ++start) {
-        if (folding[*start] == firstLetter && std::equal(m_folded.begin(), m_folded.end(), start, counts))
-            return true;
-    }
-    return false;
+    return std::equal(m_letters.begin(), m_letters.end(), start,
+                      [folding](char16_t folded, char16_t letter) { return folded == folding[letter]; });
 }
 
 inline bool TextSearch::isIn(const QString& text, const Sieve& sieve) const
@@ -228,12 +248,24 @@ inline bool TextSearch::isIn(const QString& text, const Sieve& sieve) const
     const int starts = text.size() - m_text.size() + 1;
     if (starts <= 0)
         return false;
-    if (sieve.isThere() && starts >= blockLength) {
-        const bool passes = sieve.lets(lettersOf(text), starts);
-        if (sieve.isExact() || !passes)
-            return passes;
+    if (!sieve.isThere() || starts < blockLength)
+        return text.contains(m_text, m_caseSensitivity);
+    const quint64 marks = sieve.marksIn(lettersOf(text), starts);
+    if (starts <= usualStarts) {
+        // Without a jump that depends on the answer, which the processor could only guess.
+        if (sieve.isExact())
+            return marks != 0;
+        if (marks == 0)
+            return false;
     }
-    return m_folded.isEmpty() ? text.contains(m_text, m_caseSensitivity) : isFoldedIn(lettersOf(text), starts);
+    return isAtMarks(marks, text, starts, sieve);
+}
+
+bool TextSearch::isAtMarks(quint64 marks, const QString& text, int starts, const Sieve& sieve) const
+{
+    if (m_letters.isEmpty())
+        return text.contains(m_text, m_caseSensitivity);
+    return sieve.checkMarked(marks, lettersOf(text), starts, [this](const char16_t* start) { return standsAt(start); });
 }
 
 int TextSearch::firstIn(const QVector<QString>& texts) const
@@ -250,7 +282,7 @@ QVector<int> TextSearch::allIn(const QVector<QString>& texts, int first, int end
     int* next = found.data();
     for (int i = first; i < end; ++i) {
         *next = i;
-        next += isIn(texts.at(i), sieve); // no jump that the processor would have to guess
+        next += isIn(texts.at(i), sieve);
     }
     found.resize(int(next - found.data()));
     return found;

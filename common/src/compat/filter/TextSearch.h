@@ -40,11 +40,13 @@ private:
     QVector<int> placesByRarity(const QVector<QString>& texts) const;
     Sieve sieveFor(const QVector<QString>& texts) const;
     bool isIn(const QString& text, const Sieve& sieve) const;
-    bool isFoldedIn(const char16_t* letters, int starts) const;
+    bool isAtMarks(quint64 marks, const QString& text, int starts, const Sieve& sieve) const;
+    bool standsAt(const char16_t* start) const;
 
     QString m_text;
     Qt::CaseSensitivity m_caseSensitivity;
-    QVector<char16_t> m_folded; ///< the text, where letters count as the same one by one and not as they are
+    /// What stands for the text where texts are compared letter by letter; empty where they cannot be.
+    QVector<char16_t> m_letters;
 };
 
 } // namespace zelmar

@@ -8,8 +8,8 @@ namespace zelmar {
 class ContainsFilterModel;
 } // namespace zelmar
 
-/// A completer that can also complete with what contains the typed text anywhere, and does so without a delay in lists of
-/// a million texts. Stands in for the class of this name of the CTK widgets where those are not installed, with the
+/// A completer that can also complete with what contains the typed text anywhere, and does so without a delay in lists
+/// of a million texts. Stands in for the class of this name of the CTK widgets where those are not installed, with the
 /// members that the library needs. Include it as "compat/ctkCompleter.h".
 ///
 ///     auto* completer = new ctkCompleter(&names, edit);

@@ -19,7 +19,9 @@ namespace {
 constexpr int allMeasured = 1000;
 constexpr int fewMeasured = 100;
 
-constexpr int batchSize = 1000;
+/// As many as are laid out before anybody notices. Much smaller ones would show less, not sooner: while the rest of
+/// them is laid out, a list that has changed meanwhile stays empty.
+constexpr int batchSize = 100000;
 
 /// Lays out what is shown first, and the rest when there is time.
 void layOutInBatches(QListView& list)
@@ -187,12 +189,9 @@ void ComboBoxAutoFilter::showPopup()
     QComboBox::showPopup();
 }
 
-/// Closes. Qt would hand the keyboard on to the next field.
 void ComboBoxAutoFilter::leave()
 {
-    const QWidget* const focus = window()->focusWidget();
-    if (parentWidget() && !isWindow() && focus && (focus == this || isAncestorOf(focus)))
-        parentWidget()->setFocus();
+    hidePopup(); // which gives the keyboard back to the box, and so to where it goes from there
     if (m_completer && m_completer->popup())
         m_completer->popup()->hide();
     close();
@@ -276,6 +275,15 @@ void ComboBoxAutoFilter::keyPressEvent(QKeyEvent* e)
     }
     if (self)
         QComboBox::keyPressEvent(e);
+}
+
+/// Qt hands the keyboard of a widget that is hidden on to the next field; nobody has asked for that here.
+bool ComboBoxAutoFilter::focusNextPrevChild(bool next)
+{
+    if (isVisible() || isWindow() || !parentWidget())
+        return QComboBox::focusNextPrevChild(next);
+    parentWidget()->setFocus();
+    return true;
 }
 
 // Size

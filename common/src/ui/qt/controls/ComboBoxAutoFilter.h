@@ -98,6 +98,7 @@ protected:
     bool event(QEvent* e) override;
     bool eventFilter(QObject* watched, QEvent* e) override;
     void inputMethodEvent(QInputMethodEvent* e) override;
+    bool focusNextPrevChild(bool next) override;
 
 private Q_SLOTS:
     void onEditingFinished();

@@ -79,6 +79,7 @@ private Q_SLOTS:
     void isValidForGoodAfterEscape();
     void remembersTheIndexAtTheStart();
     void mayBeOpenedAgain();
+    void longListsAreDrawn();
     void listsFitTheirItems_data();
     void listsFitTheirItems();
     void listsStayOnTheScreen_data();
@@ -403,6 +404,35 @@ void tst_ComboBoxAutoFilterKeyboard::mayBeOpenedAgain()
     press(Qt::Key_Tab);
     QCOMPARE(m_ends->heard, (QStringList{"complete", "complete"}));
     QCOMPARE(m_box->currentIndex(), 0);
+}
+
+void tst_ComboBoxAutoFilterKeyboard::longListsAreDrawn()
+{
+    QStringList names;
+    for (int i = 0; i < 300000; ++i)
+        names += QStringLiteral("Name %1").arg(i);
+    QStringListModel model(names);
+    m_box->setModel(&model);
+    m_box->lineEdit()->selectAll();
+    type(QStringLiteral("na"));
+    QTRY_VERIFY(completions().isVisible());
+    type(QStringLiteral("me")); // while the list is still being laid out
+    for (int turn = 0; turn < 20; ++turn)
+        QCoreApplication::processEvents();
+    const auto isDrawn = [this] {
+        QWidget& list = *completions().viewport();
+        const QPoint place = list.mapToGlobal({});
+        // Below the first item, which is marked and so drawn in any case.
+        const QImage image =
+            list.screen()->grabWindow(0, place.x(), place.y() + 30, list.width(), list.height() - 30).toImage();
+        QSet<QRgb> colours;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x)
+                colours.insert(image.pixel(x, y));
+        }
+        return colours.size() > 1;
+    };
+    QVERIFY(isDrawn());
 }
 
 void tst_ComboBoxAutoFilterKeyboard::listsFitTheirItems_data()

@@ -1,0 +1,201 @@
+#include "FilteringComboPage.h"
+
+#include "NameDelegate.h"
+#include "sampleNames.h"
+#include "tour/Tour.h"
+
+#include "ui/qt/controls/ComboBoxAutoFilter.h"
+
+#include "Keyboard.h"
+
+#include <QAbstractItemView>
+#include <QComboBox>
+#include <QFormLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QLocale>
+#include <QPushButton>
+#include <QStackedWidget>
+#include <QStandardItemModel>
+#include <QStringListModel>
+#include <QTableView>
+#include <QTest>
+#include <QVBoxLayout>
+#include <QWindow>
+
+using zelmar::ui::ComboBoxAutoFilter;
+
+namespace gallery {
+
+namespace {
+
+constexpr int counts[] = {10, 10000, 1000000};
+constexpr int channels = 12;
+
+/// To the window, from where keys go to whatever has popped up.
+void press(QWidget& window, Qt::Key key)
+{
+    QTest::keyClick(window.windowHandle(), key);
+}
+
+void type(QWidget& window, const char* letters)
+{
+    for (; *letters != '\0'; ++letters)
+        QTest::keyClick(window.windowHandle(), *letters);
+}
+
+} // namespace
+
+FilteringComboPage::FilteringComboPage()
+    : GalleryPage(tr("Filtering combo box"),
+                  tr("Type any part of a name: what contains it is offered. Return and Tab take it, Escape does not. "
+                     "Press the value to change it, or a name in the table twice."))
+    , m_names(new QStringListModel(this))
+    , m_counts(new QComboBox)
+    , m_field(new QStackedWidget)
+    , m_value(new QPushButton)
+    , m_end(new QLabel)
+    , m_table(new QTableView)
+{
+    setNames(counts[0]);
+    addForm();
+    addTable();
+}
+
+FilteringComboPage::~FilteringComboPage() = default;
+
+void FilteringComboPage::addForm()
+{
+    for (const int count : counts)
+        m_counts->addItem(QLocale().toString(count));
+    connect(m_counts, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
+            [this](int index) { setNames(counts[index]); });
+    connect(m_value, &QPushButton::clicked, this, &FilteringComboPage::edit);
+    m_value->setText(m_names->index(0).data().toString());
+    m_field->addWidget(m_value);
+    m_field->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    m_end->setTextFormat(Qt::PlainText);
+
+    auto* form = new QFormLayout;
+    form->addRow(tr("&Names"), m_counts);
+    auto* label = new QLabel(tr("&Signal"));
+    label->setBuddy(m_value);
+    form->addRow(label, m_field);
+    form->addRow(tr("Ended by"), m_end);
+    contents().addLayout(form);
+}
+
+void FilteringComboPage::addTable()
+{
+    auto* model = new QStandardItemModel(channels, 2, this);
+    model->setHorizontalHeaderLabels({tr("Channel"), tr("Signal")});
+    for (int row = 0; row < channels; ++row) {
+        auto* channel = new QStandardItem(tr("Channel %1").arg(row + 1));
+        channel->setEditable(false);
+        model->setItem(row, 0, channel);
+        model->setItem(row, 1, new QStandardItem(m_names->index(row % m_names->rowCount()).data().toString()));
+    }
+    m_table->setModel(model);
+    m_table->setAccessibleName(tr("Channels"));
+    m_table->setTabKeyNavigation(false);
+    m_table->horizontalHeader()->setStretchLastSection(true);
+    const auto names = [this](const QModelIndex&, QObject*) { return m_names; };
+    m_table->setItemDelegateForColumn(1, new NameDelegate(NameDelegate::Entry::Name, names, m_table));
+    contents().addWidget(m_table, 1);
+}
+
+void FilteringComboPage::setNames(int count)
+{
+    m_names->setStringList(sampleNames(count));
+}
+
+// The form
+
+void FilteringComboPage::edit()
+{
+    m_box = new ComboBoxAutoFilter(m_field);
+    m_box->setListModel(m_names, true, QCompleter::PopupCompletion, Qt::CaseInsensitive, Qt::ElideRight,
+                        Qt::MatchContains);
+    m_box->setAccessibleName(tr("Signal"));
+    m_box->setSelectedText(m_value->text());
+    connect(m_box, SIGNAL(selectionComplete()), this, SLOT(takeName()));
+    connect(m_box, SIGNAL(editingCanceled()), this, SLOT(keepName()));
+    m_field->setCurrentIndex(m_field->addWidget(m_box));
+    m_box->setFocus();
+}
+
+void FilteringComboPage::takeName()
+{
+    const bool isName = m_box->validateEntry();
+    if (isName)
+        m_value->setText(m_box->currentText());
+    showValue(isName ? tr("selectionComplete()") : tr("selectionComplete(), but the text is no name"));
+}
+
+void FilteringComboPage::keepName()
+{
+    showValue(tr("editingCanceled()"));
+}
+
+void FilteringComboPage::showValue(const QString& end)
+{
+    m_end->setText(end);
+    m_field->removeWidget(m_box);
+    m_box->deleteLater();
+    m_box = nullptr;
+    m_value->setFocus();
+}
+
+// Tour
+
+void FilteringComboPage::tour(Tour& tour)
+{
+    m_counts->setCurrentIndex(2);
+    tourForm(tour);
+    tourTable(tour);
+}
+
+void FilteringComboPage::tourForm(Tour& tour)
+{
+    m_value->click();
+    takeKeyboardFocus(*m_box);
+    type(*window(), "hlw");
+    tour.waitUntil(QStringLiteral("names are offered"), [this] { return m_box->completer()->popup()->isVisible(); });
+    tour.log(QStringLiteral("names with \"hlw\": %1").arg(m_box->completer()->completionCount()));
+    tour.takePicture(QStringLiteral("form"));
+    press(*window(), Qt::Key_Tab);
+    tour.log(QStringLiteral("form: %1; %2").arg(m_value->text(), m_end->text()));
+
+    m_value->click();
+    takeKeyboardFocus(*m_box);
+    type(*window(), "zz");
+    press(*window(), Qt::Key_Return);
+    tour.log(QStringLiteral("form: %1; %2").arg(m_value->text(), m_end->text()));
+
+    m_value->click();
+    takeKeyboardFocus(*m_box);
+    press(*window(), Qt::Key_Down);
+    press(*window(), Qt::Key_Escape);
+    tour.log(QStringLiteral("form: %1; %2").arg(m_value->text(), m_end->text()));
+}
+
+void FilteringComboPage::tourTable(Tour& tour)
+{
+    const QModelIndex cell = m_table->model()->index(2, 1);
+    takeKeyboardFocus(*m_table);
+    m_table->setCurrentIndex(cell);
+    press(*window(), Qt::Key_F2);
+    auto* box = m_table->findChild<ComboBoxAutoFilter*>();
+    tour.expect(box != nullptr, QStringLiteral("a cell is edited in the combo box"));
+    if (!box)
+        return;
+    type(*window(), "speed");
+    tour.waitUntil(QStringLiteral("names are offered"), [box] { return box->completer()->popup()->isVisible(); });
+    tour.takePicture();
+    press(*window(), Qt::Key_Return);
+    tour.log(QStringLiteral("table: ") + cell.data().toString());
+    tour.expect(m_table->hasFocus(), QStringLiteral("the table has the keyboard again"));
+}
+
+} // namespace gallery

@@ -1,0 +1,105 @@
+#include "NameDelegate.h"
+
+#include "ui/qt/controls/ComboBoxAutoFilter.h"
+
+#include <QEvent>
+#include <QLineEdit>
+
+#include <memory>
+#include <utility>
+
+using zelmar::ui::ComboBoxAutoFilter;
+
+namespace gallery {
+
+namespace {
+
+/// Of the editor: what the user has typed or picked last. The box itself takes the first name that contains it when it
+/// closes, which is not what a cell of any text is to become.
+const char* const ownText = "ownText";
+
+} // namespace
+
+NameDelegate::NameDelegate(Entry entry, NamesFor namesFor, QObject* parent)
+    : TableDelegate(parent)
+    , m_entry(entry)
+    , m_namesFor(std::move(namesFor))
+{
+}
+
+NameDelegate::~NameDelegate() = default;
+
+QWidget* NameDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem& option, const QModelIndex& index) const
+{
+    auto box = std::make_unique<ComboBoxAutoFilter>(parent);
+    QAbstractItemModel* const names = m_namesFor(index, box.get());
+    if (!names)
+        return TableDelegate::createEditor(parent, option, index);
+    box->setListModel(names, true, QCompleter::PopupCompletion, Qt::CaseInsensitive, Qt::ElideRight, Qt::MatchContains);
+    connect(box.get(), SIGNAL(selectionComplete()), this, SLOT(commit()));
+    connect(box.get(), SIGNAL(editingCanceled()), this, SLOT(revert()));
+    followText(*box);
+    return box.release();
+}
+
+void NameDelegate::followText(ComboBoxAutoFilter& box) const
+{
+    const auto follow = [&box](const QString& text) { box.setProperty(ownText, text); };
+    connect(box.lineEdit(), &QLineEdit::textEdited, &box, follow);
+    connect(box.completer(), QOverload<const QString&>::of(&QCompleter::highlighted), &box, [&box, follow] {
+        // Once the text field has it; the first completion is marked only.
+        QMetaObject::invokeMethod(
+            &box, [&box, follow] { follow(box.lineEdit()->text()); }, Qt::QueuedConnection);
+    });
+    connect(&box, QOverload<int>::of(&QComboBox::activated), &box,
+            [&box, follow](int item) { follow(box.itemText(item)); });
+}
+
+void NameDelegate::setEditorData(QWidget* editor, const QModelIndex& index) const
+{
+    auto* box = qobject_cast<ComboBoxAutoFilter*>(editor);
+    if (!box)
+        return TableDelegate::setEditorData(editor, index);
+    const QString text = index.data(Qt::EditRole).toString();
+    box->setSelectedText(text);
+    if (box->currentText() != text) {
+        box->setCurrentIndex(-1);
+        box->setEditText(text);
+    }
+    box->lineEdit()->selectAll();
+    box->setProperty(ownText, text);
+}
+
+void NameDelegate::setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const
+{
+    auto* box = qobject_cast<ComboBoxAutoFilter*>(editor);
+    if (!box)
+        TableDelegate::setModelData(editor, model, index);
+    else if (m_entry == Entry::AnyText)
+        model->setData(index, box->property(ownText));
+    else if (box->validateEntry())
+        model->setData(index, box->currentText());
+}
+
+bool NameDelegate::eventFilter(QObject* editor, QEvent* event)
+{
+    if (!qobject_cast<ComboBoxAutoFilter*>(editor))
+        return TableDelegate::eventFilter(editor, event);
+    // The keys are the box's own. When it has closed, it says itself how; a click elsewhere takes what is there.
+    const bool isLeft = event->type() == QEvent::FocusOut && qobject_cast<QWidget*>(editor)->isVisible();
+    return isLeft && TableDelegate::eventFilter(editor, event);
+}
+
+void NameDelegate::commit()
+{
+    auto* box = qobject_cast<QWidget*>(sender());
+    Q_EMIT commitData(box);
+    Q_EMIT closeEditor(box);
+}
+
+void NameDelegate::revert()
+{
+    Q_EMIT closeEditor(qobject_cast<QWidget*>(sender()), RevertModelCache);
+}
+
+} // namespace gallery
