@@ -5,6 +5,7 @@
 #include "ui/qt/dialogs/FolderReadTracker.h"
 #include "ui/qt/dialogs/addDefaultSidebarPlaces.h"
 #include "ui/qt/dialogs/rules/temporaryNameFilter.h"
+#include "ui/qt/dialogs/letAcceptButtonFollowFolder.h"
 #include "ui/qt/dialogs/unselectShownFolder.h"
 
 #include <QComboBox>
@@ -84,6 +85,7 @@ void QExtendedFileDialog::init(QFileDialog::AcceptMode mode)
     m_folderReadTracker = new FolderReadTracker(*model);
     connect(model, SIGNAL(directoryLoaded(const QString&)), SLOT(onDirectoryLoaded(const QString&)));
     connect(model, SIGNAL(rootPathChanged(const QString&)), SLOT(onRootPathChanged(const QString&)));
+    letAcceptButtonFollowFolder(*this);
 }
 
 void QExtendedFileDialog::performSelectedFileValidation(bool on)

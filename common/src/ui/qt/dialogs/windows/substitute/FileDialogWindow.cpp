@@ -1,5 +1,6 @@
 #include "ui/qt/dialogs/windows/substitute/FileDialogWindow.h"
 
+#include "ui/qt/dialogs/letAcceptButtonFollowFolder.h"
 #include "ui/qt/dialogs/unselectShownFolder.h"
 #include "ui/qt/dialogs/windows/substitute/AcceptMenu.h"
 #include "ui/qt/dialogs/windows/substitute/ControlBar.h"
@@ -207,6 +208,7 @@ void FileDialogWindow::attachToWidgets()
     m_acceptButton = m_buttonBox->button(acceptMode() == AcceptSave ? QDialogButtonBox::Save : QDialogButtonBox::Open);
     m_plainAcceptText = m_acceptButton->text();
 
+    letAcceptButtonFollowFolder(*this);
     // Types are used by their place. QFileDialog would go by text, and change the name's suffix, too.
     disconnect(m_fileTypeCombo, SIGNAL(activated(int)), this, nullptr);
     // More than directoryEntered() tells: also of a folder that was typed.

@@ -1,0 +1,71 @@
+#include "ui/qt/dialogs/letAcceptButtonFollowFolder.h"
+
+#include "DialogFolders.h"
+#include "FileDialogActions.h"
+#include "TestHome.h"
+#include "ui/qt/dialogs/QExtendedFileDialog.h"
+
+#include <QApplication>
+#include <QDialogButtonBox>
+#include <QFile>
+#include <QPushButton>
+#include <QTest>
+
+#include <functional>
+#include <memory>
+
+class tst_letAcceptButtonFollowFolder : public QObject
+{
+    Q_OBJECT
+
+public:
+    using MakeDialog = std::function<std::unique_ptr<QFileDialog>(QWidget& parent, const QString& folder)>;
+
+private Q_SLOTS:
+    void enablesForAFileThatComesLater_data();
+    void enablesForAFileThatComesLater();
+};
+
+Q_DECLARE_METATYPE(tst_letAcceptButtonFollowFolder::MakeDialog)
+
+void tst_letAcceptButtonFollowFolder::enablesForAFileThatComesLater_data()
+{
+    QTest::addColumn<MakeDialog>("makeDialog");
+
+    QTest::newRow("any dialog that Qt draws") << MakeDialog([](QWidget& parent, const QString& folder) {
+        auto dialog = std::make_unique<QFileDialog>(&parent, QString(), folder);
+        dialog->setOption(QFileDialog::DontUseNativeDialog);
+        dialog->setFileMode(QFileDialog::ExistingFile);
+        letAcceptButtonFollowFolder(*dialog);
+        return dialog;
+    });
+    QTest::newRow("QExtendedFileDialog") << MakeDialog([](QWidget& parent, const QString& folder) {
+        return std::make_unique<QExtendedFileDialog>(parent, "Open", folder.toStdString(), "", "",
+                                                     QFileDialog::AcceptOpen);
+    });
+}
+
+void tst_letAcceptButtonFollowFolder::enablesForAFileThatComesLater()
+{
+    QFETCH(MakeDialog, makeDialog);
+
+    DialogFolders folders;
+    folders.addFile(QStringLiteral("first.dat"));
+    QWidget window;
+    window.show();
+    const auto dialog = makeDialog(window, folders.path(QString()));
+    dialog->show();
+    const QPushButton* open =
+        dialog->findChild<QDialogButtonBox*>(QStringLiteral("buttonBox"))->button(QDialogButtonBox::Open);
+    typeName(*dialog, QStringLiteral("second.dat"));
+    QVERIFY(!open->isEnabled());
+
+    folders.addFile(QStringLiteral("second.dat"));
+    QTRY_VERIFY(open->isEnabled());
+    QVERIFY(QFile::remove(folders.path(QStringLiteral("second.dat"))));
+    QTRY_VERIFY(!open->isEnabled());
+}
+
+UI_TEST_MAIN(tst_letAcceptButtonFollowFolder)
+
+#include "tst_letAcceptButtonFollowFolder.moc"
