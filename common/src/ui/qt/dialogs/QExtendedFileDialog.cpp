@@ -4,8 +4,8 @@
 #include "platform/HelpLauncher.h"
 #include "ui/qt/dialogs/FolderReadTracker.h"
 #include "ui/qt/dialogs/addDefaultSidebarPlaces.h"
-#include "ui/qt/dialogs/rules/temporaryNameFilter.h"
 #include "ui/qt/dialogs/letAcceptButtonFollowFolder.h"
+#include "ui/qt/dialogs/rules/temporaryNameFilter.h"
 #include "ui/qt/dialogs/unselectShownFolder.h"
 
 #include <QComboBox>
