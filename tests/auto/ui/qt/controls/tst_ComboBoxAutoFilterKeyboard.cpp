@@ -45,7 +45,8 @@ private Q_SLOTS:
 private:
     void hear(const QString& end)
     {
-        const bool isOpen = m_box->isVisible() || m_box->completer()->popup()->isVisible();
+        const QWidget* completions = m_box->completer()->popup(); // null when it completes within the line
+        const bool isOpen = m_box->isVisible() || (completions && completions->isVisible());
         heard += isOpen ? end + QStringLiteral(" while open") : end;
         if (deletesTheBox)
             delete m_box;
