@@ -86,11 +86,18 @@ void ModelTexts::shareWithTwin()
     const ModelTexts* const twin = find(m_model, m_column, otherRole);
     if (!twin || !twin->m_isRead)
         return;
-    for (int row = 0; row < m_texts.size(); ++row) {
+    bool isSame = m_texts.size() == twin->m_texts.size();
+    for (int row = 0; row < qMin(m_texts.size(), twin->m_texts.size()); ++row) {
         const QString& text = twin->m_texts.at(row);
-        if (!m_texts.at(row).isSharedWith(text) && m_texts.at(row) == text)
+        if (m_texts.at(row).isSharedWith(text))
+            continue;
+        if (m_texts.at(row) == text)
             m_texts[row] = text;
+        else
+            isSame = false;
     }
+    if (isSame)
+        m_texts = twin->m_texts; // until either changes
 }
 
 QString ModelTexts::textAt(int row) const

@@ -285,6 +285,7 @@ QVector<int> TextSearch::allIn(const QVector<QString>& texts, int first, int end
         next += isIn(texts.at(i), sieve);
     }
     found.resize(int(next - found.data()));
+    found.squeeze(); // it is kept, and mostly few are left
     return found;
 }
 
@@ -300,6 +301,7 @@ QVector<int> TextSearch::allAmong(const QVector<int>& candidates, const QVector<
         next += isIn(texts.at(*next), sieve);
     }
     found.resize(int(next - found.data()));
+    found.squeeze();
     return found;
 }
 
