@@ -134,6 +134,7 @@ void tst_NameDelegate::edits_data()
 
     QTest::newRow("any text: as typed, by Return")
         << Entry::AnyText << typeAnd("Blu", {Qt::Key_Return}) << "Blu" << 1 << 0;
+    QTest::newRow("any text: no name") << Entry::AnyText << typeAnd("green", {Qt::Key_Return}) << "green" << 1 << 0;
     QTest::newRow("any text: a name within another")
         << Entry::AnyText << typeAnd("Blue", {Qt::Key_Tab}) << "Blue" << 1 << 0;
     QTest::newRow("any text: a completion")
