@@ -1,14 +1,35 @@
 #include "ui/qt/dialogs/letAcceptButtonFollowFolder.h"
 
+#include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QFileSystemModel>
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace {
+
+/// Otherwise Qt has looked already; looking again would also word the button anew.
+bool waitsForAFile(const QFileDialog& dialog)
+{
+    const auto* edit = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+    const auto* box = dialog.findChild<QDialogButtonBox*>(QStringLiteral("buttonBox"));
+    const QPushButton* open = box->button(QDialogButtonBox::Open);
+    return open && !open->isEnabled() && !edit->text().isEmpty();
+}
+
+} // namespace
 
 void letAcceptButtonFollowFolder(QFileDialog& dialog)
 {
     const auto* model = dialog.findChild<QFileSystemModel*>(QStringLiteral("qt_filesystem_model"));
     if (!model)
         return;
-    for (const char* signal : {SIGNAL(layoutChanged()), SIGNAL(rowsInserted(QModelIndex, int, int)),
-                               SIGNAL(rowsRemoved(QModelIndex, int, int)), SIGNAL(directoryLoaded(QString))})
-        QObject::connect(model, signal, &dialog, SLOT(_q_updateOkButton()));
+    const auto lookAgain = [&dialog] {
+        if (waitsForAFile(dialog))
+            QMetaObject::invokeMethod(&dialog, "_q_updateOkButton");
+    };
+    QObject::connect(model, &QFileSystemModel::layoutChanged, &dialog, lookAgain);
+    QObject::connect(model, &QFileSystemModel::rowsInserted, &dialog, lookAgain);
+    QObject::connect(model, &QFileSystemModel::rowsRemoved, &dialog, lookAgain);
+    QObject::connect(model, &QFileSystemModel::directoryLoaded, &dialog, lookAgain);
 }
