@@ -108,15 +108,17 @@ void ComboBoxAutoFilter::init(bool editable, QCompleter::CompletionMode mode, Qt
     completer->setCompletionColumn(modelColumn());
     if (completer->popup()) {
         completer->popup()->setTextElideMode(elideMode);
-        auto* const list = qobject_cast<QListView*>(completer->popup());
-        layOutInBatches(*list);
-        new PopupFit(*list, *this);
+        if (auto* const list = qobject_cast<QListView*>(completer->popup())) {
+            layOutInBatches(*list);
+            new PopupFit(*list, *this);
+        }
     }
     completer->setCaseSensitivity(caseSensitivity);
     setCompleter(completer);
     if (lineEdit())
         connect(lineEdit(), SIGNAL(editingFinished()), this, SLOT(onEditingFinished()));
-    qobject_cast<QListView*>(view())->setUniformItemSizes(true);
+    if (auto* const list = qobject_cast<QListView*>(view()))
+        list->setUniformItemSizes(true);
     setInsertPolicy(QComboBox::NoInsert);
 }
 
@@ -183,9 +185,11 @@ void ComboBoxAutoFilter::showPopup()
         selectContaining();
     if (m_indexAtEditStart == -1)
         m_indexAtEditStart = currentIndex();
-    auto* const list = qobject_cast<QListView*>(view());
-    list->setMinimumWidth(PopupFit::widthOf(*list, currentIndex()));
-    layOutUpTo(*list, currentIndex());
+    // Unless the application has put another kind of view in its place.
+    if (auto* const list = qobject_cast<QListView*>(view())) {
+        list->setMinimumWidth(PopupFit::widthOf(*list, currentIndex()));
+        layOutUpTo(*list, currentIndex());
+    }
     QComboBox::showPopup();
 }
 

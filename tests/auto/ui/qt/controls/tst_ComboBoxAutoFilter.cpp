@@ -9,6 +9,7 @@
 #include <QSignalSpy>
 #include <QStandardItemModel>
 #include <QStringListModel>
+#include <QTableView>
 #include <QTest>
 
 #include <memory>
@@ -84,6 +85,7 @@ private Q_SLOTS:
     void takesAValue();
     void opensAtTheFirstItemThatContainsTheText();
     void opensWithoutATextField();
+    void worksWithAnotherView();
     void followsAnotherModel();
     void followsAnotherModelColumn();
     void survivesItsModel();
@@ -313,6 +315,21 @@ void tst_ComboBoxAutoFilter::opensWithoutATextField()
     box.showPopup();
     QTRY_VERIFY(box.view()->isVisible());
     QCOMPARE(box.currentIndex(), 2);
+    box.hidePopup();
+}
+
+void tst_ComboBoxAutoFilter::worksWithAnotherView()
+{
+    ComboBoxAutoFilter box(nullptr);
+    box.setList(colours);
+    auto* table = new QTableView;
+    box.setView(table);
+    setUp(box);
+    box.show();
+    box.lineEdit()->setText(QStringLiteral("alu"));
+    box.showPopup();
+    QTRY_VERIFY(table->isVisible());
+    QCOMPARE(box.currentIndex(), 3);
     box.hidePopup();
 }
 
