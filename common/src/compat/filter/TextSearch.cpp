@@ -46,6 +46,14 @@ const Foldings& foldings()
     return foldings;
 }
 
+/// Results are kept: few rows are not to take the room of all.
+void shorten(QVector<int>& rows, int count)
+{
+    rows.resize(count);
+    if (count < rows.capacity() / 2)
+        rows.squeeze();
+}
+
 const char16_t* lettersOf(const QString& text)
 {
     return reinterpret_cast<const char16_t*>(text.constData());
@@ -284,8 +292,7 @@ QVector<int> TextSearch::allIn(const QVector<QString>& texts, int first, int end
         *next = i;
         next += isIn(texts.at(i), sieve);
     }
-    found.resize(int(next - found.data()));
-    found.squeeze(); // it is kept, and mostly few are left
+    shorten(found, int(next - found.data()));
     return found;
 }
 
@@ -300,8 +307,7 @@ QVector<int> TextSearch::allAmong(const QVector<int>& candidates, const QVector<
         *next = candidates.at(c);
         next += isIn(texts.at(*next), sieve);
     }
-    found.resize(int(next - found.data()));
-    found.squeeze();
+    shorten(found, int(next - found.data()));
     return found;
 }
 
