@@ -9,7 +9,7 @@ namespace zelmar {
 
 namespace {
 
-/// How many rows, counted in rows of the model, the results may hold together before old ones are dropped.
+/// How many numbers, counted in rows of the model, the results may hold together before old ones are dropped.
 constexpr qint64 keptResults = 4;
 
 } // namespace
@@ -81,15 +81,16 @@ void ContainsFilterModel::narrow(const TextSearch& search)
 {
     const QVector<QString>& texts = m_texts->texts();
     m_results.push_back({search, m_results.empty() ? search.allIn(texts, 0, texts.size())
-                                                   : search.allAmong(m_results.back().rows, texts)});
+                                                   : search.allAmong(m_results.back().found, texts)});
     dropOldResults();
 }
 
 void ContainsFilterModel::dropOldResults()
 {
     const auto held = [this] {
-        return std::accumulate(m_results.begin(), m_results.end(), qint64(0),
-                               [](qint64 sum, const Result& result) { return sum + result.rows.size(); });
+        return std::accumulate(m_results.begin(), m_results.end(), qint64(0), [](qint64 sum, const Result& result) {
+            return sum + result.found.rows.size() + result.found.starts.size();
+        });
     };
     while (m_results.size() > 1 && held() > keptResults * m_texts->texts().size())
         m_results.erase(m_results.begin());
@@ -98,7 +99,7 @@ void ContainsFilterModel::dropOldResults()
 /// Null: all.
 const QVector<int>* ContainsFilterModel::shownRows() const
 {
-    return m_results.empty() ? nullptr : &m_results.back().rows;
+    return m_results.empty() ? nullptr : &m_results.back().found.rows;
 }
 
 QModelIndex ContainsFilterModel::index(int row, int column, const QModelIndex& parent) const
@@ -163,8 +164,9 @@ void ContainsFilterModel::onReplaced(int first, int removed, int inserted)
 void ContainsFilterModel::replaceRows(int first, int removed, int inserted)
 {
     keepShownResultOnly();
-    QVector<int>& rows = m_results.back().rows;
-    const QVector<int> found = m_results.back().search.allIn(m_texts->texts(), first, first + inserted);
+    QVector<int>& rows = m_results.back().found.rows;
+    m_results.back().found.starts.clear(); // those of the new rows are not known
+    const QVector<int> found = m_results.back().search.allIn(m_texts->texts(), first, first + inserted).rows;
     const auto [begin, end] = shownAmong(first, first + removed);
     std::for_each(rows.begin() + end, rows.end(), [=](int& row) { row += inserted - removed; });
     rows.remove(begin, end - begin);
@@ -201,7 +203,7 @@ void ContainsFilterModel::onRewritten(int first, int last)
 {
     if (m_results.empty())
         return;
-    const QVector<int> found = m_results.back().search.allIn(m_texts->texts(), first, last + 1);
+    const QVector<int> found = m_results.back().search.allIn(m_texts->texts(), first, last + 1).rows;
     const auto [begin, end] = shownAmong(first, last + 1);
     if (shownRows()->mid(begin, end - begin) == found)
         return keepShownResultOnly();

@@ -52,7 +52,7 @@ private:
     struct Result
     {
         TextSearch search;
-        QVector<int> rows;
+        TextSearch::Found found;
     };
 
     void followModel();

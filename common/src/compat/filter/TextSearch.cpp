@@ -104,20 +104,21 @@ public:
         return marks;
     }
 
-    /// Whether `check` holds for one of the marked places, or one behind them.
+    /// The first place for which `check` holds, of those that are marked and those behind; -1 when there is none.
     template <typename Check>
-    bool checkMarked(quint64 marks, const char16_t* text, int starts, Check check) const
+    int firstChecked(quint64 marks, const char16_t* text, int starts, Check check) const
     {
         for (; marks != 0; marks &= marks - 1) {
             const int bit = int(qCountTrailingZeroBits(marks));
-            if (check(text + startOf(bit & ~(blockLength - 1), starts) + (bit & (blockLength - 1))))
-                return true;
+            const int start = startOf(bit & ~(blockLength - 1), starts) + (bit & (blockLength - 1));
+            if (check(text + start))
+                return start;
         }
         for (int start = usualStarts; start < starts; ++start) {
             if (check(text + start))
-                return true;
+                return start;
         }
-        return false;
+        return -1;
     }
 
 private:
@@ -177,9 +178,9 @@ public:
     bool isExact() const { return false; }
     quint64 marksIn(const char16_t*, int) const { return 0; }
     template <typename Check>
-    bool checkMarked(quint64, const char16_t*, int, Check) const
+    int firstChecked(quint64, const char16_t*, int, Check) const
     {
-        return false;
+        return -1;
     }
 };
 
@@ -266,14 +267,27 @@ inline bool TextSearch::isIn(const QString& text, const Sieve& sieve) const
         if (marks == 0)
             return false;
     }
-    return isAtMarks(marks, text, starts, sieve);
+    return startAtMarks(marks, text, starts, sieve) >= 0;
 }
 
-bool TextSearch::isAtMarks(quint64 marks, const QString& text, int starts, const Sieve& sieve) const
+int TextSearch::startAtMarks(quint64 marks, const QString& text, int starts, const Sieve& sieve) const
 {
     if (m_letters.isEmpty())
-        return text.contains(m_text, m_caseSensitivity);
-    return sieve.checkMarked(marks, lettersOf(text), starts, [this](const char16_t* start) { return standsAt(start); });
+        return text.indexOf(m_text, 0, m_caseSensitivity);
+    return sieve.firstChecked(marks, lettersOf(text), starts,
+                              [this](const char16_t* start) { return standsAt(start); });
+}
+
+/// Where it stands in `text`, perhaps at `likelyStart`; -1 for nowhere.
+inline int TextSearch::startIn(const QString& text, const Sieve& sieve, int likelyStart) const
+{
+    const int starts = text.size() - m_text.size() + 1;
+    if (likelyStart >= 0 && likelyStart < starts && !m_letters.isEmpty() && standsAt(lettersOf(text) + likelyStart))
+        return likelyStart;
+    if (!sieve.isThere() || starts < blockLength)
+        return text.indexOf(m_text, 0, m_caseSensitivity);
+    const quint64 marks = sieve.marksIn(lettersOf(text), starts);
+    return marks == 0 && starts <= usualStarts ? -1 : startAtMarks(marks, text, starts, sieve);
 }
 
 int TextSearch::firstIn(const QVector<QString>& texts) const
@@ -283,31 +297,44 @@ int TextSearch::firstIn(const QVector<QString>& texts) const
     return found == texts.end() ? -1 : int(found - texts.begin());
 }
 
-QVector<int> TextSearch::allIn(const QVector<QString>& texts, int first, int end) const
+TextSearch::Found TextSearch::allIn(const QVector<QString>& texts, int first, int end) const
 {
     const Sieve sieve = sieveFor(texts);
-    QVector<int> found(end - first);
-    int* next = found.data();
+    QVector<int> rows(end - first);
+    int* next = rows.data();
     for (int i = first; i < end; ++i) {
         *next = i;
         next += isIn(texts.at(i), sieve);
     }
-    shorten(found, int(next - found.data()));
-    return found;
+    shorten(rows, int(next - rows.data()));
+    return {rows, {}};
 }
 
-QVector<int> TextSearch::allAmong(const QVector<int>& candidates, const QVector<QString>& texts) const
+TextSearch::Found TextSearch::allAmong(const Found& candidates, const QVector<QString>& texts) const
 {
     const Sieve sieve = sieveFor(texts);
-    QVector<int> found(candidates.size());
-    int* next = found.data();
-    for (int c = 0; c < candidates.size(); ++c) {
-        if (c + fetchedAhead < candidates.size())
-            fetch(texts.at(candidates.at(c + fetchedAhead)));
-        *next = candidates.at(c);
-        next += isIn(texts.at(*next), sieve);
+    const int count = candidates.rows.size();
+    // Where the sieve says it all, nobody needs to know the place.
+    const bool notesStarts = !sieve.isExact();
+    Found found{QVector<int>(count), QVector<int>(notesStarts ? count : 0)};
+    int* const rows = found.rows.data();
+    int* const starts = found.starts.data();
+    int foundCount = 0;
+    for (int c = 0; c < count; ++c) {
+        if (c + fetchedAhead < count)
+            fetch(texts.at(candidates.rows.at(c + fetchedAhead)));
+        const int row = candidates.rows.at(c);
+        rows[foundCount] = row;
+        if (notesStarts) {
+            const int start = startIn(texts.at(row), sieve, candidates.starts.isEmpty() ? -1 : candidates.starts.at(c));
+            starts[foundCount] = start;
+            foundCount += start >= 0;
+        } else {
+            foundCount += isIn(texts.at(row), sieve);
+        }
     }
-    shorten(found, int(next - found.data()));
+    shorten(found.rows, foundCount);
+    shorten(found.starts, notesStarts ? foundCount : 0);
     return found;
 }
 

@@ -78,7 +78,7 @@ void tst_TextSearch::finds()
                                     QString::fromUtf8("Zinnober, dunkel"),
                                     QStringLiteral("back")};
     const TextSearch search(text, caseSensitivity);
-    QCOMPARE(search.allIn(texts, 0, texts.size()), found);
+    QCOMPARE(search.allIn(texts, 0, texts.size()).rows, found);
     QCOMPARE(search.firstIn(texts), found.isEmpty() ? -1 : found.first());
 }
 
@@ -106,7 +106,7 @@ void tst_TextSearch::findsWhatTheStringFinds()
         for (const auto caseSensitivity : {Qt::CaseInsensitive, Qt::CaseSensitive}) {
             const QVector<int> expected = plainly(text, caseSensitivity, texts);
             const TextSearch search(text, caseSensitivity);
-            QCOMPARE(search.allIn(texts, 0, texts.size()), expected);
+            QCOMPARE(search.allIn(texts, 0, texts.size()).rows, expected);
             QCOMPARE(search.firstIn(texts), expected.isEmpty() ? -1 : expected.first());
             foundInAll += expected.size();
         }
@@ -127,7 +127,8 @@ void tst_TextSearch::everyLetterCountsAsForTheString()
             const QVector<QString> few = {texts.at(int(letter) - 1), texts.at(folded - 1),
                                           texts.at(int(QChar(letter).toUpper().unicode()) - 1),
                                           texts.at(int(letter) % 60000 + 1)};
-            QCOMPARE(TextSearch(text, caseSensitivity).allIn(few, 0, few.size()), plainly(text, caseSensitivity, few));
+            QCOMPARE(TextSearch(text, caseSensitivity).allIn(few, 0, few.size()).rows,
+                     plainly(text, caseSensitivity, few));
         }
     }
 }
@@ -136,20 +137,27 @@ void tst_TextSearch::looksAtTheCandidatesOnly()
 {
     const QVector<QString> texts(100, QStringLiteral("a name of some letters"));
     const TextSearch search(QStringLiteral("some"), Qt::CaseInsensitive);
-    QVector<int> candidates;
+    TextSearch::Found candidates;
     for (int i = 3; i < texts.size(); i += 4)
-        candidates += i;
-    QCOMPARE(search.allAmong(candidates, texts), candidates);
-    QCOMPARE(TextSearch(QStringLiteral("same"), Qt::CaseInsensitive).allAmong(candidates, texts), QVector<int>());
-    QCOMPARE(search.allAmong({}, texts), QVector<int>());
+        candidates.rows += i;
+    QCOMPARE(search.allAmong(candidates, texts).rows, candidates.rows);
+    QCOMPARE(TextSearch(QStringLiteral("same"), Qt::CaseInsensitive).allAmong(candidates, texts).rows, QVector<int>());
+    QCOMPARE(search.allAmong({}, texts).rows, QVector<int>());
+
+    // Wherever another text was seen: at the place, before it, behind it, or too far behind for this one.
+    for (const int start : {0, 2, 10, 12, 20, 500}) {
+        candidates.starts.fill(start, candidates.rows.size());
+        QCOMPARE(search.allAmong(candidates, texts).rows, candidates.rows);
+        QCOMPARE(search.allAmong(candidates, texts).starts, QVector<int>(candidates.rows.size(), 10));
+    }
 }
 
 void tst_TextSearch::looksInARangeOnly()
 {
     const QVector<QString> texts(10, QStringLiteral("a name of some letters"));
     const TextSearch search(QStringLiteral("some"), Qt::CaseInsensitive);
-    QCOMPARE(search.allIn(texts, 3, 6), (QVector<int>{3, 4, 5}));
-    QCOMPARE(search.allIn(texts, 3, 3), QVector<int>());
+    QCOMPARE(search.allIn(texts, 3, 6).rows, (QVector<int>{3, 4, 5}));
+    QCOMPARE(search.allIn(texts, 3, 3).rows, QVector<int>());
 }
 
 CORE_TEST_MAIN(tst_TextSearch)
