@@ -20,6 +20,7 @@ class ContainsFilterModel;
 /// Known traps:
 /// - It completes from flat lists: of a tree, from the top-level rows.
 /// - model() is a list of its own. What it was given is sourceModel().
+/// - setFilterMode() has no effect: setModelFiltering() decides.
 /// - The texts are kept, as what the model has returned, in a child object of the model, for whoever completes from it
 ///   next. Texts that the model makes anew each time are so kept as long as the model lives.
 ///

@@ -36,7 +36,7 @@ void layOutUpTo(QListView& list, int row)
 {
     list.setBatchSize(qMax(row, 0) + batchSize);
     const QAbstractItemModel* const model = list.model();
-    if (model && list.visualRect(model->index(row, list.modelColumn(), list.rootIndex())).isEmpty())
+    if (model && row >= 0 && list.visualRect(model->index(row, list.modelColumn(), list.rootIndex())).isEmpty())
         list.doItemsLayout();
 }
 

@@ -25,9 +25,8 @@ namespace ui {
 /// Each editing ends with exactly one of two signals, the box being closed (QWidget::close(), so it deletes itself with
 /// Qt::WA_DeleteOnClose) before:
 ///
-/// - selectionComplete(): Return, Enter or Tab in the text, Return or Enter in the drop-down list, or a click on an
-/// item
-///   of that list. Picking a completion with the mouse puts it into the text and goes on.
+/// - selectionComplete(): Return, Enter or Tab in the text, Return or Enter in the drop-down list, or a click on one of
+///   its items. Picking a completion with the mouse puts it into the text and goes on.
 /// - editingCanceled(): Escape. In the drop-down list it takes the index back to that at the start, elsewhere not.
 ///
 /// selectionComplete() does not say that the text names an item: validateEntry() does. A loss of focus ends nothing.
@@ -37,13 +36,10 @@ namespace ui {
 /// - The typed text stands for the first item that contains it, in any case: "blue" for "Light Blue", if that is above
 ///   "Blue", also when "Blue" was picked.
 /// - The index at the start is that of the first drop-down or activation, not that at construction. Before either,
-/// Escape
-///   in the list clears the selection.
+///   Escape in the list clears the selection.
 /// - After Escape outside the list, validateEntry() is true for good and changes nothing: a box is for one editing.
-/// - A delegate's own event filter (QStyledItemDelegate::eventFilter()) takes Tab, Return and Escape before the box
-/// does.
+/// - A delegate's own event filter (QStyledItemDelegate::eventFilter()) takes Tab, Return and Escape before the box.
 ///   A delegate with such an editor passes them on, and closes the editor at the signals.
-/// - Set the model column before the list model, and names at Qt::UserRole before setFromValue().
 ///
 /// GUI thread only.
 class COMMON_UI_QT_EXPORT ComboBoxAutoFilter : public QComboBox
