@@ -2,8 +2,10 @@
 
 #include <QAbstractItemModel>
 #include <QMetaMethod>
+#include <QStringListModel>
 
 #include <algorithm>
+#include <typeinfo>
 #include <utility>
 
 namespace zelmar {
@@ -66,17 +68,37 @@ void ModelTexts::connectModel()
         connect(&m_model, signal, this, SLOT(onReset()));
 }
 
-const QVector<QString>& ModelTexts::texts()
+const QStringList& ModelTexts::texts()
 {
     if (!m_isRead) {
-        const int rows = m_model.rowCount();
-        m_texts.reserve(rows);
-        for (int row = 0; row < rows; ++row)
-            m_texts.append(textAt(row));
-        shareWithTwin();
+        if (isListOfStrings()) {
+            m_texts = static_cast<const QStringListModel&>(m_model).stringList();
+        } else {
+            m_texts = readAll();
+            shareWithTwin();
+        }
         m_isRead = true;
     }
     return m_texts;
+}
+
+/// Whether data() can only be the model's list itself: a class derived from it may answer something else.
+bool ModelTexts::isListOfStrings() const
+{
+    return typeid(m_model) == typeid(QStringListModel) && m_column == 0
+           && (m_role == Qt::DisplayRole || m_role == Qt::EditRole);
+}
+
+QStringList ModelTexts::readAll() const
+{
+    const int rows = m_model.rowCount();
+    QStringList texts;
+    texts.reserve(rows);
+    for (int row = 0; row < rows; ++row) {
+        texts.append(QString()); // which is not counted, as a copy would be
+        texts.last() = textAt(row);
+    }
+    return texts;
 }
 
 /// Most models show the text that they let edit: then it is kept once.
@@ -109,7 +131,7 @@ QString ModelTexts::textAt(int row) const
 void ModelTexts::forget()
 {
     m_isRead = false;
-    m_texts = {};
+    m_texts.clear();
 }
 
 void ModelTexts::read(int first, int end)
@@ -168,15 +190,24 @@ void ModelTexts::onRowsMoved(const QModelIndex& source, int first, int last, con
     replace(from, count, count);
 }
 
+/// Makes room for `more` rows at `row`, or with less than 0 takes as many away.
+void ModelTexts::resize(int row, int more)
+{
+    const int size = m_texts.size();
+    for (int i = 0; i < more; ++i)
+        m_texts.append(QString());
+    if (more > 0)
+        std::rotate(m_texts.begin() + row, m_texts.begin() + size, m_texts.end());
+    else
+        m_texts.erase(m_texts.begin() + row, m_texts.begin() + row - more);
+}
+
 void ModelTexts::replace(int first, int removed, int inserted)
 {
     if (!isListenedTo())
         return forget();
     if (m_isRead) {
-        if (inserted > removed)
-            m_texts.insert(first, inserted - removed, QString());
-        else
-            m_texts.remove(first, removed - inserted);
+        resize(first, inserted - removed);
         read(first, first + inserted);
     }
     Q_EMIT replaced(first, removed, inserted);

@@ -4,6 +4,7 @@
 
 #include <QModelIndex>
 #include <QObject>
+#include <QStringList>
 #include <QVector>
 
 class QAbstractItemModel;
@@ -13,7 +14,7 @@ namespace zelmar {
 /// The texts of one column and role of a model's top-level rows, read once and kept in step with the model from then
 /// on. It belongs to the model and lives as long: who looks for names again, in the next cell of a table, need not wait
 /// until a million of them are read again. While nobody listens it is not kept in step, but forgotten at the first
-/// change.
+/// change. The list of a QStringListModel is shared with it, without a look at any row, until the model changes.
 class COMMON_UI_QT_INTERNAL_EXPORT ModelTexts : public QObject
 {
     Q_OBJECT
@@ -23,7 +24,7 @@ public:
     static ModelTexts& of(QAbstractItemModel& model, int column, int role);
 
     /// By row. As long as nothing reads them, nothing is kept.
-    const QVector<QString>& texts();
+    const QStringList& texts();
 
 Q_SIGNALS:
     /// Rows are about to come, go, or move; replaced() or reset() follows.
@@ -51,15 +52,18 @@ private:
     bool concerns(const QVector<int>& roles) const;
     bool isListenedTo() const;
     QString textAt(int row) const;
+    bool isListOfStrings() const;
+    QStringList readAll() const;
     void forget();
     void read(int first, int end);
+    void resize(int row, int more);
     void replace(int first, int removed, int inserted);
 
     QAbstractItemModel& m_model;
     const int m_column;
     const int m_role;
     bool m_isRead = false;
-    QVector<QString> m_texts;
+    QStringList m_texts;
 };
 
 } // namespace zelmar

@@ -1,6 +1,7 @@
 #include "compat/filter/TextSearch.h"
 
 #include <algorithm>
+#include <functional>
 #include <numeric>
 #include <utility>
 #include <vector>
@@ -17,8 +18,9 @@ namespace {
 constexpr uint letterCount = 0x10000;
 constexpr int blockLength = 8;
 /// Most names have no more starts than this; looking at as many without asking costs less than asking.
-constexpr int usualStarts = 5 * blockLength;
-constexpr int fetchedAhead = 16;
+constexpr int followedStarts = 5 * blockLength;
+constexpr int usualStarts = followedStarts + 1;
+constexpr int fetchedAhead = 32;
 constexpr int sampleSize = 64;
 
 /// The case foldings of the letters of 16 bits; a surrogate folds to itself.
@@ -47,11 +49,17 @@ const Foldings& foldings()
 }
 
 /// Results are kept: few rows are not to take the room of all.
-void shorten(QVector<int>& rows, int count)
+template <typename T>
+void shorten(QVector<T>& results, int count)
 {
-    rows.resize(count);
-    if (count < rows.capacity() / 2)
-        rows.squeeze();
+    results.resize(count);
+    if (count < results.capacity() / 2)
+        results.squeeze();
+}
+
+int differingBits(char16_t one, char16_t other)
+{
+    return int(qPopulationCount(quint16(one ^ other)));
 }
 
 const char16_t* lettersOf(const QString& text)
@@ -65,7 +73,7 @@ const char16_t* lettersOf(const QString& text)
 
 namespace {
 
-/// Has the letters of `text` brought from memory while others are looked at: a few candidates lie far apart.
+/// Has the letters of `text` brought from memory while others are looked at.
 void fetch(const QString& text)
 {
     static_assert(sizeof(QString) == sizeof(void*),
@@ -82,81 +90,140 @@ class TextSearch::Sieve
 {
 public:
     Sieve() = default;
-    Sieve(const Place& one, const Place& other, bool isExact)
-        : m_isThere(true)
+    Sieve(const Place& one, const Place& other, int length, bool isExact)
+        : m_length(length)
         , m_isExact(isExact)
         , m_one(one)
         , m_other(other)
     {
     }
 
-    bool isThere() const { return m_isThere; }
+    /// Whether it can be used for a text with so many places where the text could start.
+    bool isFor(int starts) const { return m_length > 0 && starts > blockLength; }
     /// Whether there are no other letters.
     bool isExact() const { return m_isExact; }
 
-    /// A bit for each of the first 40 places in `text` where the text could start: 8 for each block of 8, the last of
-    /// which begins before the end. `starts`, 8 or more, is the number of such places.
-    quint64 marksIn(const char16_t* text, int starts) const
+    /// A bit for each of the first 40 places and the last 8 where the text could start: 8 for each block of 8. Those
+    /// that do not fit overlap. `followers` becomes what is behind the marked places.
+    quint64 marksIn(const char16_t* text, int starts, Followers& followers) const
     {
+        Behind behind;
         quint64 marks = 0;
-        for (int block = 0; block < usualStarts; block += blockLength)
-            marks |= quint64(marksAt(text + startOf(block, starts))) << block;
+        for (int block = 0; block < followedStarts; block += 2 * blockLength) {
+            const int next = block + blockLength;
+            const __m128i one = marksAt(text + startOf(block, starts));
+            const __m128i other = marksAt(text + startOf(next, starts));
+            behind.add(one, text + startOf(block, starts) + m_length);
+            if (next < followedStarts)
+                behind.add(other, text + startOf(next, starts) + m_length);
+            marks |= quint64(uint(_mm_movemask_epi8(_mm_packs_epi16(one, other)))) << block;
+        }
+        followers = behind.followers();
         return marks;
     }
 
-    /// The first place for which `check` holds, of those that are marked and those behind; -1 when there is none.
+    /// Whether `check` holds for any place of those that are marked and those without a bit.
     template <typename Check>
-    int firstChecked(quint64 marks, const char16_t* text, int starts, Check check) const
+    bool anyChecked(quint64 marks, const char16_t* text, int starts, Check check) const
     {
         for (; marks != 0; marks &= marks - 1) {
             const int bit = int(qCountTrailingZeroBits(marks));
-            const int start = startOf(bit & ~(blockLength - 1), starts) + (bit & (blockLength - 1));
-            if (check(text + start))
-                return start;
+            if (check(text + startOf(bit & ~(blockLength - 1), starts) + (bit & (blockLength - 1))))
+                return true;
         }
-        for (int start = usualStarts; start < starts; ++start) {
+        for (int start = followedStarts; start < starts - blockLength; ++start) {
             if (check(text + start))
-                return start;
+                return true;
         }
-        return -1;
+        return false;
     }
 
 private:
-    struct Letters
+    /// What follows at marked places.
+    struct Behind
     {
-        Letters() = default;
-        explicit Letters(const Place& place)
-            : offset(place.offset)
+        void add(__m128i marks, const char16_t* letters)
         {
-            for (std::size_t i = 0; i < place.spellings.size(); ++i)
-                spellings[i] = _mm_set1_epi16(short(place.spellings[i]));
+            const __m128i block = blockAt(letters);
+            any = _mm_or_si128(any, _mm_and_si128(marks, block));
+            lacking = _mm_or_si128(lacking, _mm_andnot_si128(block, marks));
+        }
+        Followers followers() const { return {anyOf(any), char16_t(~anyOf(lacking))}; }
+
+        __m128i any = _mm_setzero_si128();
+        __m128i lacking = _mm_setzero_si128();
+    };
+
+    struct Letter
+    {
+        Letter() = default;
+        explicit Letter(const Spelling& spelling)
+            : bits(_mm_set1_epi16(short(spelling.bits)))
+            , value(_mm_set1_epi16(short(spelling.value)))
+        {
+        }
+
+        __m128i marksIn(__m128i block) const { return _mm_cmpeq_epi16(_mm_and_si128(block, bits), value); }
+
+        __m128i bits = {};
+        __m128i value = {};
+    };
+
+    struct LetterPlace
+    {
+        LetterPlace() = default;
+        explicit LetterPlace(const Place& place)
+            : offset(place.offset)
+            , hasOther(place.hasOther)
+            , usual(place.usual)
+            , other(place.other)
+        {
         }
 
         __m128i marksAt(const char16_t* start) const
         {
-            const __m128i letters = _mm_loadu_si128(reinterpret_cast<const __m128i*>(start + offset));
-            return _mm_or_si128(
-                _mm_or_si128(_mm_cmpeq_epi16(letters, spellings[0]), _mm_cmpeq_epi16(letters, spellings[1])),
-                _mm_or_si128(_mm_cmpeq_epi16(letters, spellings[2]), _mm_cmpeq_epi16(letters, spellings[3])));
+            const __m128i block = blockAt(start + offset);
+            const __m128i marks = usual.marksIn(block);
+            return hasOther ? _mm_or_si128(marks, other.marksIn(block)) : marks;
         }
 
         int offset = 0;
-        __m128i spellings[4] = {};
+        bool hasOther = false;
+        Letter usual;
+        Letter other;
     };
 
-    static int startOf(int block, int starts) { return std::min(block, starts - blockLength); }
-
-    /// A bit for each of the eight places from `start` where both letters are.
-    uint marksAt(const char16_t* start) const
+    /// The last block is that of the last places, those before are of places that have a letter behind the text.
+    static int startOf(int block, int starts)
     {
-        const __m128i marks = _mm_and_si128(m_one.marksAt(start), m_other.marksAt(start));
-        return uint(_mm_movemask_epi8(_mm_packs_epi16(marks, marks))) & 0xffU;
+        return block == followedStarts ? starts - blockLength : std::min(block, starts - 1 - blockLength);
     }
 
-    bool m_isThere = false;
+    static __m128i blockAt(const char16_t* letters)
+    {
+        return _mm_loadu_si128(reinterpret_cast<const __m128i*>(letters));
+    }
+
+    /// All ones for each of the eight places from `start` where both letters are.
+    __m128i marksAt(const char16_t* start) const
+    {
+        const __m128i marks = m_one.marksAt(start);
+        return m_other.offset == m_one.offset ? marks : _mm_and_si128(marks, m_other.marksAt(start));
+    }
+
+    /// The bits that any of the letters has.
+    static char16_t anyOf(__m128i letters)
+    {
+        letters = _mm_or_si128(letters, _mm_srli_si128(letters, 8));
+        letters = _mm_or_si128(letters, _mm_srli_si128(letters, 4));
+        letters = _mm_or_si128(letters, _mm_srli_si128(letters, 2));
+        return char16_t(_mm_cvtsi128_si32(letters));
+    }
+
+    int m_length = 0;
     bool m_isExact = false;
-    Letters m_one;
-    Letters m_other;
+    LetterPlace m_one;
+    LetterPlace m_other;
 };
 
 #else
@@ -173,14 +240,14 @@ class TextSearch::Sieve
 {
 public:
     Sieve() = default;
-    Sieve(const Place&, const Place&, bool) {}
-    bool isThere() const { return false; }
+    Sieve(const Place&, const Place&, int, bool) {}
+    bool isFor(int) const { return false; }
     bool isExact() const { return false; }
-    quint64 marksIn(const char16_t*, int) const { return 0; }
+    quint64 marksIn(const char16_t*, int, Followers&) const { return 0; }
     template <typename Check>
-    int firstChecked(quint64, const char16_t*, int, Check) const
+    bool anyChecked(quint64, const char16_t*, int, Check) const
     {
-        return -1;
+        return false;
     }
 };
 
@@ -198,24 +265,45 @@ TextSearch::TextSearch(QString text, Qt::CaseSensitivity caseSensitivity)
         m_letters.append(ignoresCase ? foldings().of[letter.unicode()] : letter.unicode());
 }
 
-/// Nothing where more letters count as the same than fit.
-std::optional<TextSearch::Place> TextSearch::placeAt(int offset) const
+/// The letters that count as the one at `offset`.
+QVector<char16_t> TextSearch::spellingsAt(int offset) const
 {
     const char16_t letter = m_text.at(offset).unicode();
-    Place place{offset, {letter, letter, letter, letter}};
-    if (m_caseSensitivity == Qt::CaseSensitive)
-        return place;
-    std::size_t count = 1;
-    for (char16_t other = foldings().nextLike[letter]; other != letter; other = foldings().nextLike[other]) {
-        if (count == place.spellings.size())
-            return std::nullopt;
-        place.spellings[count++] = other;
+    QVector<char16_t> spellings = {letter};
+    if (m_caseSensitivity == Qt::CaseInsensitive) {
+        for (char16_t other = foldings().nextLike[letter]; other != letter; other = foldings().nextLike[other])
+            spellings.append(other);
     }
-    return place;
+    return spellings;
+}
+
+/// The bits that all of `letters` have the same.
+TextSearch::Spelling TextSearch::commonOf(const QVector<char16_t>& letters)
+{
+    const char16_t any = std::accumulate(letters.begin(), letters.end(), char16_t(0), std::bit_or<>());
+    const char16_t all = std::accumulate(letters.begin(), letters.end(), char16_t(0xffff), std::bit_and<>());
+    return {char16_t(~(any ^ all)), all};
+}
+
+TextSearch::Place TextSearch::placeAt(int offset) const
+{
+    const auto isExact = [](const QVector<char16_t>& letters, const Spelling& common) {
+        return letters.size() <= 2 && differingBits(common.bits, 0xffff) == letters.size() - 1;
+    };
+    // Capital and small letters as a rule differ in one bit; s and k have a third, rare spelling.
+    QVector<char16_t> usual = spellingsAt(offset);
+    std::sort(usual.begin(), usual.end(), [letter = usual.first()](char16_t one, char16_t other) {
+        return differingBits(one, letter) < differingBits(other, letter);
+    });
+    QVector<char16_t> others;
+    while (!isExact(usual, commonOf(usual)))
+        others.append(usual.takeLast());
+    const Spelling other = commonOf(others);
+    return {offset, commonOf(usual), other, !others.isEmpty(), others.isEmpty() || isExact(others, other)};
 }
 
 /// The offsets of the letters that fold for themselves, those first that few of a sample of `texts` have.
-QVector<int> TextSearch::placesByRarity(const QVector<QString>& texts) const
+QVector<int> TextSearch::placesByRarity(const QStringList& texts) const
 {
     QVector<int> uses(m_text.size(), 0);
     QVector<int> offsets;
@@ -231,16 +319,15 @@ QVector<int> TextSearch::placesByRarity(const QVector<QString>& texts) const
     return offsets;
 }
 
-TextSearch::Sieve TextSearch::sieveFor(const QVector<QString>& texts) const
+TextSearch::Sieve TextSearch::sieveFor(const QStringList& texts) const
 {
     const QVector<int> offsets = placesByRarity(texts);
     if (offsets.isEmpty())
         return {};
-    const auto one = placeAt(offsets.first());
-    const auto other = placeAt(offsets.value(1, offsets.first()));
-    if (!one || !other)
-        return {};
-    return {*one, *other, m_letters.size() == offsets.size() && offsets.size() <= 2};
+    const Place one = placeAt(offsets.first());
+    const Place other = placeAt(offsets.value(1, offsets.first()));
+    const bool isAll = m_letters.size() == offsets.size() && offsets.size() <= 2;
+    return {one, other, m_text.size(), isAll && one.isExact && other.isExact};
 }
 
 inline bool TextSearch::standsAt(const char16_t* start) const
@@ -252,89 +339,95 @@ inline bool TextSearch::standsAt(const char16_t* start) const
                       [folding](char16_t folded, char16_t letter) { return folded == folding[letter]; });
 }
 
-inline bool TextSearch::isIn(const QString& text, const Sieve& sieve) const
+/// Whether it is in `text`, and if so, what follows it there.
+inline bool TextSearch::isIn(const QString& text, const Sieve& sieve, Followers& followers) const
 {
     const int starts = text.size() - m_text.size() + 1;
-    if (starts <= 0)
-        return false;
-    if (!sieve.isThere() || starts < blockLength)
+    if (!sieve.isFor(starts)) {
+        followers = {};
         return text.contains(m_text, m_caseSensitivity);
-    const quint64 marks = sieve.marksIn(lettersOf(text), starts);
-    if (starts <= usualStarts) {
-        // Without a jump that depends on the answer, which the processor could only guess.
-        if (sieve.isExact())
-            return marks != 0;
-        if (marks == 0)
-            return false;
     }
-    return startAtMarks(marks, text, starts, sieve) >= 0;
+    const quint64 marks = sieve.marksIn(lettersOf(text), starts, followers);
+    if (starts > usualStarts) {
+        followers = {};
+        return standsAtMarks(marks, text, starts, sieve);
+    }
+    // Without a jump that depends on the answer, which the processor could only guess.
+    if (sieve.isExact())
+        return marks != 0;
+    return marks != 0 && standsAtMarks(marks, text, starts, sieve);
 }
 
-int TextSearch::startAtMarks(quint64 marks, const QString& text, int starts, const Sieve& sieve) const
+bool TextSearch::standsAtMarks(quint64 marks, const QString& text, int starts, const Sieve& sieve) const
 {
     if (m_letters.isEmpty())
-        return text.indexOf(m_text, 0, m_caseSensitivity);
-    return sieve.firstChecked(marks, lettersOf(text), starts,
-                              [this](const char16_t* start) { return standsAt(start); });
+        return text.contains(m_text, m_caseSensitivity);
+    return sieve.anyChecked(marks, lettersOf(text), starts, [this](const char16_t* start) { return standsAt(start); });
 }
 
-/// Where it stands in `text`, perhaps at `likelyStart`; -1 for nowhere.
-inline int TextSearch::startIn(const QString& text, const Sieve& sieve, int likelyStart) const
-{
-    const int starts = text.size() - m_text.size() + 1;
-    if (likelyStart >= 0 && likelyStart < starts && !m_letters.isEmpty() && standsAt(lettersOf(text) + likelyStart))
-        return likelyStart;
-    if (!sieve.isThere() || starts < blockLength)
-        return text.indexOf(m_text, 0, m_caseSensitivity);
-    const quint64 marks = sieve.marksIn(lettersOf(text), starts);
-    return marks == 0 && starts <= usualStarts ? -1 : startAtMarks(marks, text, starts, sieve);
-}
-
-int TextSearch::firstIn(const QVector<QString>& texts) const
+int TextSearch::firstIn(const QStringList& texts) const
 {
     const Sieve sieve = sieveFor(texts);
-    const auto found = std::find_if(texts.begin(), texts.end(), [&](const QString& text) { return isIn(text, sieve); });
-    return found == texts.end() ? -1 : int(found - texts.begin());
-}
-
-TextSearch::Found TextSearch::allIn(const QVector<QString>& texts, int first, int end) const
-{
-    const Sieve sieve = sieveFor(texts);
-    QVector<int> rows(end - first);
-    int* next = rows.data();
-    for (int i = first; i < end; ++i) {
-        *next = i;
-        next += isIn(texts.at(i), sieve);
+    const auto text = texts.cbegin();
+    Followers followers;
+    for (int row = 0; row < texts.size(); ++row) {
+        fetch(text[qMin(row + fetchedAhead, texts.size() - 1)]);
+        if (isIn(text[row], sieve, followers))
+            return row;
     }
-    shorten(rows, int(next - rows.data()));
-    return {rows, {}};
+    return -1;
 }
 
-TextSearch::Found TextSearch::allAmong(const Found& candidates, const QVector<QString>& texts) const
+TextSearch::Found TextSearch::allIn(const QStringList& texts, int first, int end) const
+{
+    return lookAtAll(
+        end - first, [first](int i) { return first + i; }, texts);
+}
+
+TextSearch::Found TextSearch::allAmong(const Found& candidates, const QStringList& texts) const
+{
+    const QVector<int> rows = possibleAmong(candidates);
+    return lookAtAll(
+        rows.size(), [row = rows.constData()](int i) { return row[i]; }, texts);
+}
+
+/// The rows of the candidates, without most where another letter is behind the text that they contain.
+QVector<int> TextSearch::possibleAmong(const Found& candidates) const
+{
+    const int length = candidates.text.size();
+    if (candidates.followers.isEmpty() || m_letters.size() <= length
+        || !m_text.startsWith(candidates.text, m_caseSensitivity))
+        return candidates.rows;
+    const Spelling next = commonOf(spellingsAt(length));
+    QVector<int> rows(candidates.rows.size());
+    int* possible = rows.data();
+    for (int i = 0; i < rows.size(); ++i) {
+        const Followers& followers = candidates.followers.at(i);
+        *possible = candidates.rows.at(i);
+        possible += (((next.value & ~followers.any) | (followers.all & ~next.value)) & next.bits) == 0;
+    }
+    rows.resize(int(possible - rows.constData()));
+    return rows;
+}
+
+/// Of the texts at `count` rows.
+template <typename RowAt>
+TextSearch::Found TextSearch::lookAtAll(int count, RowAt rowAt, const QStringList& texts) const
 {
     const Sieve sieve = sieveFor(texts);
-    const int count = candidates.rows.size();
-    // Where the sieve says it all, nobody needs to know the place.
-    const bool notesStarts = !sieve.isExact();
-    Found found{QVector<int>(count), QVector<int>(notesStarts ? count : 0)};
+    const auto text = texts.cbegin();
+    Found found{m_text, QVector<int>(count), QVector<Followers>(count)};
     int* const rows = found.rows.data();
-    int* const starts = found.starts.data();
+    Followers* const followers = found.followers.data();
     int foundCount = 0;
-    for (int c = 0; c < count; ++c) {
-        if (c + fetchedAhead < count)
-            fetch(texts.at(candidates.rows.at(c + fetchedAhead)));
-        const int row = candidates.rows.at(c);
+    for (int i = 0; i < count; ++i) {
+        fetch(text[rowAt(qMin(i + fetchedAhead, count - 1))]);
+        const int row = rowAt(i);
         rows[foundCount] = row;
-        if (notesStarts) {
-            const int start = startIn(texts.at(row), sieve, candidates.starts.isEmpty() ? -1 : candidates.starts.at(c));
-            starts[foundCount] = start;
-            foundCount += start >= 0;
-        } else {
-            foundCount += isIn(texts.at(row), sieve);
-        }
+        foundCount += isIn(text[row], sieve, followers[foundCount]);
     }
     shorten(found.rows, foundCount);
-    shorten(found.starts, notesStarts ? foundCount : 0);
+    shorten(found.followers, foundCount);
     return found;
 }
 

@@ -2,11 +2,8 @@
 
 #include "internal_export.h"
 
-#include <QString>
+#include <QStringList>
 #include <QVector>
-
-#include <array>
-#include <optional>
 
 namespace zelmar {
 
@@ -20,35 +17,57 @@ public:
     const QString& text() const { return m_text; }
     Qt::CaseSensitivity caseSensitivity() const { return m_caseSensitivity; }
 
+    /// The letters behind a text, at all places where it stands in another one: bits that any of them has, and bits
+    /// that all of them have. At first, what says nothing.
+    struct Followers
+    {
+        char16_t any = 0xffff;
+        char16_t all = 0;
+    };
+
     struct Found
     {
-        QVector<int> rows;   ///< indexes into the texts, ascending
-        QVector<int> starts; ///< where the text was seen in each of them, or -1; empty where nobody has noted it
+        QString text;                 ///< what was looked for
+        QVector<int> rows;            ///< indexes into the texts, ascending
+        QVector<Followers> followers; ///< of the text in each of them; empty where nobody has noted them
     };
 
     /// The index from 0 of the first of `texts` that contains it, or -1.
-    int firstIn(const QVector<QString>& texts) const;
+    int firstIn(const QStringList& texts) const;
     /// Those of `texts` from `first` to before `end` that contain it.
-    Found allIn(const QVector<QString>& texts, int first, int end) const;
-    /// Those of the candidates that contain it. It is looked for first where the candidates have another one: as a rule
-    /// the same without its last letter.
-    Found allAmong(const Found& candidates, const QVector<QString>& texts) const;
+    Found allIn(const QStringList& texts, int first, int end) const;
+    /// Those of the candidates that contain it. Where they contain, as a rule, the same without its last letter, few
+    /// others are looked at: those that are left out have other letters behind that.
+    Found allAmong(const Found& candidates, const QStringList& texts) const;
 
 private:
-    /// One place of the text, and the letters that count as the same there, its own repeated.
+    /// The letters that have `value` in these bits.
+    struct Spelling
+    {
+        char16_t bits;
+        char16_t value;
+    };
+    /// One place of the text, and the letters that count as the same there: a usual spelling and perhaps another one.
     struct Place
     {
         int offset;
-        std::array<char16_t, 4> spellings;
+        Spelling usual;
+        Spelling other;
+        bool hasOther;
+        bool isExact; ///< no other letters have the spellings
     };
     class Sieve;
 
-    std::optional<Place> placeAt(int offset) const;
-    QVector<int> placesByRarity(const QVector<QString>& texts) const;
-    Sieve sieveFor(const QVector<QString>& texts) const;
-    bool isIn(const QString& text, const Sieve& sieve) const;
-    int startAtMarks(quint64 marks, const QString& text, int starts, const Sieve& sieve) const;
-    int startIn(const QString& text, const Sieve& sieve, int likelyStart) const;
+    static Spelling commonOf(const QVector<char16_t>& letters);
+    QVector<char16_t> spellingsAt(int offset) const;
+    Place placeAt(int offset) const;
+    QVector<int> placesByRarity(const QStringList& texts) const;
+    Sieve sieveFor(const QStringList& texts) const;
+    bool isIn(const QString& text, const Sieve& sieve, Followers& followers) const;
+    bool standsAtMarks(quint64 marks, const QString& text, int starts, const Sieve& sieve) const;
+    template <typename RowAt>
+    Found lookAtAll(int count, RowAt rowAt, const QStringList& texts) const;
+    QVector<int> possibleAmong(const Found& candidates) const;
     bool standsAt(const char16_t* start) const;
 
     QString m_text;

@@ -130,6 +130,53 @@ void editAtRandom(MovableList& list, RandomTexts& random)
     }
 }
 
+/// The same with what a list of strings can do; most edits are of one row.
+void editAtRandom(QStringListModel& list, RandomTexts& random)
+{
+    const int size = list.rowCount();
+    const int row = random.upTo(size + 1);
+    const int count = size - row > 0 ? 1 + random.upTo(qMin(5, size - row)) : 0;
+    switch (random.upTo(12)) {
+    case 0:
+        list.insertRows(row, 1 + random.upTo(5));
+        return;
+    case 1:
+        list.removeRows(row, count);
+        return;
+    case 2:
+        list.moveRows({}, row, count, {}, random.upTo(size + 1));
+        return;
+    case 3:
+        list.sort(0, random.upTo(2) == 0 ? Qt::AscendingOrder : Qt::DescendingOrder);
+        return;
+    case 4:
+        list.setStringList(list.stringList() + QStringList{random.text(12)});
+        return;
+    default:
+        list.setData(list.index(row), random.text(12));
+        return;
+    }
+}
+
+template <typename List>
+void compareUnderRandomEdits(List& list, const QString& text, RandomTexts& random)
+{
+    ContainsFilterModel filter(nullptr);
+    const QAbstractItemModelTester tester(&filter, QAbstractItemModelTester::FailureReportingMode::QtTest);
+    filter.setSourceModel(&list);
+    filter.setContainedText(text, Qt::CaseInsensitive);
+    for (int edit = 0; edit < 1000; ++edit) {
+        editAtRandom(list, random);
+        QCOMPARE(textsOf(filter), plainly(list, text, Qt::CaseInsensitive));
+        if (random.upTo(20) == 0) { // what is typed meanwhile
+            filter.setContainedText(text + random.text(2), Qt::CaseInsensitive);
+            editAtRandom(list, random);
+            filter.setContainedText(text, Qt::CaseInsensitive);
+            QCOMPARE(textsOf(filter), plainly(list, text, Qt::CaseInsensitive));
+        }
+    }
+}
+
 } // namespace
 
 class tst_ContainsFilterModel : public QObject
@@ -146,12 +193,16 @@ private Q_SLOTS:
     void leavesChildrenOut();
     void followsRandomEdits_data();
     void followsRandomEdits();
+    void followsRandomEditsOfStrings_data();
+    void followsRandomEditsOfStrings();
     void tellsOfChangedData();
     void followsAnotherModel();
     void survivesTheModel();
     void readsAModelOnce();
     void forgetsWhatNobodyFollows();
     void keepsTheTextOfBothRolesOnce();
+    void sharesTheStringsOfAList();
+    void asksAListThatIsMore();
 };
 
 void tst_ContainsFilterModel::showsEveryRowAtFirst()
@@ -313,20 +364,24 @@ void tst_ContainsFilterModel::followsRandomEdits()
     MovableList list;
     for (int i = 0; i < 200; ++i)
         list.texts += random.text(12);
-    ContainsFilterModel filter(nullptr);
-    const QAbstractItemModelTester tester(&filter, QAbstractItemModelTester::FailureReportingMode::QtTest);
-    filter.setSourceModel(&list);
-    filter.setContainedText(text, Qt::CaseInsensitive);
-    for (int edit = 0; edit < 1000; ++edit) {
-        editAtRandom(list, random);
-        QCOMPARE(textsOf(filter), plainly(list, text, Qt::CaseInsensitive));
-        if (random.upTo(20) == 0) { // what is typed meanwhile
-            filter.setContainedText(text + random.text(2), Qt::CaseInsensitive);
-            editAtRandom(list, random);
-            filter.setContainedText(text, Qt::CaseInsensitive);
-            QCOMPARE(textsOf(filter), plainly(list, text, Qt::CaseInsensitive));
-        }
-    }
+    compareUnderRandomEdits(list, text, random);
+}
+
+void tst_ContainsFilterModel::followsRandomEditsOfStrings_data()
+{
+    followsRandomEdits_data();
+}
+
+void tst_ContainsFilterModel::followsRandomEditsOfStrings()
+{
+    QFETCH(QString, text);
+
+    RandomTexts random(unsigned(text.size()) + 20);
+    QStringList texts;
+    for (int i = 0; i < 200; ++i)
+        texts += random.text(12);
+    QStringListModel list(texts);
+    compareUnderRandomEdits(list, text, random);
 }
 
 void tst_ContainsFilterModel::tellsOfChangedData()
@@ -404,13 +459,13 @@ void tst_ContainsFilterModel::forgetsWhatNobodyFollows()
     MovableList list;
     list.texts = QStringList{"Blue", "Red"};
     ModelTexts& texts = ModelTexts::of(list, 0, Qt::EditRole);
-    QCOMPARE(texts.texts(), list.texts.toVector());
+    QCOMPARE(texts.texts(), list.texts);
     list.insert(0, {"Value"});
     list.rewrite(0, {"Values"}, {});
     list.replaceAll({"Grey"});
     QCOMPARE(list.reads, 2);
     QCOMPARE(&ModelTexts::of(list, 0, Qt::EditRole), &texts);
-    QCOMPARE(texts.texts(), list.texts.toVector());
+    QCOMPARE(texts.texts(), list.texts);
     QCOMPARE(list.reads, 3);
 }
 
@@ -429,11 +484,47 @@ void tst_ContainsFilterModel::keepsTheTextOfBothRolesOnce()
     };
     Computed list;
     list.texts = QStringList{"", ""};
-    const QVector<QString> edited = ModelTexts::of(list, 0, Qt::EditRole).texts();
-    const QVector<QString> shown = ModelTexts::of(list, 0, Qt::DisplayRole).texts();
+    const QStringList edited = ModelTexts::of(list, 0, Qt::EditRole).texts();
+    const QStringList shown = ModelTexts::of(list, 0, Qt::DisplayRole).texts();
     QVERIFY(shown.at(0).isSharedWith(edited.at(0)));
     QCOMPARE(edited.at(1), QStringLiteral("Row 1"));
     QCOMPARE(shown.at(1), QStringLiteral("Shown"));
+}
+
+void tst_ContainsFilterModel::sharesTheStringsOfAList()
+{
+    QStringListModel list({"Blue", "Red"});
+    for (const int role : {Qt::EditRole, Qt::DisplayRole})
+        QVERIFY(ModelTexts::of(list, 0, role).texts().isSharedWith(list.stringList()));
+    QCOMPARE(ModelTexts::of(list, 0, Qt::ToolTipRole).texts(), (QStringList{"", ""}));
+    QCOMPARE(ModelTexts::of(list, 1, Qt::EditRole).texts(), (QStringList{"", ""}));
+
+    // To share it again after an edit would have the model copy it for the next one.
+    ModelTexts& texts = ModelTexts::of(list, 0, Qt::EditRole);
+    const QSignalSpy rewritten(&texts, &ModelTexts::rewritten);
+    const QSignalSpy listensToAll(&texts, &ModelTexts::reset);
+    list.setData(list.index(1), QStringLiteral("Green"));
+    QCOMPARE(rewritten.count(), 1);
+    QCOMPARE(texts.texts(), list.stringList());
+    QVERIFY(!texts.texts().isSharedWith(list.stringList()));
+    list.insertRow(1);
+    QCOMPARE(texts.texts(), list.stringList());
+    QVERIFY(!texts.texts().isSharedWith(list.stringList()));
+}
+
+void tst_ContainsFilterModel::asksAListThatIsMore()
+{
+    class Numbered : public QStringListModel
+    {
+    public:
+        using QStringListModel::QStringListModel;
+        QVariant data(const QModelIndex& index, int role) const override
+        {
+            return QStringLiteral("%1 %2").arg(index.row()).arg(QStringListModel::data(index, role).toString());
+        }
+    };
+    Numbered list(QStringList{"Blue", "Red"});
+    QCOMPARE(ModelTexts::of(list, 0, Qt::EditRole).texts(), (QStringList{"0 Blue", "1 Red"}));
 }
 
 CORE_TEST_MAIN(tst_ContainsFilterModel)
