@@ -83,7 +83,7 @@ void ContainsFilterModel::narrow(const TextSearch& search)
     m_results.push_back({search, m_results.empty() ? search.allIn(texts, 0, texts.size())
                                                    : search.allAmong(m_results.back().found, texts)});
     if (m_results.size() > 1)
-        m_results[m_results.size() - 2].found.followers.clear(); // they have done their work
+        m_results[m_results.size() - 2].found.forgetWhatFollows(); // which has done its work
     dropOldResults();
 }
 
@@ -91,7 +91,8 @@ void ContainsFilterModel::dropOldResults()
 {
     const auto held = [this] {
         return std::accumulate(m_results.begin(), m_results.end(), qint64(0), [](qint64 sum, const Result& result) {
-            return sum + result.found.rows.size() + result.found.followers.size();
+            return sum + result.found.rows.size() + result.found.followers.size()
+                   + qint64(result.found.continuations.size()) * qint64(sizeof(TextSearch::Continuation) / sizeof(int));
         });
     };
     while (m_results.size() > 1 && held() > keptResults * m_texts->texts().size())
@@ -167,7 +168,7 @@ void ContainsFilterModel::replaceRows(int first, int removed, int inserted)
 {
     keepShownResultOnly();
     QVector<int>& rows = m_results.back().found.rows;
-    m_results.back().found.followers.clear(); // those of the new rows are not known
+    m_results.back().found.forgetWhatFollows(); // those of the new rows are not known
     const QVector<int> found = m_results.back().search.allIn(m_texts->texts(), first, first + inserted).rows;
     const auto [begin, end] = shownAmong(first, first + removed);
     std::for_each(rows.begin() + end, rows.end(), [=](int& row) { row += inserted - removed; });

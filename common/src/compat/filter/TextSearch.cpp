@@ -122,13 +122,20 @@ public:
         return marks;
     }
 
+    /// The place of `marks`, of which there are some, if it is only one; else -1.
+    static int onlyPlaceOf(quint64 marks, int starts)
+    {
+        const int first = placeOf(int(qCountTrailingZeroBits(marks)), starts);
+        const int last = placeOf(63 - int(qCountLeadingZeroBits(marks)), starts);
+        return first == last ? first : -1;
+    }
+
     /// Whether `check` holds for any place of those that are marked and those without a bit.
     template <typename Check>
     bool anyChecked(quint64 marks, const char16_t* text, int starts, Check check) const
     {
         for (; marks != 0; marks &= marks - 1) {
-            const int bit = int(qCountTrailingZeroBits(marks));
-            if (check(text + startOf(bit & ~(blockLength - 1), starts) + (bit & (blockLength - 1))))
+            if (check(text + placeOf(int(qCountTrailingZeroBits(marks)), starts)))
                 return true;
         }
         for (int start = followedStarts; start < starts - blockLength; ++start) {
@@ -199,6 +206,12 @@ private:
         return block == followedStarts ? starts - blockLength : std::min(block, starts - 1 - blockLength);
     }
 
+    static int placeOf(int mark, int starts)
+    {
+        const int inBlock = mark % blockLength;
+        return startOf(mark - inBlock, starts) + inBlock;
+    }
+
     static __m128i blockAt(const char16_t* letters)
     {
         return _mm_loadu_si128(reinterpret_cast<const __m128i*>(letters));
@@ -244,6 +257,7 @@ public:
     bool isFor(int) const { return false; }
     bool isExact() const { return false; }
     quint64 marksIn(const char16_t*, int, Followers&) const { return 0; }
+    static int onlyPlaceOf(quint64, int) { return -1; }
     template <typename Check>
     bool anyChecked(quint64, const char16_t*, int, Check) const
     {
@@ -358,6 +372,25 @@ inline bool TextSearch::isIn(const QString& text, const Sieve& sieve, Followers&
     return marks != 0 && standsAtMarks(marks, text, starts, sieve);
 }
 
+/// Whether it is in `text`, and if so at one place only, what follows its first `continuedLength` letters there.
+inline bool TextSearch::isIn(const QString& text, const Sieve& sieve, int continuedLength,
+                             Continuation& continuation) const
+{
+    const int starts = text.size() - m_text.size() + 1;
+    if (!sieve.isFor(starts))
+        return text.contains(m_text, m_caseSensitivity);
+    Followers followers;
+    const quint64 marks = sieve.marksIn(lettersOf(text), starts, followers);
+    const int place = starts > usualStarts || marks == 0 ? -1 : Sieve::onlyPlaceOf(marks, starts);
+    if (place >= 0 && !m_letters.isEmpty()) {
+        const int behind = place + continuedLength;
+        continuation.count = qint16(std::min(text.size() - behind, Continuation::length));
+        std::copy_n(lettersOf(text) + behind, continuation.count, continuation.letters.begin());
+        return sieve.isExact() || standsAt(lettersOf(text) + place);
+    }
+    return (marks != 0 || starts > usualStarts) && standsAtMarks(marks, text, starts, sieve);
+}
+
 bool TextSearch::standsAtMarks(quint64 marks, const QString& text, int starts, const Sieve& sieve) const
 {
     if (m_letters.isEmpty())
@@ -380,15 +413,67 @@ int TextSearch::firstIn(const QStringList& texts) const
 
 TextSearch::Found TextSearch::allIn(const QStringList& texts, int first, int end) const
 {
-    return lookAtAll(
-        end - first, [first](int i) { return first + i; }, texts);
+    const Sieve sieve = sieveFor(texts);
+    const auto text = texts.cbegin();
+    Found found{m_text, QVector<int>(end - first), QVector<Followers>(end - first), {}};
+    int* const rows = found.rows.data();
+    Followers* const followers = found.followers.data();
+    int count = 0;
+    for (int row = first; row < end; ++row) {
+        fetch(text[qMin(row + fetchedAhead, end - 1)]);
+        rows[count] = row;
+        count += isIn(text[row], sieve, followers[count]);
+    }
+    shorten(found.rows, count);
+    shorten(found.followers, count);
+    return found;
 }
 
 TextSearch::Found TextSearch::allAmong(const Found& candidates, const QStringList& texts) const
 {
+    const Sieve sieve = sieveFor(texts);
+    const auto text = texts.cbegin();
+    const bool goesOn = goesOnFrom(candidates);
     const QVector<int> rows = possibleAmong(candidates);
-    return lookAtAll(
-        rows.size(), [row = rows.constData()](int i) { return row[i]; }, texts);
+    const auto knownAt = [&](int i) { return goesOn ? candidates.continuations.at(i) : Continuation(); };
+    Found found{m_text, {}, {}, {}, goesOn ? candidates.continuedLength : m_text.size()};
+    found.rows.reserve(rows.size());
+    found.continuations.reserve(rows.size());
+    for (int i = 0; i < rows.size(); ++i) {
+        const int ahead = qMin(i + fetchedAhead, rows.size() - 1);
+        if (knownAt(ahead).count < 0)
+            fetch(text[rows.at(ahead)]);
+        Continuation continuation = knownAt(i);
+        const bool isFound = continuation.count < 0
+                                 ? isIn(text[rows.at(i)], sieve, found.continuedLength, continuation)
+                                 : goesOnWith(continuation, found.continuedLength, candidates.text.size());
+        if (isFound) {
+            found.rows.append(rows.at(i));
+            found.continuations.append(continuation);
+        }
+    }
+    shorten(found.rows, found.rows.size());
+    shorten(found.continuations, found.rows.size());
+    return found;
+}
+
+/// Whether the continuations that are known of the candidates tell which of them contain it.
+bool TextSearch::goesOnFrom(const Found& candidates) const
+{
+    return !candidates.continuations.isEmpty() && m_letters.size() > candidates.text.size()
+           && m_letters.size() - candidates.continuedLength <= Continuation::length
+           && m_text.startsWith(candidates.text, m_caseSensitivity);
+}
+
+inline bool TextSearch::goesOnWith(const Continuation& continuation, int continuedLength, int knownLength) const
+{
+    if (m_letters.size() - continuedLength > continuation.count)
+        return false;
+    const bool ignoresCase = m_caseSensitivity == Qt::CaseInsensitive;
+    const char16_t* const folding = foldings().of.data();
+    return std::equal(m_letters.begin() + knownLength, m_letters.end(),
+                      continuation.letters.begin() + (knownLength - continuedLength),
+                      [=](char16_t own, char16_t letter) { return own == (ignoresCase ? folding[letter] : letter); });
 }
 
 /// The rows of the candidates, without most where another letter is behind the text that they contain.
@@ -410,25 +495,10 @@ QVector<int> TextSearch::possibleAmong(const Found& candidates) const
     return rows;
 }
 
-/// Of the texts at `count` rows.
-template <typename RowAt>
-TextSearch::Found TextSearch::lookAtAll(int count, RowAt rowAt, const QStringList& texts) const
+void TextSearch::Found::forgetWhatFollows()
 {
-    const Sieve sieve = sieveFor(texts);
-    const auto text = texts.cbegin();
-    Found found{m_text, QVector<int>(count), QVector<Followers>(count)};
-    int* const rows = found.rows.data();
-    Followers* const followers = found.followers.data();
-    int foundCount = 0;
-    for (int i = 0; i < count; ++i) {
-        fetch(text[rowAt(qMin(i + fetchedAhead, count - 1))]);
-        const int row = rowAt(i);
-        rows[foundCount] = row;
-        foundCount += isIn(text[row], sieve, followers[foundCount]);
-    }
-    shorten(found.rows, foundCount);
-    shorten(found.followers, foundCount);
-    return found;
+    followers.clear();
+    continuations.clear();
 }
 
 } // namespace zelmar

@@ -5,6 +5,8 @@
 #include <QStringList>
 #include <QVector>
 
+#include <array>
+
 namespace zelmar {
 
 /// A text to look for in very many texts. A text contains it exactly when QString::contains() says so with the same
@@ -25,19 +27,33 @@ public:
         char16_t all = 0;
     };
 
+    /// The letters behind a text where it stands at one place of another one only.
+    struct Continuation
+    {
+        static constexpr int length = 7;
+
+        std::array<char16_t, length> letters;
+        qint16 count = -1; ///< -1: it stands at more places, or nobody knows
+    };
+
     struct Found
     {
-        QString text;                 ///< what was looked for
-        QVector<int> rows;            ///< indexes into the texts, ascending
-        QVector<Followers> followers; ///< of the text in each of them; empty where nobody has noted them
+        QString text;      ///< what was looked for
+        QVector<int> rows; ///< indexes into the texts, ascending
+        /// What follows the text in each of them; one or the other, or both empty where nobody has noted it.
+        QVector<Followers> followers;
+        QVector<Continuation> continuations;
+        int continuedLength = 0; ///< of the text, or less: what the continuations are behind
+
+        void forgetWhatFollows();
     };
 
     /// The index from 0 of the first of `texts` that contains it, or -1.
     int firstIn(const QStringList& texts) const;
     /// Those of `texts` from `first` to before `end` that contain it.
     Found allIn(const QStringList& texts, int first, int end) const;
-    /// Those of the candidates that contain it. Where they contain, as a rule, the same without its last letter, few
-    /// others are looked at: those that are left out have other letters behind that.
+    /// Those of the candidates that contain it. Where they contain, as a rule, the same without its last letter, most
+    /// are told by the letters that follow that, without a look at their texts.
     Found allAmong(const Found& candidates, const QStringList& texts) const;
 
 private:
@@ -64,9 +80,10 @@ private:
     QVector<int> placesByRarity(const QStringList& texts) const;
     Sieve sieveFor(const QStringList& texts) const;
     bool isIn(const QString& text, const Sieve& sieve, Followers& followers) const;
+    bool isIn(const QString& text, const Sieve& sieve, int continuedLength, Continuation& continuation) const;
     bool standsAtMarks(quint64 marks, const QString& text, int starts, const Sieve& sieve) const;
-    template <typename RowAt>
-    Found lookAtAll(int count, RowAt rowAt, const QStringList& texts) const;
+    bool goesOnFrom(const Found& candidates) const;
+    bool goesOnWith(const Continuation& continuation, int continuedLength, int knownLength) const;
     QVector<int> possibleAmong(const Found& candidates) const;
     bool standsAt(const char16_t* start) const;
 
