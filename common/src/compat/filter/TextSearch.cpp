@@ -359,7 +359,7 @@ inline bool TextSearch::isIn(const QString& text, const Sieve& sieve, Followers&
     const int starts = text.size() - m_text.size() + 1;
     if (!sieve.isFor(starts)) {
         followers = {};
-        return text.contains(m_text, m_caseSensitivity);
+        return standsIn(text, starts);
     }
     const quint64 marks = sieve.marksIn(lettersOf(text), starts, followers);
     if (starts > usualStarts) {
@@ -378,7 +378,7 @@ inline bool TextSearch::isIn(const QString& text, const Sieve& sieve, int contin
 {
     const int starts = text.size() - m_text.size() + 1;
     if (!sieve.isFor(starts))
-        return text.contains(m_text, m_caseSensitivity);
+        return standsIn(text, starts);
     Followers followers;
     const quint64 marks = sieve.marksIn(lettersOf(text), starts, followers);
     const int place = starts > usualStarts || marks == 0 ? -1 : Sieve::onlyPlaceOf(marks, starts);
@@ -389,6 +389,18 @@ inline bool TextSearch::isIn(const QString& text, const Sieve& sieve, int contin
         return sieve.isExact() || standsAt(lettersOf(text) + place);
     }
     return (marks != 0 || starts > usualStarts) && standsAtMarks(marks, text, starts, sieve);
+}
+
+/// Without a sieve.
+bool TextSearch::standsIn(const QString& text, int starts) const
+{
+    if (starts > blockLength || m_letters.isEmpty())
+        return text.contains(m_text, m_caseSensitivity);
+    for (int start = 0; start < starts; ++start) {
+        if (standsAt(lettersOf(text) + start))
+            return true;
+    }
+    return false;
 }
 
 bool TextSearch::standsAtMarks(quint64 marks, const QString& text, int starts, const Sieve& sieve) const

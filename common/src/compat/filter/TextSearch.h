@@ -81,6 +81,7 @@ private:
     Sieve sieveFor(const QStringList& texts) const;
     bool isIn(const QString& text, const Sieve& sieve, Followers& followers) const;
     bool isIn(const QString& text, const Sieve& sieve, int continuedLength, Continuation& continuation) const;
+    bool standsIn(const QString& text, int starts) const;
     bool standsAtMarks(quint64 marks, const QString& text, int starts, const Sieve& sieve) const;
     bool goesOnFrom(const Found& candidates) const;
     bool goesOnWith(const Continuation& continuation, int continuedLength, int knownLength) const;
