@@ -57,9 +57,9 @@ void shorten(QVector<T>& results, int count)
         results.squeeze();
 }
 
-int differingBits(char16_t one, char16_t other)
+int countOf(int bits)
 {
-    return int(qPopulationCount(quint16(one ^ other)));
+    return int(qPopulationCount(quint16(bits)));
 }
 
 const char16_t* lettersOf(const QString& text)
@@ -302,12 +302,12 @@ TextSearch::Spelling TextSearch::commonOf(const QVector<char16_t>& letters)
 TextSearch::Place TextSearch::placeAt(int offset) const
 {
     const auto isExact = [](const QVector<char16_t>& letters, const Spelling& common) {
-        return letters.size() <= 2 && differingBits(common.bits, 0xffff) == letters.size() - 1;
+        return letters.size() <= 2 && countOf(~common.bits) == letters.size() - 1;
     };
     // Capital and small letters as a rule differ in one bit; s and k have a third, rare spelling.
     QVector<char16_t> usual = spellingsAt(offset);
     std::sort(usual.begin(), usual.end(), [letter = usual.first()](char16_t one, char16_t other) {
-        return differingBits(one, letter) < differingBits(other, letter);
+        return countOf(one ^ letter) < countOf(other ^ letter);
     });
     QVector<char16_t> others;
     while (!isExact(usual, commonOf(usual)))

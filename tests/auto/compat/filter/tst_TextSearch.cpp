@@ -183,6 +183,9 @@ void tst_TextSearch::narrowsLetterByLetter()
 
 void tst_TextSearch::notesWhatFollows()
 {
+#if !defined(__SSE2__) && !defined(_M_X64)
+    QSKIP("Letters are looked at one by one here, and nothing is noted.");
+#endif
     const QStringList texts = {QStringLiteral("a name with one more letter behind"),
                                QStringLiteral("one letter here, onset there"),
                                QStringLiteral("nothing behind this one"), QStringLiteral("on")};
