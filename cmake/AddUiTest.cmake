@@ -1,3 +1,15 @@
+# What starts a test program, where something has to.
+set(COMMON_UI_QT_EMULATOR "")
+if(WIN32 AND CMAKE_CROSSCOMPILING)
+    set(COMMON_UI_QT_EMULATOR "${PROJECT_SOURCE_DIR}/tools/windows/run-test")
+endif()
+
+# The same on a screen of its own. Windows itself has one for all.
+set(COMMON_UI_QT_SCREEN "")
+if(NOT CMAKE_HOST_WIN32)
+    set(COMMON_UI_QT_SCREEN "${PROJECT_SOURCE_DIR}/tools/with-screen" ${COMMON_UI_QT_EMULATOR})
+endif()
+
 # add_ui_test(<name> SOURCES <file>... [MOC_HEADERS <file>...] [LIBRARIES <target>...] [NO_SCREEN])
 #
 # One test program. It runs on a virtual screen of its own with a window manager, or without any screen (NO_SCREEN),
@@ -15,9 +27,9 @@ function(add_ui_test name)
     target_compile_options(${name} PRIVATE $<$<CXX_COMPILER_ID:Clang>:-Wno-gnu-zero-variadic-macro-arguments>)
 
     if(arg_NO_SCREEN)
-        add_test(NAME ${name} COMMAND ${name})
+        add_test(NAME ${name} COMMAND ${COMMON_UI_QT_EMULATOR} $<TARGET_FILE:${name}>)
     else()
-        add_test(NAME ${name} COMMAND "${PROJECT_SOURCE_DIR}/tools/with-screen" $<TARGET_FILE:${name}>)
+        add_test(NAME ${name} COMMAND ${COMMON_UI_QT_SCREEN} $<TARGET_FILE:${name}>)
     endif()
     common_ui_qt_set_test_properties(${name})
 endfunction()
@@ -41,7 +53,7 @@ endfunction()
 # Runs the test program again, on a screen on which <factor> pixels are one.
 function(add_scaled_ui_test name factor)
     add_test(NAME ${name}_scaled
-        COMMAND "${PROJECT_SOURCE_DIR}/tools/with-screen" env QT_SCALE_FACTOR=${factor} $<TARGET_FILE:${name}>)
+        COMMAND ${CMAKE_COMMAND} -E env QT_SCALE_FACTOR=${factor} ${COMMON_UI_QT_SCREEN} $<TARGET_FILE:${name}>)
     common_ui_qt_set_test_properties(${name}_scaled)
 endfunction()
 

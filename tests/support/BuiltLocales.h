@@ -3,8 +3,8 @@
 #include <QString>
 #include <QTemporaryDir>
 
-/// Locales of the C library, built from its sources for the life of the object: none of them needs to be installed.
-/// Afterwards C.UTF-8 is in force again.
+/// Locales of the C library for the life of the object, built from their sources where the system does not have all of
+/// them: none needs to be installed. Afterwards the locale of the tests is in force again.
 class BuiltLocales
 {
 public:
@@ -13,7 +13,7 @@ public:
     BuiltLocales(const BuiltLocales&) = delete;
     BuiltLocales& operator=(const BuiltLocales&) = delete;
 
-    /// Builds `name`, e.g. "de_DE", and puts it in force with all its categories. Whether that was possible.
+    /// Puts `name`, e.g. "de_DE" in force with all its categories. Whether that was possible.
     bool enter(const QString& name);
 
 private:

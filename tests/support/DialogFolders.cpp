@@ -1,15 +1,10 @@
 #include "DialogFolders.h"
 
+#include "AccessRights.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-
-namespace {
-
-const QFile::Permissions readable =
-    QFile::ReadOwner | QFile::ExeOwner | QFile::ReadGroup | QFile::ExeGroup | QFile::ReadOther | QFile::ExeOther;
-
-}
 
 DialogFolders::DialogFolders()
 {
@@ -23,7 +18,7 @@ DialogFolders::~DialogFolders()
 
 void DialogFolders::setReadOnly(const QString& name, bool on) const
 {
-    QFile::setPermissions(path(name), on ? readable : readable | QFile::WriteOwner);
+    setAccess(path(name), on ? Access::NoWriting : Access::Everything);
 }
 
 QString DialogFolders::path(const QString& name) const

@@ -1,7 +1,9 @@
 #pragma once
 
+#include "AccessRights.h"
 #include "OrdinaryUser.h"
 #include "TableFormat.h"
+#include "systemLimits.h"
 
 #include <QFile>
 #include <QStringList>

@@ -465,7 +465,9 @@ void tst_TableWriters::keepsOldFileWhenTheDiskIsFull_data()
 
 void tst_TableWriters::keepsOldFileWhenTheDiskIsFull()
 {
-#ifdef Q_OS_UNIX
+#ifndef Q_OS_UNIX
+    QSKIP(systemLimits::noSizeLimit);
+#else
     QFETCH(QString, format);
     QFETCH(QByteArray, bytes);
     QFETCH(int, missing);
@@ -520,20 +522,18 @@ void tst_TableWriters::refusesImpossiblePlaces()
 
 void tst_TableWriters::refusesReadOnlyFolder()
 {
-#ifdef Q_OS_UNIX
     const TestFolder folder;
     const TableResult result = folder.load("t.csv", "a\n1\n");
-    QVERIFY(QFile::setPermissions(folder.path("."), QFileDevice::Permissions(0x5555)));
+    setAccess(folder.path("."), Access::NoWriting);
     QString error;
     {
         const OrdinaryUser user;
         QVERIFY(user.isOrdinary());
         error = writeTable(*result.document, folder.path("t.csv"), formatNamed("CSV"));
     }
-    QVERIFY(QFile::setPermissions(folder.path("."), QFileDevice::Permissions(0x7777)));
+    setAccess(folder.path("."), Access::Everything);
     QVERIFY2(error.contains("cannot be written"), qPrintable(error));
     QCOMPARE(folder.read("t.csv"), QByteArray("a\n1\n"));
-#endif
 }
 
 void tst_TableWriters::doesNotMarkAsSaved()

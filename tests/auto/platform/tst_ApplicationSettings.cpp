@@ -1,5 +1,6 @@
 #include "platform/ApplicationSettings.h"
 
+#include "AccessRights.h"
 #include "OrdinaryUser.h"
 #include "TestHome.h"
 
@@ -169,8 +170,7 @@ void tst_ApplicationSettings::unwritableFolderIsAWarning()
     QVERIFY(QDir().mkpath(folder));
     settings().depositValue("key", "kept");
 
-    const QFile::Permissions permissions = QFile::permissions(folder);
-    QVERIFY(QFile::setPermissions(folder, QFile::ReadOwner | QFile::ExeOwner));
+    setAccess(folder, Access::NoWriting);
     {
         const OrdinaryUser user;
         QVERIFY(user.isOrdinary());
@@ -178,7 +178,7 @@ void tst_ApplicationSettings::unwritableFolderIsAWarning()
                              QRegularExpression(QStringLiteral("^Cannot read or write the settings file ")));
         settings().depositValue("key", "lost");
     }
-    QVERIFY(QFile::setPermissions(folder, permissions));
+    setAccess(folder, Access::Everything);
 }
 
 void tst_ApplicationSettings::withoutAnOrganization()

@@ -1,5 +1,6 @@
 #include "ui/qt/controls/addFontsToDatabase.h"
 
+#include "AccessRights.h"
 #include "BuiltFont.h"
 #include "OrdinaryUser.h"
 #include "TestHome.h"
@@ -228,9 +229,8 @@ void tst_addFontsToDatabase::foldersThatCannotBeListed()
     QVERIFY(QDir().mkdir(path(QStringLiteral("refused"))));
     write(QStringLiteral("refused/font.ttf"), builtFont(QStringLiteral("Refused")));
     write(QStringLiteral("file"), builtFont(QStringLiteral("File")));
-    const QFile::Permissions owner = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
-    QVERIFY(QFile::setPermissions(m_folder->path(), owner | QFile::ReadOther | QFile::ExeOther));
-    QVERIFY(QFile::setPermissions(path(QStringLiteral("refused")), {}));
+    setAccess(m_folder->path(), Access::Everything);
+    setAccess(path(QStringLiteral("refused")), Access::Nothing);
 
     const QStringList before = QFontDatabase().families();
     {
@@ -238,7 +238,7 @@ void tst_addFontsToDatabase::foldersThatCannotBeListed()
         QVERIFY(user.isOrdinary());
         addFontsToDatabase(path(name).toStdString());
     }
-    QVERIFY(QFile::setPermissions(path(QStringLiteral("refused")), owner));
+    setAccess(path(QStringLiteral("refused")), Access::Everything);
     QCOMPARE(QFontDatabase().families(), before);
 }
 

@@ -2,6 +2,7 @@
 
 #include "platform/ApplicationSettings.h"
 
+#include "AccessRights.h"
 #include "DialogDriver.h"
 #include "DialogFolders.h"
 #include "FileDialogActions.h"
@@ -369,9 +370,8 @@ void tst_QExtendedFileDialogCursors::randomWalks()
 
     QRandomGenerator random(20261121);
     const QString unreadable = m_folders.addFolder(QStringLiteral("unreadable"), 2);
-    QFile::setPermissions(unreadable, QFile::WriteOwner);
-    const auto readableAgain = qScopeGuard(
-        [&unreadable] { QFile::setPermissions(unreadable, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner); });
+    setAccess(unreadable, Access::Nothing);
+    const auto readableAgain = qScopeGuard([&unreadable] { setAccess(unreadable, Access::Everything); });
     const IgnoreMessages unwatchable(QStringLiteral("^inotify_add_watch\\(.*/unreadable\\) failed"));
     const OrdinaryUser user;
     QVERIFY(user.isOrdinary());

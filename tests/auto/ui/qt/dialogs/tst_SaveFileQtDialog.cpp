@@ -3,6 +3,7 @@
 #include "platform/ApplicationSettings.h"
 #include "ui/qt/dialogs/QExtendedFileDialog.h"
 
+#include "AccessRights.h"
 #include "DialogDriver.h"
 #include "DialogFolders.h"
 #include "FileDialogActions.h"
@@ -20,8 +21,6 @@
 #include <QTest>
 
 #include <type_traits>
-
-#include <sys/stat.h>
 
 using zelmar::ApplicationSettings;
 using Calls = RecordingMessageHandler::Calls;
@@ -406,7 +405,7 @@ void tst_SaveFileQtDialog::noThenCancel()
 
 void tst_SaveFileQtDialog::readOnlyFile()
 {
-    QFile::setPermissions(m_folders->path(QStringLiteral("old.dat")), QFile::ReadOwner | QFile::ReadOther);
+    setAccess(m_folders->path(QStringLiteral("old.dat")), Access::NoWriting);
     const OrdinaryUser user;
     QVERIFY(user.isOrdinary());
     const auto flow = makeFlow();
@@ -422,7 +421,7 @@ void tst_SaveFileQtDialog::readOnlyFile()
 void tst_SaveFileQtDialog::closedFolderThenAnother()
 {
     const QString open = m_folders->addFolder(QStringLiteral("place"));
-    QCOMPARE(chmod(QFile::encodeName(open).constData(), 0777), 0);
+    setAccess(open, Access::Everything);
     m_folders->setReadOnly({}, true);
     const OrdinaryUser user;
     QVERIFY(user.isOrdinary());
