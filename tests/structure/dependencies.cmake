@@ -57,7 +57,7 @@ refuse_includes("${callers}" "[\"<]compat/substitute/" "callers include compat/<
 
 set(filter ${all})
 list(FILTER filter INCLUDE REGEX "^compat/filter/")
-allow_of_qt("${filter}" "AbstractItemModel|AbstractProxyModel|MetaMethod|ModelIndex|Object|Pointer|String|Vector"
+allow_of_qt("${filter}" "AbstractItemModel|AbstractProxyModel|MetaMethod|ModelIndex|Object|Pointer|String|StringList|StringListModel|Vector"
     "the filter knows no widgets")
 
 set(numbers ${all})

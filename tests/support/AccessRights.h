@@ -4,8 +4,7 @@
 
 /// What everybody, the owner included, may do with a file or with the entries of a folder. Only the superuser is not
 /// stopped by it: see OrdinaryUser.
-enum class Access
-{
+enum class Access {
     Everything,
     NoWriting, ///< Of a folder: no entry is added or removed.
     Nothing

@@ -32,6 +32,16 @@ void DialogDriver::addStep(Step step)
     m_deadline.setRemainingTime(m_deadlineLength);
 }
 
+namespace {
+
+/// The dialog is active, and the keyboard has come to what has the focus in it, which are two events on some systems.
+bool canBeUsed(QDialog& dialog)
+{
+    return hasKeyboard(dialog) && (QApplication::focusWidget() || !dialog.focusWidget());
+}
+
+} // namespace
+
 void DialogDriver::poll()
 {
     // Another timer each time, and started first: a step may open the next dialog, and a timer does not fire while its
@@ -41,7 +51,7 @@ void DialogDriver::poll()
     if (!m_problem.isEmpty()) {
         if (dialog)
             dialog->reject();
-    } else if (!m_steps.empty() && dialog && hasKeyboard(*dialog) && m_steps.front().isDue(*dialog)) {
+    } else if (!m_steps.empty() && dialog && canBeUsed(*dialog) && m_steps.front().isDue(*dialog)) {
         takeStep(*dialog);
     } else if (m_steps.empty() && !dialog) {
         m_deadline.setRemainingTime(m_deadlineLength);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "RecordingShell.h"
+#include "systemLimits.h"
 #include "ui/qt/dialogs/ExtendedFileDialog.h"
 
 #include <QMetaType>
@@ -9,8 +10,7 @@
 #include <memory>
 
 /// The kinds of dialog behind the facades: the Qt-drawn one, and the native one over the dialog object that is built in
-/// or over a recording one. On Windows the system's dialog is in the place of the built-in one, and is no QFileDialog that
-/// the same test could drive.
+/// or over a recording one.
 enum class DialogKind { QtDrawn, BuiltIn, Recording };
 Q_DECLARE_METATYPE(DialogKind)
 
@@ -19,9 +19,8 @@ inline void addDialogKindRows()
 {
     QTest::addColumn<DialogKind>("kind");
     QTest::newRow("drawn by Qt") << DialogKind::QtDrawn;
-#ifndef Q_OS_WIN
-    QTest::newRow("native, over the built-in object") << DialogKind::BuiltIn;
-#endif
+    if (!systemLimits::nativeDialogIsTheSystems)
+        QTest::newRow("native, over the built-in object") << DialogKind::BuiltIn;
     QTest::newRow("native, over a recording object") << DialogKind::Recording;
 }
 

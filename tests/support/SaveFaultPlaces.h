@@ -4,8 +4,8 @@
 
 #include <QString>
 
-/// What the faults of a place to save to are made of. All end the program when they cannot: a test without them would test
-/// nothing.
+/// What the faults of a place to save to are made of. All end the program when they cannot: a test without them would
+/// test nothing.
 
 /// Ends the program, naming `what`, when it was not done.
 void checkFault(bool done, const char* what);

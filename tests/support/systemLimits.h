@@ -1,11 +1,32 @@
 #pragma once
 
-/// Why a test cannot be made on some system: every reason for QSKIP, or for a test program of one system only, is here.
+#include <QtGlobal>
+
+/// What some system cannot do, and why a test is therefore not made there: the one place for it. Null where it can.
 namespace systemLimits {
 
-/// Pipes, devices and links that any user can make.
-inline const char noSpecialFiles[] = "Windows has no pipes, devices or links that any user can make among the files";
-/// RLIMIT_FSIZE.
-inline const char noSizeLimit[] = "Windows has no limit of a file's size that would play a full disk";
+#ifdef Q_OS_WIN
+inline const char* const noSpecialFiles =
+    "Windows has no pipes, devices or links that any user can make among its files";
+inline const char* const noOddNames = "Windows has no files whose names hold one of < > : \" | ? *";
+inline const char* const noRefusedReading = "Wine can neither remove what may not be read nor give the right back";
+inline const char* const noSizeLimit = "Windows has no limit of a file's size, which would play a full disk";
+inline const char* const noMouseSelection = "Windows has no selection beside the clipboard";
+inline const char* const noSettingsFile = "Windows keeps settings in the registry and not in a file";
+inline const char* const watchedFoldersStay = "Windows keeps a deleted folder as long as somebody watches it";
+inline const char* const guiThreadHasApartment = "Qt enters the single-threaded apartment on Windows' GUI thread";
+inline const char* const nativeDialogIsTheSystems =
+    "Windows' native dialog is the system's, which has tests of its own";
+#else
+inline const char* const noSpecialFiles = nullptr;
+inline const char* const noOddNames = nullptr;
+inline const char* const noRefusedReading = nullptr;
+inline const char* const noSizeLimit = nullptr;
+inline const char* const noMouseSelection = "This platform plugin has no selection beside the clipboard";
+inline const char* const noSettingsFile = nullptr;
+inline const char* const watchedFoldersStay = nullptr;
+inline const char* const guiThreadHasApartment = nullptr;
+inline const char* const nativeDialogIsTheSystems = nullptr;
+#endif
 
 } // namespace systemLimits

@@ -345,7 +345,7 @@ void tst_QxtLabel::directionIsTheWholeTexts()
 {
     m_label->setElideMode(Qt::ElideLeft);
     m_label->setText(hebrew + QStringLiteral(" /runs/flow.csv"));
-    m_label->resize(advance(*m_label, QStringLiteral("w.csv....")), 40);
+    m_label->resize(advance(*m_label, QStringLiteral("flow.csv....")), 40);
     const PaintedText fromTheRight(*m_label);
     QVERIFY(fromTheRight.text().contains(QStringLiteral(".csv")));
     QCOMPARE(fromTheRight.pieces().last().text.trimmed(), QString(ellipsis));

@@ -88,6 +88,12 @@ std::vector<SaveFault> fileFaults()
         // leads nowhere comes out when the caller writes.
         {"dangling link", [](const QString& f) { return addLink(at(f, "link.dat"), at(f, "nowhere.dat")); }, {}, true},
         {"loop of links", [](const QString& f) { return addLink(at(f, "loop.dat"), at(f, "loop.dat")); }, {}, true},
+        // Elsewhere a folder stays as long as a dialog shows it.
+        {"folder deleted after the choice",
+         [](const QString& f) { return addFolder(at(f, "short-lived")) + QStringLiteral("/new.dat"); },
+         {"unable"},
+         false,
+         [](const QString& f) { QDir(f).rmdir(at(f, "short-lived")); }},
         {"pipe that nobody reads",
          [](const QString& f) { return addNode(at(f, "pipe.dat"), S_IFIFO | 0666); },
          {"overwrite", "unable"},

@@ -28,9 +28,12 @@ DWORD refusedRights(Access access)
 {
     const DWORD writing = FILE_WRITE_DATA | FILE_APPEND_DATA | FILE_DELETE_CHILD;
     switch (access) {
-    case Access::Everything: break;
-    case Access::NoWriting: return writing;
-    case Access::Nothing: return writing | FILE_READ_DATA | FILE_EXECUTE;
+    case Access::Everything:
+        break;
+    case Access::NoWriting:
+        return writing;
+    case Access::Nothing:
+        return writing | FILE_READ_DATA | FILE_EXECUTE;
     }
     return 0;
 }

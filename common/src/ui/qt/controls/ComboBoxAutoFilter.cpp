@@ -199,6 +199,9 @@ void ComboBoxAutoFilter::leave()
     if (m_completer && m_completer->popup())
         m_completer->popup()->hide();
     close();
+    // Where the system has taken the list for a window with the keyboard, that comes back later, and to the hidden box.
+    if (!isWindow() && parentWidget() && window()->focusWidget() == this)
+        parentWidget()->setFocus();
 }
 
 void ComboBoxAutoFilter::finishEditing()

@@ -4,6 +4,7 @@
 #include "TestHome.h"
 #include "VirtualSlot.h"
 #include "plainTableText.h"
+#include "systemLimits.h"
 
 #include <QAction>
 #include <QApplication>
@@ -419,7 +420,8 @@ void tst_TableCopyHandler::copiesNothingWithoutSelectionModel()
 void tst_TableCopyHandler::keepsTheMouseSelection()
 {
     QClipboard& clipboard = *QGuiApplication::clipboard();
-    QVERIFY(clipboard.supportsSelection());
+    if (!clipboard.supportsSelection())
+        QSKIP(systemLimits::noMouseSelection);
     clipboard.setText(untouched, QClipboard::Selection);
     select(QStringLiteral("A1"));
     QCOMPARE(copied(), QStringLiteral("A1"));
@@ -431,17 +433,18 @@ void tst_TableCopyHandler::copiesByKeyboard()
     m_view->show();
     takeKeyboardFocus(*m_view);
     QVERIFY(m_view->hasFocus());
+    QCoreApplication::processEvents(); // some systems tell later, and of each change before
     const QSignalSpy changes(QGuiApplication::clipboard(), SIGNAL(dataChanged()));
     QWindow* window = m_view->windowHandle();
     QTest::keyClick(window, Qt::Key_C, Qt::ControlModifier);
     QCOMPARE(QGuiApplication::clipboard()->text(), QString());
-    QCOMPARE(changes.count(), 1);
+    QTRY_COMPARE(changes.count(), 1);
 
     QTest::keyClick(window, Qt::Key_A, Qt::ControlModifier);
     QTest::keyClick(window, Qt::Key_C, Qt::ControlModifier);
     QCOMPARE(QGuiApplication::clipboard()->text(), plainTableText(*m_view));
     QCOMPARE(QGuiApplication::clipboard()->text().count(QLatin1Char('\n')), 3);
-    QCOMPARE(changes.count(), 2); // the view alone would have copied the current cell, too
+    QTRY_COMPARE(changes.count(), 2); // the view alone would have copied the current cell, too
 }
 
 void tst_TableCopyHandler::letsOtherKeysPass()
@@ -531,7 +534,7 @@ void tst_TableCopyHandler::viewIsDeletedByASlot()
         QTest::keyClick(m_view.get(), Qt::Key_C, Qt::ControlModifier);
     else
         m_handler->copyToClipboard();
-    QVERIFY(!handler);
+    QTRY_VERIFY(!handler);
     QCOMPARE(QGuiApplication::clipboard()->text(), QStringLiteral("A1\tB1"));
 }
 

@@ -2,6 +2,7 @@
 
 #include "DialogFolders.h"
 #include "TestHome.h"
+#include "systemLimits.h"
 
 #include <QApplication>
 #include <QDir>
@@ -22,6 +23,7 @@ private Q_SLOTS:
     void lateAnnouncementOfALeftFolder();
     void recreatedFolderIsAnotherOne();
     void deletedRootIsNotBeingRead();
+    void cleanupTestCase() { m_model.reset(); }
 
 private:
     void enter(const QString& folder);
@@ -36,6 +38,8 @@ private:
 
 void tst_FolderReadTracker::init()
 {
+    m_announced.reset();
+    m_model.reset(); // before its folders, which some systems keep as long as somebody watches them
     m_folders = std::make_unique<DialogFolders>();
     m_first = m_folders->addFolder(QStringLiteral("first"), 3);
     m_second = m_folders->addFolder(QStringLiteral("second"));
@@ -114,6 +118,8 @@ void tst_FolderReadTracker::lateAnnouncementOfALeftFolder()
 
 void tst_FolderReadTracker::recreatedFolderIsAnotherOne()
 {
+    if (systemLimits::watchedFoldersStay)
+        QSKIP(systemLimits::watchedFoldersStay);
     enter(m_first);
     awaitAnnouncement(m_first);
     enter(m_folders->path());

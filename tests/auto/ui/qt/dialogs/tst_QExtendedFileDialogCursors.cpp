@@ -9,6 +9,7 @@
 #include "IgnoreMessages.h"
 #include "OrdinaryUser.h"
 #include "TestHome.h"
+#include "systemLimits.h"
 
 #include <QApplication>
 #include <QDeadlineTimer>
@@ -235,6 +236,8 @@ void tst_QExtendedFileDialogCursors::knownFolderDoesNotReleaseForOneThatIsRead()
 
 void tst_QExtendedFileDialogCursors::recreatedFolderIsReadAgain()
 {
+    if (systemLimits::watchedFoldersStay)
+        QSKIP(systemLimits::watchedFoldersStay);
     const QString folder = m_folders.addFolder(QStringLiteral("short-lived"), 2);
     const auto dialog = makeDialog();
     dialog->show();
@@ -370,12 +373,15 @@ void tst_QExtendedFileDialogCursors::randomWalks()
 
     QRandomGenerator random(20261121);
     const QString unreadable = m_folders.addFolder(QStringLiteral("unreadable"), 2);
-    setAccess(unreadable, Access::Nothing);
+    if (!systemLimits::noRefusedReading)
+        setAccess(unreadable, Access::Nothing);
     const auto readableAgain = qScopeGuard([&unreadable] { setAccess(unreadable, Access::Everything); });
-    const IgnoreMessages unwatchable(QStringLiteral("^inotify_add_watch\\(.*/unreadable\\) failed"));
+    // Some systems refuse to watch a folder that cannot be read, others to remove one that is watched.
+    const IgnoreMessages unavoidable(
+        QStringLiteral("^inotify_add_watch\\(.*/unreadable\\) failed|^QTemporaryDir: Unable to remove "));
     const OrdinaryUser user;
     QVERIFY(user.isOrdinary());
-    QVERIFY(QDir(unreadable).entryList(QDir::Files).isEmpty());
+    QCOMPARE(QDir(unreadable).entryList(QDir::Files).isEmpty(), !systemLimits::noRefusedReading);
 
     for (int walk = 0; walk < 100; ++walk) {
         if (!m_window)

@@ -65,9 +65,11 @@ void tst_scientificText::hasAPointUnderAnyLocale_data()
     QTest::addColumn<QString>("printed");
     QTest::newRow("comma") << "de_DE"
                            << "1,5";
+#ifndef Q_OS_WIN // whose C library has points of one byte only
     QTest::newRow("a point of two bytes") << "ps_AF"
                                           << QString::fromUtf8("1\xD9\xAB"
                                                                "5");
+#endif
 }
 
 void tst_scientificText::hasAPointUnderAnyLocale()

@@ -10,6 +10,7 @@
 #include "RecordingShell.h"
 #include "SaveFaultRun.h"
 #include "TestHome.h"
+#include "systemLimits.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -284,6 +285,8 @@ void tst_SaveFileWinDialog::goesOnWithoutADialog()
 
 void tst_SaveFileWinDialog::savesOverTheBuiltInDialog()
 {
+    if (systemLimits::nativeDialogIsTheSystems)
+        QSKIP(systemLimits::nativeDialogIsTheSystems);
     m_shell.reset();
     const auto flow = makeFlow("run", "topic");
     DialogDriver driver;
@@ -329,6 +332,8 @@ void tst_SaveFileWinDialog::faultsOverTheBuiltInDialog_data()
 
 void tst_SaveFileWinDialog::faultsOverTheBuiltInDialog()
 {
+    if (systemLimits::nativeDialogIsTheSystems)
+        QSKIP(systemLimits::nativeDialogIsTheSystems);
     QFETCH(int, fault);
     m_shell.reset();
     QCOMPARE(problemOfSaveFault<SaveFileWinDialog>(fault, m_folders->path(QStringLiteral("place")), m_window.get(),
