@@ -34,10 +34,14 @@ void DialogDriver::addStep(Step step)
 
 namespace {
 
-/// The dialog is active, and the keyboard has come to what has the focus in it, which are two events on some systems.
+/// The dialog is active, and the keyboard has come to what has the focus in it or in a menu over it: two events on some
+/// systems.
 bool canBeUsed(QDialog& dialog)
 {
-    return hasKeyboard(dialog) && (QApplication::focusWidget() || !dialog.focusWidget());
+    if (!hasKeyboard(dialog))
+        return false;
+    const QWidget* const focus = QApplication::focusWidget();
+    return !dialog.focusWidget() || dialog.isAncestorOf(focus) || (focus && focus->windowType() == Qt::Popup);
 }
 
 } // namespace
