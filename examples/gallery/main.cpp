@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QCommandLineParser>
 
+#include <cstdio>
 #include <optional>
 
 namespace {
@@ -27,6 +28,12 @@ struct CommandLine
     QCommandLineOption dark{QStringLiteral("dark"), QStringLiteral("Use dark colours.")};
     QCommandLineParser parser;
 };
+
+#ifdef Q_OS_WIN
+const bool tourIsPossible = false;
+#else
+const bool tourIsPossible = true;
+#endif
 
 /// As QApplication will have them, with its own options still among them.
 QStringList rawArguments(int argc, char* argv[])
@@ -61,6 +68,10 @@ int main(int argc, char* argv[])
     // A tour needs its own home before Qt looks for the user's; wrong options are told of by process() below.
     commandLine.parser.parse(rawArguments(argc, argv));
     std::optional<gallery::TourRun> tour;
+    if (commandLine.parser.isSet(commandLine.tour) && !tourIsPossible) {
+        std::fputs("A tour drives dialogs that Qt draws, and the native ones are the system's here.\n", stderr);
+        return 2;
+    }
     if (commandLine.parser.isSet(commandLine.tour))
         tour.emplace(commandLine.parser.value(commandLine.tour));
 
