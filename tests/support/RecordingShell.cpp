@@ -368,57 +368,30 @@ private:
 
 } // namespace
 
-/// Registered with the system as what makes file dialogs of one class.
-class RecordingShell::Factory : public IClassFactory
-{
-public:
-    Factory(RecordingShell& shell, REFCLSID classId)
-        : m_shell(shell)
-        , m_forOpening(classId == CLSID_FileOpenDialog)
-    {
-        CoRegisterClassObject(classId, this, CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, &m_cookie);
-    }
-    Factory(const Factory&) = delete;
-    Factory& operator=(const Factory&) = delete;
-    virtual ~Factory() { CoRevokeClassObject(m_cookie); }
-
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override
-    {
-        *object = iid == IID_IClassFactory || iid == IID_IUnknown ? this : nullptr;
-        return *object ? S_OK : E_NOINTERFACE;
-    }
-    // Belongs to the shell, whoever references it.
-    ULONG STDMETHODCALLTYPE AddRef() override { return 2; }
-    ULONG STDMETHODCALLTYPE Release() override { return 1; }
-    HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown*, REFIID iid, void** object) override
-    {
-        *object = nullptr;
-        const HRESULT result = m_shell.step(m_forOpening ? "create open dialog" : "create save dialog");
-        if (FAILED(result))
-            return result;
-        const auto dialog = adopt<IFileDialog>(new RecordingDialog(m_shell, m_forOpening));
-        return dialog->QueryInterface(iid, object);
-    }
-    HRESULT STDMETHODCALLTYPE LockServer(BOOL) override { return E_NOTIMPL; }
-
-private:
-    RecordingShell& m_shell;
-    const bool m_forOpening;
-    DWORD m_cookie = 0;
-};
-
 RecordingShell::RecordingShell()
 {
     CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE);
-    m_openFactory = std::make_unique<Factory>(*this, CLSID_FileOpenDialog);
-    m_saveFactory = std::make_unique<Factory>(*this, CLSID_FileSaveDialog);
+    m_openClass = makeClass(CLSID_FileOpenDialog);
+    m_saveClass = makeClass(CLSID_FileSaveDialog);
 }
 
 RecordingShell::~RecordingShell()
 {
-    m_saveFactory.reset();
-    m_openFactory.reset();
+    m_saveClass.reset();
+    m_openClass.reset();
     CoUninitialize();
+}
+
+std::unique_ptr<RegisteredClass> RecordingShell::makeClass(REFCLSID classId)
+{
+    const bool forOpening = classId == CLSID_FileOpenDialog;
+    return std::make_unique<RegisteredClass>(classId, [this, forOpening](REFIID iid, void** object) {
+        const HRESULT result = step(forOpening ? "create open dialog" : "create save dialog");
+        if (FAILED(result))
+            return result;
+        const auto dialog = adopt<IFileDialog>(new RecordingDialog(*this, forOpening));
+        return dialog->QueryInterface(iid, object);
+    });
 }
 
 void RecordingShell::enter(DWORD mode)

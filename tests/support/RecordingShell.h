@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/qt/dialogs/windows/comPointers.h"
+#include "RegisteredClass.h"
 
 #include <QString>
 #include <QStringList>
@@ -68,9 +68,9 @@ public:
     ComPointer<IFileDialogControlEvents> controlEvents() const;
 
 private:
-    class Factory;
+    std::unique_ptr<RegisteredClass> makeClass(REFCLSID classId);
 
     QStringList m_calls;
-    std::unique_ptr<Factory> m_openFactory;
-    std::unique_ptr<Factory> m_saveFactory;
+    std::unique_ptr<RegisteredClass> m_openClass;
+    std::unique_ptr<RegisteredClass> m_saveClass;
 };

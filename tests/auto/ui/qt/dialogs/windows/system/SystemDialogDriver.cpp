@@ -1,0 +1,183 @@
+#include "SystemDialogDriver.h"
+
+#include <QTimer>
+
+#include <utility>
+#include <vector>
+
+namespace {
+
+// Long enough for a timer of the system's, which comes when nothing else is left to do: what a step has set going is
+// done.
+constexpr int pollInterval = 20;
+
+const QString dialogClass = QStringLiteral("#32770");
+const QString menuClass = QStringLiteral("#32768");
+
+/// The windows of the system's that this thread shows: dialogs, message boxes, menus.
+std::vector<HWND> systemWindows()
+{
+    std::vector<HWND> windows;
+    EnumThreadWindows(
+        GetCurrentThreadId(),
+        [](HWND window, LPARAM found) -> BOOL {
+            const QString name = windowClass(window);
+            if (IsWindowVisible(window) && (name == dialogClass || name == menuClass))
+                reinterpret_cast<std::vector<HWND>*>(found)->push_back(window);
+            return TRUE;
+        },
+        reinterpret_cast<LPARAM>(&windows));
+    return windows;
+}
+
+template <typename Condition>
+HWND findWindow(Condition condition)
+{
+    for (HWND window : systemWindows()) {
+        if (IsWindowEnabled(window) && condition(window))
+            return window;
+    }
+    return nullptr;
+}
+
+HWND findMenu()
+{
+    return findWindow([](HWND window) { return windowClass(window) == menuClass; });
+}
+
+/// One that no other system's dialog has opened, as it does its message boxes.
+bool isFileDialog(HWND window)
+{
+    return windowClass(window) == dialogClass && windowClass(GetWindow(window, GW_OWNER)) != dialogClass;
+}
+
+HWND findDialog(const QString& title)
+{
+    if (findMenu())
+        return nullptr;
+    return findWindow(
+        [&title](HWND window) { return isFileDialog(window) && (title.isEmpty() || windowText(window) == title); });
+}
+
+HWND findQuestion()
+{
+    return findWindow([](HWND window) { return windowClass(window) == dialogClass && !isFileDialog(window); });
+}
+
+QString windowList()
+{
+    QStringList list;
+    for (HWND window : systemWindows())
+        list += QStringLiteral("%1 \"%2\"").arg(windowClass(window), windowText(window));
+    return list.isEmpty() ? QStringLiteral("none") : list.join(QStringLiteral(", "));
+}
+
+void endWindows()
+{
+    if (findMenu())
+        EndMenu();
+    for (HWND window : systemWindows()) {
+        if (IsWindowEnabled(window)) {
+            PostMessageW(window, WM_COMMAND, IDNO, 0); // a question
+            PostMessageW(window, WM_COMMAND, IDCANCEL, 0);
+        }
+    }
+}
+
+} // namespace
+
+SystemDialogDriver::SystemDialogDriver(const QString& title, int deadline)
+    : m_title(title)
+    , m_deadlineLength(deadline)
+    , m_deadline(deadline)
+{
+    poll();
+}
+
+void SystemDialogDriver::inDialog(const QString& name, std::function<void(const SystemDialog&)> action)
+{
+    inDialogWhen(
+        name, [](const SystemDialog&) { return true; }, std::move(action));
+}
+
+void SystemDialogDriver::inDialogWhen(const QString& name, std::function<bool(const SystemDialog&)> condition,
+                                      std::function<void(const SystemDialog&)> action)
+{
+    addStep({name, [this, condition = std::move(condition), action = std::move(action)] {
+                 HWND window = findDialog(m_title);
+                 if (!window || !condition(SystemDialog(window)))
+                     return false;
+                 action(SystemDialog(window));
+                 return true;
+             }});
+}
+
+void SystemDialogDriver::inQuestion(const QString& name, std::function<void(const SystemQuestion&)> action)
+{
+    addStep({name, [action = std::move(action)] {
+                 HWND window = findQuestion();
+                 if (window)
+                     action(SystemQuestion(window));
+                 return window != nullptr;
+             }});
+}
+
+void SystemDialogDriver::inMenu(const QString& name, std::function<void(const SystemMenu&)> action)
+{
+    addStep({name, [action = std::move(action)] {
+                 HWND window = findMenu();
+                 if (window)
+                     action(SystemMenu(window));
+                 return window != nullptr;
+             }});
+}
+
+bool SystemDialogDriver::finished() const
+{
+    return problem().isEmpty();
+}
+
+QString SystemDialogDriver::problem() const
+{
+    if (m_problem.isEmpty() && !m_steps.empty())
+        return QStringLiteral("the step \"%1\" was never due").arg(m_steps.front().name);
+    return m_problem;
+}
+
+void SystemDialogDriver::addStep(Step step)
+{
+    m_steps.push(std::move(step));
+    m_deadline.setRemainingTime(m_deadlineLength);
+}
+
+void SystemDialogDriver::poll()
+{
+    // Another timer each time, and started first: a step may open a loop of its own, and a timer does not fire while
+    // its own slot runs.
+    QTimer::singleShot(pollInterval, this, [this] { poll(); });
+    if (!m_problem.isEmpty())
+        endWindows();
+    else if (!m_isTakingStep && (m_steps.empty() ? systemWindows().empty() : takeStep()))
+        m_deadline.setRemainingTime(m_deadlineLength);
+    else if (m_deadline.hasExpired())
+        fail();
+}
+
+bool SystemDialogDriver::takeStep()
+{
+    m_isTakingStep = true;
+    const bool taken = m_steps.front().take();
+    m_isTakingStep = false;
+    if (taken)
+        m_steps.pop();
+    return taken;
+}
+
+void SystemDialogDriver::fail()
+{
+    if (m_steps.empty())
+        m_problem = QStringLiteral("open after the last step: %1").arg(windowList());
+    else
+        m_problem =
+            QStringLiteral("the step \"%1\" was not due in time; open: %2").arg(m_steps.front().name, windowList());
+}

@@ -1,0 +1,25 @@
+#include "SystemDialogTest.h"
+
+#include <QtTest>
+
+void SystemDialogTest::init()
+{
+    m_folders = std::make_unique<DialogFolders>();
+    for (const char* name : {"a.dat", "b.dat", "c.txt", "d.csv", "inner/e.dat"})
+        m_folders->addFile(name, "contents");
+    m_window = std::make_unique<QWidget>();
+    m_window->show();
+    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+    m_shell = std::make_unique<ObservedShell>();
+    m_driver = std::make_unique<SystemDialogDriver>();
+}
+
+void SystemDialogTest::cleanup()
+{
+    const QString problem = m_driver->problem();
+    m_driver.reset();
+    m_shell.reset();
+    m_window.reset();
+    m_folders.reset();
+    QCOMPARE(problem, QString());
+}
