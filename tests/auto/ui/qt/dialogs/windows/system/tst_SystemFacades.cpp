@@ -72,10 +72,15 @@ void tst_SystemFacades::launchesForSaving()
 {
     std::vector<std::string> files;
     int filter = -1;
-    m_driver->inDialog("accept what is preselected", [](const SystemDialog& shown) { shown.accept(); });
+    FILEOPENDIALOGOPTIONS options = FOS_FILEMUSTEXIST;
+    m_driver->inDialog("accept what is preselected", [&](const SystemDialog& shown) {
+        options = m_shell->options();
+        shown.accept();
+    });
     m_driver->inQuestion("do not overwrite", [](const SystemQuestion& box) { box.answer(IDNO); });
     m_driver->inDialog("take another name", [](const SystemDialog& shown) { shown.acceptName("new.dat"); });
     QVERIFY(LaunchFileDialog(files, filter, "Save", filters, {utf8("a.dat")}, true, false, 0));
+    QVERIFY(!(options & FOS_FILEMUSTEXIST));
     QCOMPARE(files, std::vector<std::string>{nativeUtf8("new.dat")});
     QCOMPARE(filter, 0);
 }
