@@ -14,5 +14,5 @@ public:
     bool isOrdinary() const;
 
 private:
-    unsigned m_user;
+    [[maybe_unused]] unsigned m_user = 0; ///< where there is another one to become again
 };

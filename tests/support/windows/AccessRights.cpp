@@ -48,7 +48,7 @@ void setAccess(const QString& path, Access access)
     DWORD result = SetEntriesInAclW(refusedRights(access) == 0 ? 1 : 2, entries, nullptr, &list);
     if (result == ERROR_SUCCESS) {
         std::wstring name = QDir::toNativeSeparators(path).toStdWString();
-        result = SetNamedSecurityInfoW(&name[0], SE_FILE_OBJECT,
+        result = SetNamedSecurityInfoW(name.data(), SE_FILE_OBJECT,
                                        DACL_SECURITY_INFORMATION | PROTECTED_DACL_SECURITY_INFORMATION, nullptr,
                                        nullptr, list, nullptr);
         LocalFree(list);

@@ -20,12 +20,9 @@ bool rightsHold()
 } // namespace
 
 // Nobody has to become another one here.
-OrdinaryUser::OrdinaryUser()
-    : m_user(0)
-{
-}
+OrdinaryUser::OrdinaryUser() = default;
 
-OrdinaryUser::~OrdinaryUser() = default;
+OrdinaryUser::~OrdinaryUser() = default; // NOLINT(performance-trivially-destructible): not on every system
 
 bool OrdinaryUser::isOrdinary() const
 {

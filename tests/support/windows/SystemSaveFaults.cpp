@@ -31,7 +31,7 @@ std::shared_ptr<void>& heldFile()
 QString driveThatIsNotThere()
 {
     for (char letter = 'Z'; letter >= 'A'; --letter) {
-        const QString root = QLatin1Char(letter) + QStringLiteral(":/");
+        QString root = QLatin1Char(letter) + QStringLiteral(":/");
         if (!QDir(root).exists())
             return root;
     }
