@@ -276,7 +276,7 @@ TextSearch::TextSearch(QString text, Qt::CaseSensitivity caseSensitivity)
     if (ignoresCase && std::any_of(m_text.cbegin(), m_text.cend(), [](QChar letter) { return letter.isSurrogate(); }))
         return;
     for (const QChar letter : qAsConst(m_text))
-        m_letters.append(ignoresCase ? foldings().of[letter.unicode()] : letter.unicode());
+        m_letters.append(ignoresCase ? foldings().of[letter.unicode()] : char16_t(letter.unicode()));
 }
 
 /// The letters that count as the one at `offset`.

@@ -7,7 +7,7 @@
 /// its beginning, and the whole text is the tool tip.
 ///
 ///     auto* path = new ElidedTextLabel(window);
-///     path->setText("/measurements/2024/run 17/flow.csv"); // in a narrow window: "…run 17/flow.csv"
+///     path->setText("/measurements/2024/run 17/flow.csv"); // in a narrow window: "\u2026run 17/flow.csv"
 ///
 /// A tool tip of the application's own is never touched: one that is neither empty nor the text. The label's own is set
 /// and cleared when it is painted.

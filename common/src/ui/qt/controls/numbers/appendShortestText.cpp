@@ -27,7 +27,7 @@ void appendInFormat(QString& text, double value, std::chars_format format)
 /// above, whole numbers that end with many zeros, and perhaps those that have more digits than a double keeps.
 bool isWrittenOut(double magnitude)
 {
-    constexpr double firstWithGaps = 9007199254740992; // 2^53
+    constexpr double firstWithGaps = 9007199254740992.0; // 2^53
     if (magnitude < 1e5)
         return magnitude >= 1e-4;
     return magnitude < firstWithGaps

@@ -10,7 +10,7 @@ namespace {
 constexpr QLatin1Char decimalPoint('.');
 
 /// Below it a double is an integer of 64 bits however it is written down, also with as few digits as Qt can.
-constexpr double exactIntegers = 9007199254740992;
+constexpr double exactIntegers = 9007199254740992.0;
 
 /// An integer with more digits than 64 bits have, in any case.
 constexpr double beyond64Bits = 1e19;

@@ -25,9 +25,9 @@ QString scientificText(double value, int digits)
     std::snprintf(buffer.data(), buffer.size(), "%.*G", digits, value);
 
     // What is no part of a number is the point, of one byte or several: the locale that localeconv() tells of need not
-    // be the one that this thread prints with.
+    // be the one that this thread prints with. Microsoft's C library says in brackets which NAN it is.
     char* end = buffer.data();
-    for (const char* byte = buffer.data(); *byte != '\0'; ++byte) {
+    for (const char* byte = buffer.data(); *byte != '\0' && *byte != '('; ++byte) {
         if (isPartOfNumber(*byte))
             *end++ = *byte;
         else if (end == buffer.data() || end[-1] != '.')

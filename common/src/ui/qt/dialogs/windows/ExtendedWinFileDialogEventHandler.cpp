@@ -28,8 +28,10 @@ HRESULT ExtendedWinFileDialog::Impl::ExtendedWinFileDialogEventHandler::QueryInt
 {
     const auto offset = reinterpret_cast<char*>(static_cast<IFileDialogControlEvents*>(this))
                         - reinterpret_cast<char*>(static_cast<IFileDialogEvents*>(this));
-    const QITAB table[] = {
-        {&IID_IFileDialogEvents, 0}, {&IID_IFileDialogControlEvents, static_cast<int>(offset)}, {nullptr, 0}};
+    // An int in older SDKs, a DWORD in newer ones.
+    const QITAB table[] = {{&IID_IFileDialogEvents, 0},
+                           {&IID_IFileDialogControlEvents, static_cast<decltype(QITAB::dwOffset)>(offset)},
+                           {nullptr, 0}};
     return QISearch(static_cast<IFileDialogEvents*>(this), table, iid, object);
 }
 

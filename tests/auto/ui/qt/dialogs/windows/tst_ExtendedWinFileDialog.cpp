@@ -59,6 +59,7 @@ private Q_SLOTS:
     void startsInAFolder();
     void splitsFilters();
     void selectsFilters();
+    void sharesItsFilterIndexWithTheProgram();
     void selectsTheNameOnly();
     void showsAPreparedDialog();
     void leavesOutWhatIsNotSet();
@@ -227,6 +228,30 @@ void tst_ExtendedWinFileDialog::selectsFilters()
     dialog->setNameFilters({"Only (*.y)"});
     QCOMPARE(index->value(), 2); // beyond the list now
     QCOMPARE(dialog->selectedNameFilter(), QString());
+}
+
+/// The property is made in the library, from a template that this program has instantiated, too.
+void tst_ExtendedWinFileDialog::sharesItsFilterIndexWithTheProgram()
+{
+    struct FirstOnly : zelmar::ValidatorInterface<int>
+    {
+        zelmar::ValidationResult validate(const int& value) const override
+        {
+            return value == 1 ? zelmar::ValidationResult() : zelmar::ValidationResult("the first one only");
+        }
+    };
+    const auto dialog = makeDialog();
+    const boost::shared_ptr<zelmar::PropertyItemInterface> index = dialog->currentFilterIndex();
+    auto* const ofThisProgram = dynamic_cast<zelmar::Property<int>*>(index.get());
+    QVERIFY(ofThisProgram);
+    QVERIFY(!dynamic_cast<zelmar::Property<bool>*>(index.get()));
+
+    ofThisProgram->setValidator(boost::make_shared<FirstOnly>());
+    // Thrown in the library, by a call from the one and from the other.
+    QVERIFY_EXCEPTION_THROWN(dialog->selectNameFilter("Tables (*.csv *.tsv)"), zelmar::InvalidPropertyValueException);
+    QVERIFY_EXCEPTION_THROWN(ofThisProgram->setValue(2), zelmar::InvalidPropertyValueException);
+    QVERIFY_EXCEPTION_THROWN(ofThisProgram->setValue(2), zelmar::ExceptionBase);
+    QCOMPARE(ofThisProgram->value(), 1);
 }
 
 void tst_ExtendedWinFileDialog::selectsTheNameOnly()

@@ -222,8 +222,10 @@ void tst_shellObjects::findsInterfacesByTable()
         SilentFactory first{S_OK};
         SilentFactory second{S_OK};
     } pair;
-    const int distance = static_cast<int>(reinterpret_cast<char*>(&pair.second) - reinterpret_cast<char*>(&pair.first));
-    const QITAB table[] = {{&IID_IFileDialogEvents, 0}, {&IID_IFileDialogControlEvents, distance}, {nullptr, 0}};
+    const auto distance = reinterpret_cast<char*>(&pair.second) - reinterpret_cast<char*>(&pair.first);
+    const QITAB table[] = {{&IID_IFileDialogEvents, 0},
+                           {&IID_IFileDialogControlEvents, static_cast<decltype(QITAB::dwOffset)>(distance)},
+                           {nullptr, 0}};
 
     void* found = nullptr;
     QCOMPARE(QISearch(&pair.first, table, IID_IFileDialogControlEvents, &found), S_OK);
