@@ -63,4 +63,19 @@ function(common_ui_qt_set_test_properties name)
         TIMEOUT 300
         FAIL_REGULAR_EXPRESSION "QWARN  :;QCRITICAL:;QFATAL :;QSYSTEM:"
         ENVIRONMENT "LSAN_OPTIONS=suppressions=${suppressions}:print_suppressions=0;UBSAN_OPTIONS=print_stacktrace=1")
+    if(CMAKE_HOST_WIN32)
+        common_ui_qt_let_test_start(${name})
+    endif()
+endfunction()
+
+# Windows looks for libraries in PATH, which CMake changes for one test from 3.22 on.
+function(common_ui_qt_let_test_start name)
+    set(changes "")
+    foreach(library IN ITEMS common_ui_qt Qt5::Core Boost::filesystem)
+        get_target_property(type ${library} TYPE)
+        if(type STREQUAL "SHARED_LIBRARY")
+            list(APPEND changes "PATH=path_list_prepend:$<TARGET_FILE_DIR:${library}>")
+        endif()
+    endforeach()
+    set_tests_properties(${name} PROPERTIES ENVIRONMENT_MODIFICATION "${changes}")
 endfunction()

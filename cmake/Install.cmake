@@ -32,7 +32,10 @@ install(FILES
     DESTINATION "${package_folder}")
 install(FILES cmake/Compat.cmake DESTINATION "${package_folder}" RENAME common_ui_qtCompat.cmake)
 
-file(RELATIVE_PATH prefix_from_pkgconfig "/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/")
-common_ui_qt_get_class_flags(compat_cflags compat_libs ${installed_classes})
-configure_file(cmake/common_ui_qt.pc.in "${PROJECT_BINARY_DIR}/common_ui_qt.pc" @ONLY)
-install(FILES "${PROJECT_BINARY_DIR}/common_ui_qt.pc" DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
+# Its flags are those of GCC and clang. On Windows "/" alone is no full path.
+if(NOT MSVC)
+    file(RELATIVE_PATH prefix_from_pkgconfig "/prefix/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/prefix")
+    common_ui_qt_get_class_flags(compat_cflags compat_libs ${installed_classes})
+    configure_file(cmake/common_ui_qt.pc.in "${PROJECT_BINARY_DIR}/common_ui_qt.pc" @ONLY)
+    install(FILES "${PROJECT_BINARY_DIR}/common_ui_qt.pc" DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
+endif()

@@ -1,5 +1,8 @@
 # One instrumentation for the whole tree: sanitized and plain objects do not mix in one process.
 if(COMMON_UI_QT_SANITIZERS)
+    if(MSVC)
+        message(FATAL_ERROR "COMMON_UI_QT_SANITIZERS is for GCC and clang")
+    endif()
     set(sanitizer_flags -fsanitize=${COMMON_UI_QT_SANITIZERS} -fno-omit-frame-pointer
         -fno-sanitize-recover=all)
     add_compile_options(${sanitizer_flags})

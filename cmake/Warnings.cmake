@@ -2,7 +2,9 @@
 function(common_ui_qt_set_warnings target)
     if(MSVC)
         # 4251 and 4275 warn of every standard class in an exported one: library and program use the same run time.
-        target_compile_options(${target} PRIVATE /W4 /permissive- /wd4251 /wd4275)
+        # 4250 warns of what a virtual base is for, as in a validator that is made of several.
+        target_compile_options(${target} PRIVATE
+            /W4 /permissive- /Zc:__cplusplus /utf-8 /wd4250 /wd4251 /wd4275)
         if(COMMON_UI_QT_WARNINGS_AS_ERRORS)
             target_compile_options(${target} PRIVATE /WX)
         endif()
