@@ -29,4 +29,11 @@ inline const char* const guiThreadHasApartment = nullptr;
 inline const char* const nativeDialogIsTheSystems = nullptr;
 #endif
 
+#ifdef _MSC_VER
+inline const char* const noVirtualSlots =
+    "Microsoft's compiler has pointers to virtual functions lead to code of its own";
+#else
+inline const char* const noVirtualSlots = nullptr;
+#endif
+
 } // namespace systemLimits
