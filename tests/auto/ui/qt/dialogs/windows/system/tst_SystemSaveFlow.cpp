@@ -42,8 +42,8 @@ private Q_SLOTS:
     void asksBeforeOverwriting();
     void comesBackAfterNo();
     void asksOverTheParent();
-    void triesAgainWhereItCannotWrite();
-    void givesUpWhereItCannotWrite();
+    void asksWhereItCannotWrite_data();
+    void asksWhereItCannotWrite();
     void refusesAPlaceThatIsNotThere();
     void refusesAFileThatIsInUse();
     void isCancelled_data();
@@ -198,35 +198,31 @@ void tst_SystemSaveFlow::asksOverTheParent()
     QVERIFY(IsWindowEnabled(reinterpret_cast<HWND>(m_window->winId())));
 }
 
-void tst_SystemSaveFlow::triesAgainWhereItCannotWrite()
+void tst_SystemSaveFlow::asksWhereItCannotWrite_data()
 {
-    const OrdinaryUser user;
-    QVERIFY(user.isOrdinary());
-    m_folders->addFolder("locked");
-    m_folders->setReadOnly("locked", true);
-    const auto flow = makeFlow<SaveFileWinDialog>();
-    accept("locked\\run");
-    answer("unable", QMessageBox::Yes);
-    accept(native("run"));
-    const bool launched = flow->launch();
-    m_folders->setReadOnly("locked", false); // so that it can be removed
-    QVERIFY(launched);
-    QCOMPARE(QString::fromStdString(flow->selectedFilename()), path("run.run"));
+    QTest::addColumn<bool>("triesAgain");
+    QTest::newRow("another try") << true;
+    QTest::newRow("no other try") << false;
 }
 
-void tst_SystemSaveFlow::givesUpWhereItCannotWrite()
+void tst_SystemSaveFlow::asksWhereItCannotWrite()
 {
+    QFETCH(bool, triesAgain);
     const OrdinaryUser user;
     QVERIFY(user.isOrdinary());
     m_folders->addFolder("locked");
     m_folders->setReadOnly("locked", true);
     const auto flow = makeFlow<SaveFileWinDialog>();
     accept("locked\\run");
-    answer("unable", QMessageBox::No);
+    answer("unable", triesAgain ? QMessageBox::Yes : QMessageBox::No);
+    if (triesAgain)
+        accept(native("run"));
     const bool launched = flow->launch();
-    m_folders->setReadOnly("locked", false);
-    QVERIFY(!launched);
-    QCOMPARE(m_calls.size(), std::size_t(2)); // the check, and that it cannot be written
+    m_folders->setReadOnly("locked", false); // so that it can be removed
+    QCOMPARE(launched, triesAgain);
+    QCOMPARE(m_calls.size(), std::size_t(triesAgain ? 3 : 2)); // each check, and that it cannot be written
+    if (triesAgain)
+        QCOMPARE(QString::fromStdString(flow->selectedFilename()), path("run.run"));
 }
 
 void tst_SystemSaveFlow::refusesAPlaceThatIsNotThere()
