@@ -1,6 +1,6 @@
-// Typing into a ComboBoxAutoFilter over a million names beside a QCompleter with Qt::MatchContains on the same model: a
-// word letter by letter, the same letters taken back, and a word that no name contains. A keystroke is the new prefix
-// and the number of rows that it leaves.
+// Compares typing into a ComboBoxAutoFilter over a million names with a QCompleter with Qt::MatchContains on the same
+// model. A word is typed and deleted character by character, and then a word is typed that no name contains. A
+// keystroke sets the new prefix and reads the number of remaining rows.
 
 #include "ui/qt/controls/ComboBoxAutoFilter.h"
 
@@ -90,8 +90,8 @@ double lookOnce(const QStringList& names)
     return time;
 }
 
-/// In milliseconds, what no session can do without: to be handed each text, unless the model gives its list away, and
-/// to look at each text for the first letter of either word, were it at one letter only.
+/// Returns a lower bound for the duration of a session in milliseconds: reading each text from the model, unless the
+/// model shares its list, and reading one character of each text for the first character of either word.
 double leastOf(bool items, double pass, const QStringList& names)
 {
     return (items ? pass : 0) + 2 * lookOnce(names);
@@ -111,8 +111,8 @@ QStringList prefixes(const QString& word, const QString& unknown)
 
 struct Session
 {
-    std::vector<double> keys; ///< milliseconds, by keystroke
-    std::vector<int> rows;    ///< left after each
+    std::vector<double> keys; ///< duration of each keystroke in milliseconds
+    std::vector<int> rows;    ///< number of rows after each keystroke
 
     double total() const { return std::accumulate(keys.begin(), keys.end(), 0.0); }
 };
@@ -146,7 +146,7 @@ std::unique_ptr<QAbstractItemModel> makeModel(const QStringList& names, bool ite
     return model;
 }
 
-/// Medians, in milliseconds.
+/// Medians of the durations of sessions in milliseconds.
 struct Totals
 {
     double ours = 0;
@@ -164,7 +164,7 @@ Totals compareSessions(const QStringList& names, bool items, const QString& word
     std::vector<double> leasts;
     bool same = true;
     for (int round = 0; round < rounds; ++round) {
-        const auto model = makeModel(names, items); // read by nobody yet
+        const auto model = makeModel(names, items); // a new model, whose texts are not cached yet
         passes.push_back(readOnce(*model));
         const auto box = makeBox(*model, caseSensitivity);
         const Session ours = type(*box->completer(), texts);
@@ -204,7 +204,7 @@ void compareAllSessions(const QStringList& names, bool items)
                 items ? "item model" : "string list", all.ours, all.peer, all.peer / all.ours);
 }
 
-/// Beside QComboBox::findText(), which validateEntry() stands for.
+/// Compares validateEntry() with QComboBox::findText(), which finds the same item, and measures showPopup().
 void measureLookUps(const QStringList& names)
 {
     QStringListModel model(names);

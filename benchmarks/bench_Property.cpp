@@ -1,4 +1,4 @@
-// Setting a property to another value, with one observer, beside the emission of a bare signal to the same observer.
+// Compares setting a property with one observer to another value with emitting a bare signal to the same observer.
 
 #include "Comparison.h"
 #include "property/Property.h"

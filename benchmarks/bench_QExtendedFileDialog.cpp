@@ -1,4 +1,5 @@
-// Making, showing and closing our dialog beside a QFileDialog drawn by Qt, on a folder of 10,000 files.
+// Compares creating, showing and closing a QExtendedFileDialog with a QFileDialog drawn by Qt, on a folder of 10,000
+// files.
 #include "Comparison.h"
 
 #include "ui/qt/dialogs/QExtendedFileDialog.h"
@@ -24,7 +25,7 @@ void addFiles(const QTemporaryDir& folder)
     }
 }
 
-/// Until the user sees the window; with `listed`, until all files are in its list.
+/// Waits until the window is exposed and, if `listed` is true, until its list has all files. Then closes the dialog.
 void showAndClose(QFileDialog& dialog, bool listed)
 {
     if (!QTest::qWaitForWindowExposed(&dialog))

@@ -1,10 +1,10 @@
-// Keys and texts of a QScientificSpinBox beside those of a QDoubleSpinBox, and the digit test beside the walk through
-// all candidates.
+// Compares keystrokes and texts of a QScientificSpinBox with those of a QDoubleSpinBox, and growDigitsIntoRange() with
+// a walk through all candidates.
 
 #include "Comparison.h"
 #include "LiteralNumberRules.h"
 #include "ui/qt/controls/QScientificSpinBox.h"
-#include "ui/qt/controls/numbers/digitTest.h"
+#include "ui/qt/controls/numbers/growDigitsIntoRange.h"
 
 #include <QApplication>
 #include <QStringList>
@@ -13,7 +13,8 @@
 
 namespace {
 
-/// As they stand in the field key by key, so that each differs from the one before: the shared last answer never helps.
+/// Returns the texts that stand in the field after each key press. Successive texts differ, so that the shared
+/// validation cache never helps.
 QStringList typedTexts()
 {
     const char* const finished[] = {"1234.5", "-0.000125", "99", "1,234,567.25", "7.5e3", "-12e-5", "3.14159265", "42"};
@@ -71,7 +72,8 @@ void compareTexts(const char* subject, const QVector<double>& values)
         std::printf("nothing was shown\n");
 }
 
-/// No candidate has the digits, and each has to be looked at up to its last one. Ours many times, to be measurable.
+/// Measures the worst case: no candidate matches, and each is compared up to its last digit. The library's function is
+/// repeated in order to be measurable.
 void compareDigitTests()
 {
     const int ourRepetitions = 1000;
@@ -83,7 +85,7 @@ void compareDigitTests()
         "worst text of the digit test, ours 1,000 times", 11,
         [&] {
             for (int repetition = 0; repetition < ourRepetitions; ++repetition)
-                sum += numberWithDigits(number, low + repetition, high).value_or(0) == number ? 1 : 0;
+                sum += zelmar::growDigitsIntoRange(number, low + repetition, high).value_or(0) == number ? 1 : 0;
         },
         [&] {
             qint64 match = 0;

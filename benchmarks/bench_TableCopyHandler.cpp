@@ -1,6 +1,6 @@
-// Copying the selected cells of a table beside the plain way (list the selected indexes, sort them, append their
-// texts), beside a bare loop over the cells that makes their texts and throws them away, and beside itself on tables
-// and selections of another size.
+// Compares copying the selected cells of a table with the plain way (listing the selected indexes, sorting them and
+// appending their texts), with a bare loop that converts each cell to text and discards it, and with itself on tables
+// and selections of other sizes.
 
 #include "Comparison.h"
 #include "plainTableText.h"
@@ -22,7 +22,7 @@ constexpr int columns = 100;
 
 enum class Kind { Double, Integer, Text };
 
-/// Cells of one kind: doubles with all their digits, as measurements have them, integers, or one text.
+/// A model whose cells are of one kind: doubles with all their digits, as in measurements, integers, or one text.
 class Cells : public QAbstractTableModel
 {
 public:
@@ -50,7 +50,7 @@ private:
     QString m_text = QStringLiteral("adsorption");
 };
 
-/// A table with a handler and something selected.
+/// A table view with a copy handler.
 class Table
 {
 public:
@@ -66,7 +66,7 @@ public:
 
     void copyPlainly() const { QGuiApplication::clipboard()->setText(plainTableText(m_view), QClipboard::Clipboard); }
 
-    /// Its result is what the texts hold, so that nobody can leave them out.
+    /// Converts all cells to text. Returns the sum of the lengths, so that the compiler cannot omit the conversion.
     int visitAllCells() const
     {
         int length = 0;
@@ -90,7 +90,7 @@ std::unique_ptr<Table> selectedTable(int rows, Kind kind = Kind::Double)
     return table;
 }
 
-/// Every other cell, each in a range of its own.
+/// Returns a table in which every other cell is selected, each as a range of its own.
 std::unique_ptr<Table> checkerboard(int ranges)
 {
     const int inRow = columns / 2;

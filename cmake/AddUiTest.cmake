@@ -1,10 +1,10 @@
-# What starts a test program, where something has to.
+# The command that starts a test program, if one is needed.
 set(COMMON_UI_QT_EMULATOR "")
 if(WIN32 AND CMAKE_CROSSCOMPILING)
     set(COMMON_UI_QT_EMULATOR "${PROJECT_SOURCE_DIR}/tools/windows/run-test")
 endif()
 
-# The same on a screen of its own. Windows itself has one for all.
+# The command that starts a test program on a virtual screen of its own. On Windows all tests share the desktop.
 set(COMMON_UI_QT_SCREEN "")
 if(NOT CMAKE_HOST_WIN32)
     set(COMMON_UI_QT_SCREEN "${PROJECT_SOURCE_DIR}/tools/with-screen" ${COMMON_UI_QT_EMULATOR})
@@ -12,8 +12,8 @@ endif()
 
 # add_ui_test(<name> SOURCES <file>... [MOC_HEADERS <file>...] [LIBRARIES <target>...] [NO_SCREEN])
 #
-# One test program. It runs on a virtual screen of its own with a window manager, or without any screen (NO_SCREEN),
-# and fails on a Qt warning that it has not announced with QTest::ignoreMessage().
+# Adds a test program. It runs on a virtual screen of its own with a window manager, or without a screen (NO_SCREEN), and
+# fails on every Qt warning that it has not announced with QTest::ignoreMessage().
 function(add_ui_test name)
     cmake_parse_arguments(arg "NO_SCREEN" "" "SOURCES;MOC_HEADERS;LIBRARIES" ${ARGN})
     qt5_wrap_cpp(moc_sources ${arg_MOC_HEADERS})
@@ -23,7 +23,7 @@ function(add_ui_test name)
     target_compile_definitions(${name} PRIVATE QT_NO_KEYWORDS)
     target_link_libraries(${name} PRIVATE ui_test_support zelmar::common_ui_qt ${arg_LIBRARIES})
     common_ui_qt_set_warnings(${name})
-    # QSKIP, as Qt 5 has it, leaves out an argument that clang asks for.
+    # Qt 5's QSKIP omits a variadic macro argument, about which clang warns.
     target_compile_options(${name} PRIVATE $<$<CXX_COMPILER_ID:Clang>:-Wno-gnu-zero-variadic-macro-arguments>)
 
     if(arg_NO_SCREEN)
@@ -34,8 +34,8 @@ function(add_ui_test name)
     common_ui_qt_set_test_properties(${name})
 endfunction()
 
-# The file that a test includes at its end. With AUTOMOC this takes three steps for each program, which together are a
-# third of a build.
+# Generates the moc file that a test includes at its end. AUTOMOC would need three build steps for each program, which
+# together take a third of the build time.
 function(common_ui_qt_moc_test name)
     set(folder "${CMAKE_CURRENT_BINARY_DIR}/${name}_moc")
     foreach(source IN LISTS ARGN)
@@ -50,7 +50,7 @@ endfunction()
 
 # add_scaled_ui_test(<name> <factor>)
 #
-# Runs the test program again, on a screen on which <factor> pixels are one.
+# Runs the test program again with the scale factor <factor>.
 function(add_scaled_ui_test name factor)
     add_test(NAME ${name}_scaled
         COMMAND ${CMAKE_COMMAND} -E env QT_SCALE_FACTOR=${factor} ${COMMON_UI_QT_SCREEN} $<TARGET_FILE:${name}>)
@@ -68,7 +68,16 @@ function(common_ui_qt_set_test_properties name)
     endif()
 endfunction()
 
-# Windows looks for libraries in PATH, which CMake changes for one test from 3.22 on.
+# common_ui_qt_overwrite_freed_memory(<name>)
+#
+# Has GNU's C library overwrite what the test's program frees. Qt's own code is not built with the sanitizers, which do not
+# see it use an object that a test has deleted; such an object mostly looks as before.
+function(common_ui_qt_overwrite_freed_memory name)
+    set_property(TEST ${name} APPEND PROPERTY
+        ENVIRONMENT "GLIBC_TUNABLES=glibc.malloc.tcache_count=0:glibc.malloc.perturb=165")
+endfunction()
+
+# Adds the folders of the libraries to PATH, where Windows looks for them. ENVIRONMENT_MODIFICATION needs CMake 3.22.
 function(common_ui_qt_let_test_start name)
     set(changes "")
     foreach(library IN ITEMS common_ui_qt Qt5::Core Boost::filesystem)

@@ -1,21 +1,23 @@
-# Classes of other libraries that ours build on. Where such a library is installed, its class is used; elsewhere a stand-in
-# of the same name, with the members that are needed here, is compiled from common/src/compat/substitute/. Callers include
-# compat/<class>.h either way; it asks the generated common_ui_qt_compat.h which of the two it is.
+# Finds the classes of other libraries on which this library builds. If such a library is installed, its class is used.
+# Otherwise a substitute of the same name with the needed members is compiled from common/src/compat/substitute/. Callers
+# include compat/<class>.h in either case, which selects one by the generated common_ui_qt_compat.h.
 #
-# Another class: its three lines below, its name in common/CMakeLists.txt, compat/<class>.h, and the stand-in.
+# To add a class, add its three lines below, its name in common/CMakeLists.txt, compat/<class>.h and the substitute.
 #
-# Installed with the package, too: who uses a library that was built on an installed class needs that class.
+# This file is also installed with the package, because users of a library that was built with an installed class need
+# that class.
 
-set(compat_QxtLabel_headers QxtLabel qxtglobal.h)    # to be found, each in a folder of its own
-set(compat_QxtLabel_libraries QxtWidgets QxtGui)     # names that the library may have
+set(compat_QxtLabel_headers QxtLabel qxtglobal.h)    # each may be in a different folder
+set(compat_QxtLabel_libraries QxtWidgets QxtGui)     # possible names of the library
 set(compat_QxtLabel_folders QxtWidgets QxtGui QxtCore qxt/QxtWidgets qxt/QxtGui qxt/QxtCore)
 
 set(compat_ctkCompleter_headers ctkCompleter.h ctkWidgetsExport.h)
 set(compat_ctkCompleter_libraries CTKWidgets)
 set(compat_ctkCompleter_folders ctk CTK)
+set(compat_ctkCompleter_sources NarrowedSource.cpp)  # of the stand-in, besides its own
 
 # common_ui_qt_find_class(<class>)
-# Makes the target common_ui_qt::<class> if the library that has the class is installed.
+# Creates the target common_ui_qt::<class> if the library that contains the class is installed.
 function(common_ui_qt_find_class class)
     if(TARGET common_ui_qt::${class})
         return()
@@ -42,8 +44,8 @@ function(common_ui_qt_find_class class)
 endfunction()
 
 # common_ui_qt_use_classes(<target> <folder> <class>...)
-# Gives the target each class, installed or as a stand-in, and writes common_ui_qt_compat.h into the folder. The headers of
-# the stand-ins are added to COMMON_UI_QT_PUBLIC_HEADERS.
+# Adds each class to the target, either the installed class or the substitute, and writes common_ui_qt_compat.h into the
+# folder. Appends the headers of the substitutes to COMMON_UI_QT_PUBLIC_HEADERS.
 function(common_ui_qt_use_classes target folder)
     set(definitions "")
     foreach(class IN LISTS ARGN)
@@ -56,21 +58,24 @@ function(common_ui_qt_use_classes target folder)
             target_link_libraries(${target} PUBLIC common_ui_qt::${class})
             set_property(GLOBAL APPEND PROPERTY COMMON_UI_QT_INSTALLED_CLASSES ${class})
         else()
-            message(STATUS "${class}: our stand-in")
+            message(STATUS "${class}: the substitute")
             set(installed 0)
-            target_sources(${target} PRIVATE src/compat/substitute/${class}.cpp)
+            foreach(source IN LISTS compat_${class}_sources ITEMS ${class}.cpp)
+                target_sources(${target} PRIVATE src/compat/substitute/${source})
+            endforeach()
             list(APPEND COMMON_UI_QT_PUBLIC_HEADERS compat/substitute/${class}.h)
         endif()
         string(TOUPPER ${class} name)
         string(APPEND definitions "#define COMMON_UI_QT_HAS_${name} ${installed}\n")
     endforeach()
     file(GENERATE OUTPUT "${folder}/common_ui_qt_compat.h" CONTENT
-        "#pragma once\n\n// Whose classes the library was built on: 1 for the installed one, 0 for our stand-in.\n${definitions}")
+        "#pragma once\n\n// The classes with which the library was built: 1 for the installed class, 0 for the substitute.\n${definitions}")
     set(COMMON_UI_QT_PUBLIC_HEADERS "${COMMON_UI_QT_PUBLIC_HEADERS}" PARENT_SCOPE)
 endfunction()
 
 # common_ui_qt_get_class_flags(<compiler flags> <linker flags> <class>...)
-# Sets both variables, for a pkg-config file, to what users of the installed classes need; each flag has a blank before it.
+# Sets both variables to the flags that users of the installed classes need, for a pkg-config file. A blank precedes each
+# flag.
 function(common_ui_qt_get_class_flags compiler_flags linker_flags)
     set(cflags "")
     set(libs "")

@@ -1,4 +1,4 @@
-# Hidden visibility, and the header with the export macro.
+# Sets hidden visibility and generates the header with the export macro.
 include(GenerateExportHeader)
 
 function(common_ui_qt_set_exports target header_folder)

@@ -1,5 +1,5 @@
-# What a user of the library gets: the public headers below one include root, the library, a CMake package and a
-# pkg-config file. Internal headers stay out: the list of public headers is the one source.
+# Installs the public headers below one include root, the library, a CMake package and a pkg-config file. Internal headers
+# are not installed: only the list of public headers counts.
 include(CMakePackageConfigHelpers)
 
 set(package_folder "${CMAKE_INSTALL_LIBDIR}/cmake/common_ui_qt")
@@ -32,7 +32,8 @@ install(FILES
     DESTINATION "${package_folder}")
 install(FILES cmake/Compat.cmake DESTINATION "${package_folder}" RENAME common_ui_qtCompat.cmake)
 
-# Its flags are those of GCC and clang. On Windows "/" alone is no full path.
+# The pkg-config file contains flags of GCC and clang. The paths have a first folder, because "/" alone is not an absolute
+# path on Windows.
 if(NOT MSVC)
     file(RELATIVE_PATH prefix_from_pkgconfig "/prefix/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/prefix")
     common_ui_qt_get_class_flags(compat_cflags compat_libs ${installed_classes})

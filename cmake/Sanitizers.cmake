@@ -1,4 +1,4 @@
-# One instrumentation for the whole tree: sanitized and plain objects do not mix in one process.
+# Instruments the whole tree, because instrumented and plain objects cannot be mixed in one process.
 if(COMMON_UI_QT_SANITIZERS)
     if(MSVC)
         message(FATAL_ERROR "COMMON_UI_QT_SANITIZERS is for GCC and clang")

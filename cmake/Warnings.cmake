@@ -1,8 +1,9 @@
-# Strict warnings for our own targets; errors only when asked for, so that another compiler never stops a user.
+# Enables strict warnings for the project's targets. They are errors only on request, so that the warnings of another
+# compiler do not stop the build of a user.
 function(common_ui_qt_set_warnings target)
     if(MSVC)
-        # 4251 and 4275 warn of every standard class in an exported one: library and program use the same run time.
-        # 4250 warns of what a virtual base is for, as in a validator that is made of several.
+        # 4251 and 4275 warn of standard classes in exported ones, which is safe because library and program use the same
+        # runtime. 4250 warns of dominance through a virtual base, which combined validators use intentionally.
         target_compile_options(${target} PRIVATE
             /W4 /permissive- /Zc:__cplusplus /utf-8 /wd4250 /wd4251 /wd4275)
         if(COMMON_UI_QT_WARNINGS_AS_ERRORS)

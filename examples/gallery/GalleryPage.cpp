@@ -13,7 +13,7 @@ namespace {
 QFont headingFont(const QWidget& widget)
 {
     QFont font = widget.font();
-    // Not font.pointSizeF(), which is -1 where the desktop gives its font in pixels.
+    // Not font.pointSizeF(), which is -1 if the desktop defines its font in pixels.
     font.setPointSizeF(QFontInfo(font).pointSizeF() * 1.4);
     font.setBold(true);
     return font;

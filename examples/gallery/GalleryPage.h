@@ -9,31 +9,30 @@ namespace gallery {
 
 class Tour;
 
-/// One page of the gallery: a heading, what the page is for, and below them the widgets that it shows at
-/// work.
+/// A page of the gallery with a heading, a description and the widgets that it demonstrates.
 ///
-/// A page is added to the gallery by a line in makeGalleryPages().
+/// To add a page to the gallery, add a line to makeGalleryPages().
 class GalleryPage : public QWidget
 {
     Q_OBJECT
 
 public:
-    /// `title` names the page in the list of pages, and its pictures; `description` is plain text.
+    /// Creates a page. `title` is its name in the list of pages and in the names of its pictures; `description` is
+    /// plain text.
     GalleryPage(QString title, const QString& description);
     ~GalleryPage() override;
 
     [[nodiscard]] const QString& title() const { return m_title; }
 
-    /// Whether the program may end as far as this page is concerned; may ask the user.
+    /// Returns whether this page allows the program to end. May ask the user.
     virtual bool mayLeave() { return true; }
 
-    /// Plays a user of this page, which is the one that the window shows: presses, types, takes at least one
-    /// picture, and tells `tour` what came out and whether it is what was to come out. Returns when
-    /// everything is done.
+    /// Acts as a user of this page, which the window shows: presses keys and buttons, types, takes at least one picture
+    /// and reports to `tour` the results and whether they are the expected ones. Returns when everything is done.
     virtual void tour(Tour& tour) = 0;
 
 protected:
-    /// Where a page puts its widgets.
+    /// Returns the layout to which a page adds its widgets.
     QVBoxLayout& contents() { return *m_contents; }
 
 private:

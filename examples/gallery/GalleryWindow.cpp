@@ -96,7 +96,7 @@ void GalleryWindow::step(int pages)
 
 void GalleryWindow::resizeToScreen()
 {
-    // Room is left for the window's own frame.
+    // Leaves space for the frame of the window.
     resize(QSize(960, 640).boundedTo(screen()->availableSize() * 9 / 10));
 }
 

@@ -12,14 +12,14 @@ class QStackedWidget;
 
 namespace gallery {
 
-/// The main window: the list of pages at the left, the chosen page at the right. Ctrl+Page Down and Ctrl+Page
-/// Up go through the pages from wherever the keyboard is.
+/// The main window with the list of pages at the left and the selected page at the right. Ctrl+Page Down and Ctrl+Page
+/// Up switch the page, whichever widget has the keyboard focus.
 class GalleryWindow : public QMainWindow
 {
     Q_OBJECT
 
 public:
-    /// Shows the first of `pages`, in this order; there has to be one.
+    /// Creates a window with `pages`, of which there must be at least one, in this order, and selects the first one.
     explicit GalleryWindow(std::vector<std::unique_ptr<GalleryPage>> pages);
     ~GalleryWindow() override;
 

@@ -8,15 +8,15 @@ class QTextBrowser;
 
 namespace gallery {
 
-/// Shows a page of the gallery's own help. Modal, as it is opened from dialogs that are modal themselves and
-/// would keep the keyboard from any other window.
+/// A dialog that shows a page of the gallery's help. It is modal, because it is opened from modal dialogs, which block
+/// the input of every other window.
 class HelpDialog : public QDialog
 {
     Q_OBJECT
 
 public:
-    /// `topic` (UTF-8) is a path below the resource folder "help"; one that has no page gives a text that
-    /// says so.
+    /// Shows the page `topic` (UTF-8), a path below the resource folder "help". If there is no such page, the dialog
+    /// shows a text that says so.
     HelpDialog(const std::string& topic, QWidget* parent);
     ~HelpDialog() override;
 
@@ -27,7 +27,7 @@ private:
     bool m_hasPage;
 };
 
-/// Has HelpDialog show the topics of the library's Help buttons, over the window that was active.
+/// Makes the library's Help buttons show their topics in a HelpDialog over the active window.
 void showHelpTopicsInDialogs();
 
 } // namespace gallery

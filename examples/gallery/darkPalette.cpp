@@ -10,7 +10,7 @@ QPalette darkPalette()
     const QColor faint(130, 130, 130);
     const QColor accent(75, 140, 215);
 
-    // The other shades of buttons and frames are worked out from the ground.
+    // This constructor derives the other shades of buttons and frames from the background.
     QPalette palette(ground);
     for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText}) {
         palette.setColor(role, text);

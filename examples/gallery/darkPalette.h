@@ -4,7 +4,8 @@
 
 namespace gallery {
 
-/// Light text on dark ground, for the Fusion style, which takes all its colours from the palette.
+/// Returns a palette with light text on a dark background for the Fusion style, which takes all its colours from the
+/// palette.
 QPalette darkPalette();
 
 } // namespace gallery

@@ -35,7 +35,7 @@ const bool tourIsPossible = false;
 const bool tourIsPossible = true;
 #endif
 
-/// As QApplication will have them, with its own options still among them.
+/// Returns the arguments as QApplication will decode them, including the options that it will remove.
 QStringList rawArguments(int argc, char* argv[])
 {
     QStringList arguments;
@@ -65,7 +65,7 @@ int main(int argc, char* argv[])
     CommandLine commandLine;
     nameApplication();
 
-    // A tour needs its own home before Qt looks for the user's; wrong options are told of by process() below.
+    // A tour must set up its own home before Qt reads the user's settings. process() below reports invalid options.
     commandLine.parser.parse(rawArguments(argc, argv));
     std::optional<gallery::TourRun> tour;
     if (commandLine.parser.isSet(commandLine.tour) && !tourIsPossible) {

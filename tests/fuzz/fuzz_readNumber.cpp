@@ -1,14 +1,14 @@
-// Reads texts in number fields as the library does and as the literal rules do, and ends with the input for which the
-// two differ.
+// Reads texts of number fields both with the library and with the literal rules, and aborts at an input for which the
+// results differ.
 //
-// An input is lines of text: minimum, maximum, digits, cursor position, prefix, suffix, special text, and then one text
-// after the other that is read, each with the answer for the one before at hand. A letter beyond ASCII, which texts for
-// the fuzzer are unlikely to have, is written as "\" and one of the letters of specialCharacter().
+// An input consists of lines: minimum, maximum, decimals, cursor position, prefix, suffix, special-value text, and then
+// the texts to read. Each text is read with the result of the previous one in the cache. Characters beyond ASCII, which
+// the fuzzer rarely generates, are written as "\" and a letter that specialCharacter() maps.
 
 #include "LiteralNumberRules.h"
 #include "sameBits.h"
 
-#include "ui/qt/controls/numbers/intermediateTest.h"
+#include "ui/qt/controls/numbers/canTextGrowIntoRange.h"
 #include "ui/qt/controls/numbers/readNumber.h"
 
 #include <QByteArray>
@@ -17,19 +17,21 @@
 #include <cstdio>
 #include <cstdlib>
 
+using zelmar::NumberReading;
+
 namespace {
 
 QChar specialCharacter(char letter)
 {
     switch (letter) {
     case 'h':
-        return {0xd83d}; // one half of a letter
+        return {0xd83d}; // a high surrogate
     case 'l':
-        return {0xde00}; // the other one
+        return {0xde00}; // a low surrogate
     case 'n':
-        return {0x00a0}; // a blank that is no line end
+        return {0x00a0}; // a no-break space
     case 't':
-        return {0x2003}; // a wide blank
+        return {0x2003}; // an em space
     case 'm':
         return {0x2212}; // the typographic minus
     case 'd':
@@ -64,19 +66,19 @@ void compareReadings(const QString& text, int position, const literal::Rules& ru
 {
     int expectedPosition = position;
     literal::validateAndInterpret(text, expectedPosition, rules, expected);
-    readNumber(text, position,
-               {rules.minimum, rules.maximum, rules.decimals, rules.prefix, rules.suffix, rules.specialValueText},
-               reading);
+    zelmar::readNumber(
+        text, position,
+        {rules.minimum, rules.maximum, rules.decimals, rules.prefix, rules.suffix, rules.specialValueText}, reading);
     require(reading.state == expected.state, "the state", text);
     require(sameBits(reading.value, expected.value), "the value", text);
     require(reading.text == expected.text, "the kept text", text);
     require(position == expectedPosition, "the position", text);
 }
 
-/// Also for texts that a field would refuse before they come to it.
+/// Compares the tests directly, also for texts that a field would reject before this test.
 void compareIntermediateTests(const QString& text, const literal::Rules& rules)
 {
-    require(canBecomeNumberInRange(text, rules.minimum, rules.maximum, rules.decimals)
+    require(zelmar::canTextGrowIntoRange(text, rules.minimum, rules.maximum, rules.decimals)
                 == literal::intermediateTest(text, rules),
             "the intermediate test", text);
 }

@@ -1,8 +1,9 @@
-# Fails when a source includes what its folder may not know:
-#   property, platform, compat <- ui/qt/controls <- ui/qt/dialogs;
-#   controls/numbers are numbers and their texts, dialogs/rules are pure text, both without widgets;
-#   only dialogs/windows knows the shell's interfaces, and only the
-#   facades (ExtendedFileDialog, SaveFileDialog) know dialogs/windows.
+# Fails when a source includes a header that its folder must not depend on:
+#   property, platform, textsearch and compat do not include the user interface (ui/);
+#   ui/qt/controls and ui/qt/dialogs do not include each other;
+#   textsearch, controls/numbers and dialogs/rules include no widgets;
+#   only dialogs/windows uses the shell's interfaces, and only the facades (ExtendedFileDialog, SaveFileDialog) include
+#   dialogs/windows.
 cmake_policy(VERSION 3.16)
 
 set(failures "")
@@ -39,7 +40,7 @@ if(NOT all)
 endif()
 
 set(foundation ${all})
-list(FILTER foundation INCLUDE REGEX "^(property|platform|compat)/")
+list(FILTER foundation INCLUDE REGEX "^(property|platform|compat|textsearch)/")
 refuse_includes("${foundation}" "[\"<]ui/" "the foundation knows no user interface")
 
 set(property ${all})
@@ -50,14 +51,18 @@ set(controls ${all})
 list(FILTER controls INCLUDE REGEX "^ui/qt/controls/")
 refuse_includes("${controls}" "[\"<]ui/qt/dialogs/" "controls know no dialogs")
 
-# A stand-in is reached through the header that knows whether it is one.
+set(dialogs ${all})
+list(FILTER dialogs INCLUDE REGEX "^ui/qt/dialogs/")
+refuse_includes("${dialogs}" "[\"<]ui/qt/controls/" "dialogs know no controls")
+
+# compat/<class>.h includes either the other library's class or the stand-in.
 set(callers ${all})
 list(FILTER callers EXCLUDE REGEX "^compat/")
 refuse_includes("${callers}" "[\"<]compat/substitute/" "callers include compat/<class>.h")
 
 set(filter ${all})
-list(FILTER filter INCLUDE REGEX "^compat/filter/")
-allow_of_qt("${filter}" "AbstractItemModel|AbstractProxyModel|MetaMethod|ModelIndex|Object|Pointer|String|StringList|StringListModel|Vector"
+list(FILTER filter INCLUDE REGEX "^textsearch/")
+allow_of_qt("${filter}" "AbstractItemModel|AbstractProxyModel|Char|MetaMethod|ModelIndex|Object|Pointer|String|StringList|StringListModel|StringView|Vector|t|tAlgorithms|tGlobal"
     "the filter knows no widgets")
 
 set(numbers ${all})

@@ -1,6 +1,6 @@
-// Sets our declarations of the shell's interfaces beside those of the Windows headers; what differs does not compile.
-// For mingw-w64 with optimisation: the place of a virtual function is not a constant to the language, but the optimiser
-// folds it.
+// Compares our declarations of the shell's interfaces with those of the Windows headers. A difference is a compiler
+// error. Needs mingw-w64 and optimisation: the index of a virtual function is no constant expression, but the optimiser
+// computes it.
 
 #include "VirtualSlot.h"
 #include "common_ui_qt_export.h"
@@ -25,7 +25,7 @@ namespace ours {
     X(ERROR_FILE_NOT_FOUND) X(ERROR_CANCELLED)
 // clang-format on
 
-// The Windows headers make macros of these names: ours are taken down before.
+// The Windows headers define these names as macros, so our values are stored first.
 #define KEEP_OUR_RESULT(name) constexpr long our_##name = ours::name;
 FOR_EACH_RESULT(KEEP_OUR_RESULT)
 constexpr ours::HRESULT ourCancelled = ours::HRESULT_FROM_WIN32(ours::ERROR_CANCELLED);
@@ -107,7 +107,7 @@ FOR_EACH_TYPE(CHECK_TYPE)
 static_assert(offsetof(ours::COMDLG_FILTERSPEC, pszSpec) == offsetof(COMDLG_FILTERSPEC, pszSpec), "name, then pattern");
 static_assert(offsetof(ours::QITAB, dwOffset) == offsetof(QITAB, dwOffset), "id, then offset");
 
-/// How an argument is passed.
+/// The type of an argument as it is passed: a reference is a pointer.
 template <typename Argument>
 using Passed = std::conditional_t<std::is_reference<Argument>::value, std::remove_reference_t<Argument>*, Argument>;
 
@@ -130,7 +130,7 @@ void anotherSlot() __attribute__((error("our operation is not where the Windows 
 
 void checkOperations()
 {
-    // Theirs has an overload.
+    // The Windows headers overload QueryInterface().
     constexpr HRESULT (STDMETHODCALLTYPE ::IUnknown::*theirQuery)(REFIID, void**) = &::IUnknown::QueryInterface;
     static_assert(sameSignature(&ours::IUnknown::QueryInterface, theirQuery), "QueryInterface");
     if (virtualSlot(&ours::IUnknown::QueryInterface) != virtualSlot(theirQuery))

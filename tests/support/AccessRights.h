@@ -2,13 +2,13 @@
 
 #include <QString>
 
-/// What everybody, the owner included, may do with a file or with the entries of a folder. Only the superuser is not
-/// stopped by it: see OrdinaryUser.
+/// The access rights of all users, including the owner, to a file or to the entries of a folder. They do not restrict
+/// the superuser: see OrdinaryUser.
 enum class Access {
     Everything,
-    NoWriting, ///< Of a folder: no entry is added or removed.
+    NoWriting, ///< For a folder: entries can be neither added nor removed.
     Nothing
 };
 
-/// Sets it, or ends the program: a test without it would test nothing.
+/// Sets the access rights. Ends the program if that fails, because the test would then test nothing.
 void setAccess(const QString& path, Access access);

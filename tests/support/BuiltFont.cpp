@@ -9,11 +9,11 @@ namespace {
 
 const quint16 unitsPerEm = 1000;
 const quint16 squareSize = 800;
-const quint16 glyphCount = 2; // the one for missing letters, and the square
+const quint16 glyphCount = 2; // the glyph for missing characters and the square
 const quint16 firstLetter = 'A';
 const quint16 lastLetter = 'Z';
 
-/// Big-endian numbers, as the tables of a font have them.
+/// A buffer of big-endian numbers, as font tables contain them.
 class Writer
 {
 public:
@@ -75,7 +75,8 @@ QByteArray os2()
     return table.words({500, squareSize, 0, 32, 1}).bytes;
 }
 
-/// One segment from the first to the last letter, all of which are glyph 1 by a table of glyphs, and the closing one.
+/// Returns a table with one segment for all letters, which maps each to glyph 1 through a glyph array, and the final
+/// segment.
 QByteArray cmap()
 {
     const int letters = lastLetter - firstLetter + 1;
@@ -88,7 +89,7 @@ QByteArray cmap()
     return table.bytes;
 }
 
-/// The family, the style, the full name and the PostScript name, for Windows in Unicode.
+/// Returns the table of the family, style, full and PostScript names, for the platform Windows in Unicode.
 QByteArray name(const QString& family)
 {
     const QVector<QPair<int, QString>> names = {

@@ -3,8 +3,9 @@
 #include <QByteArray>
 #include <QString>
 
-/// A small TrueType font that is made here, so that no test depends on what a system has, or ships a font: the letters
-/// A to Z, each a filled square of 800 of the 1000 units of an em, and an advance of 1000.
+/// Returns a small generated TrueType font, so that the tests neither depend on installed fonts nor ship one. It
+/// contains the letters A to Z, each a filled square of 800 units with an advance of 1000 units, in an em of 1000
+/// units.
 ///
-/// `family` is the name by which QFont finds it; any text.
+/// `family` is the name by which QFont finds the font; any text is allowed.
 QByteArray builtFont(const QString& family);

@@ -3,8 +3,8 @@
 #include <QString>
 #include <QTemporaryDir>
 
-/// Locales of the C library for the life of the object, built from their sources where the system does not have all of
-/// them: none needs to be installed. Afterwards the locale of the tests is in force again.
+/// A guard that provides locales of the C library during its lifetime. It builds them from their sources if the system
+/// does not have all of them, so that none has to be installed. The destructor restores the locale of the tests.
 class BuiltLocales
 {
 public:
@@ -13,7 +13,7 @@ public:
     BuiltLocales(const BuiltLocales&) = delete;
     BuiltLocales& operator=(const BuiltLocales&) = delete;
 
-    /// Puts `name`, e.g. "de_DE" in force with all its categories. Whether that was possible.
+    /// Sets the locale `name`, for example "de_DE", for all categories. Returns whether that succeeded.
     bool enter(const QString& name);
 
 private:

@@ -34,8 +34,8 @@ void DialogDriver::addStep(Step step)
 
 namespace {
 
-/// The dialog is active, and the keyboard has come to what has the focus in it or in a menu over it: two events on some
-/// systems.
+/// Returns whether the dialog is active and its focus widget, or that of a menu over it, receives the keyboard. Some
+/// platforms send separate events for these.
 bool canBeUsed(QDialog& dialog)
 {
     if (!hasKeyboard(dialog))
@@ -48,8 +48,8 @@ bool canBeUsed(QDialog& dialog)
 
 void DialogDriver::poll()
 {
-    // Another timer each time, and started first: a step may open the next dialog, and a timer does not fire while its
-    // own slot runs.
+    // Starts a new timer before each step, because a step may open the next dialog and a timer does not fire while its
+    // own slot is running.
     QTimer::singleShot(0, this, &DialogDriver::poll);
     auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
     if (!m_problem.isEmpty()) {
@@ -68,7 +68,7 @@ void DialogDriver::takeStep(QDialog& dialog)
 {
     const Step step = std::move(m_steps.front());
     m_steps.pop();
-    // The action may run a nested event loop, in which the next steps are taken: the deadline starts anew for them.
+    // The action may run a nested event loop that performs the next steps, so their deadline starts here.
     m_deadline.setRemainingTime(m_deadlineLength);
     step.action(dialog);
     m_deadline.setRemainingTime(m_deadlineLength);

@@ -8,8 +8,8 @@
 #include <functional>
 #include <queue>
 
-/// Plays the user of modal dialogs: takes steps one after the other, each inside the event loop of the dialog that it
-/// is meant for, while the code under test waits in exec().
+/// A driver that acts as the user of modal dialogs. It performs steps one after the other, each in the event loop of
+/// the dialog for which it is meant, while the code under test waits in exec().
 ///
 ///     DialogDriver driver;
 ///     driver.onDialog<QFileDialog>("type a name", [](QFileDialog& dialog) { acceptName(dialog, "a.dat"); });
@@ -17,15 +17,16 @@
 ///     QVERIFY(flow.launch());
 ///     QVERIFY2(driver.finished(), qPrintable(driver.problem()));
 ///
-/// A step waits until the modal dialog is of its type and has the active window, and, where it has one, until its
-/// condition holds. When that takes longer than the deadline, or a dialog stays open so long after the last step, the
-/// driver remembers what was wrong and rejects every modal dialog from then on, so that the code under test comes back.
+/// A step waits until the modal dialog has its type and is the active window and, if the step has a condition, until
+/// the condition holds. If that takes longer than the deadline, or if a dialog stays open longer than the deadline
+/// after the last step, the driver records the problem and rejects every modal dialog from then on, so that the code
+/// under test returns.
 class DialogDriver : public QObject
 {
     Q_OBJECT
 
 public:
-    /// `deadline`: how long one step may wait, in milliseconds.
+    /// Creates a driver whose steps wait for at most `deadline` milliseconds each.
     explicit DialogDriver(int deadline = 15000);
 
     template <typename Dialog>
@@ -46,10 +47,10 @@ public:
                  [action = std::move(action)](QDialog& dialog) { action(static_cast<Dialog&>(dialog)); }});
     }
 
-    /// True when every step was taken in time, and no dialog stayed open after the last one.
+    /// Returns whether every step was performed in time and no dialog stayed open after the last one.
     bool finished() const;
 
-    /// What went wrong, for a test's message; empty when nothing did.
+    /// Returns a description of the problem for a test's message, or an empty text if there was none.
     QString problem() const;
 
 private:

@@ -3,7 +3,7 @@
 #include <QString>
 #include <QTemporaryDir>
 
-/// Folders and files for one test of a file dialog, gone with the object. Other users may read them.
+/// Temporary folders and files for one test of a file dialog. The destructor removes them. Other users may read them.
 class DialogFolders
 {
 public:
@@ -12,17 +12,17 @@ public:
     DialogFolders(const DialogFolders&) = delete;
     DialogFolders& operator=(const DialogFolders&) = delete;
 
-    /// The absolute path of `name`, a path below the folder that holds everything.
+    /// Returns the absolute path of `name`, which is relative to the temporary folder.
     QString path(const QString& name = {}) const;
 
-    /// Takes from everybody, the owner included, the right to add and remove entries of the folder `name`, or gives it
-    /// back. The superuser is not stopped by it.
+    /// Removes or restores the right of all users, including the owner, to add and remove entries of the folder `name`.
+    /// This does not restrict the superuser.
     void setReadOnly(const QString& name, bool on) const;
 
-    /// Makes the file `name`, and its folder, with `contents`; returns its absolute path.
+    /// Creates the file `name` with `contents`, and its folder. Returns the absolute path of the file.
     QString addFile(const QString& name, const QByteArray& contents = {}) const;
 
-    /// Makes the folder `name` with `files` empty files; returns its absolute path.
+    /// Creates the folder `name` with `files` empty files. Returns the absolute path of the folder.
     QString addFolder(const QString& name, int files = 0) const;
 
 private:

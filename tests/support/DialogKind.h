@@ -9,12 +9,12 @@
 
 #include <memory>
 
-/// The kinds of dialog behind the facades: the Qt-drawn one, and the native one over the dialog object that is built in
-/// or over a recording one.
+/// The kinds of dialog behind the facades: the Qt-drawn dialog, and the native dialog over either the built-in or a
+/// recording dialog object.
 enum class DialogKind { QtDrawn, BuiltIn, Recording };
 Q_DECLARE_METATYPE(DialogKind)
 
-/// Adds a row with the column "kind" for each of them.
+/// Adds the column "kind" and a row for each kind.
 inline void addDialogKindRows()
 {
     QTest::addColumn<DialogKind>("kind");
@@ -24,7 +24,7 @@ inline void addDialogKindRows()
     QTest::newRow("native, over a recording object") << DialogKind::Recording;
 }
 
-/// Makes facades be of one kind while it is there.
+/// A guard that makes the facades use one kind of dialog during its lifetime.
 class DialogKindSwitch
 {
 public:
@@ -39,7 +39,7 @@ public:
     DialogKindSwitch(const DialogKindSwitch&) = delete;
     DialogKindSwitch& operator=(const DialogKindSwitch&) = delete;
 
-    /// Null for the other kinds.
+    /// Returns the recording shell, or null for the other kinds.
     RecordingShell* shell() const { return m_shell.get(); }
 
 private:

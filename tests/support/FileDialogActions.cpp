@@ -23,7 +23,7 @@ void typeName(QFileDialog& dialog, const QString& name)
     takeKeyboardFocus(edit);
     edit.selectAll();
     QTest::keyClick(&edit, Qt::Key_Delete);
-    for (const QChar character : name) // not keyClicks(): it knows Latin-1 only
+    for (const QChar character : name) // not keyClicks(), which supports only Latin-1
         QTest::sendKeyEvent(QTest::Click, &edit, Qt::Key_unknown, QString(character), Qt::NoModifier);
 }
 

@@ -6,22 +6,22 @@
 class QComboBox;
 class QLineEdit;
 
-/// What a user does in a file dialog drawn by Qt, with the keyboard.
+/// Keyboard actions of a user in a Qt-drawn file dialog.
 
 QLineEdit& fileNameEdit(QFileDialog& dialog);
 QComboBox& fileTypeCombo(QFileDialog& dialog);
 
-/// Puts the focus into the file-name box and types `name` over what is there. Without the focus, a selection in the
-/// list would write over it.
+/// Sets the focus to the file name edit and replaces its text by `name`. Without the focus, a selection in the list
+/// would overwrite the text.
 void typeName(QFileDialog& dialog, const QString& name);
 
-/// Presses Return in the file-name box.
+/// Presses Return in the file name edit.
 void pressReturn(QFileDialog& dialog);
 
 /// Types `name` and presses Return.
 void acceptName(QFileDialog& dialog, const QString& name);
 
-/// Picks the filter at `index` (from 0) in the list of the file-type box.
+/// Selects the name filter with the 0-based `index` in the file type combo box.
 void pickFilter(QFileDialog& dialog, int index);
 
 /// Presses Escape.

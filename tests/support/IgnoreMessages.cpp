@@ -5,7 +5,7 @@ IgnoreMessages* IgnoreMessages::s_current = nullptr;
 IgnoreMessages::IgnoreMessages(const QString& pattern)
     : m_pattern(pattern)
 {
-    m_pattern.optimize(); // messages come from other threads, too
+    m_pattern.optimize(); // compiles the pattern now, because other threads log as well
     s_current = this;
     m_previous = qInstallMessageHandler(&IgnoreMessages::handle);
 }

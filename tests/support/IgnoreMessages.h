@@ -2,8 +2,9 @@
 
 #include <QRegularExpression>
 
-/// Drops, while it lives, each message of Qt's logger that matches. For what the system says an unforeseeable number of
-/// times; a message whose number is known is announced with QTest::ignoreMessage(). One at a time.
+/// A guard that drops every message of Qt's logger that matches a pattern during its lifetime. Use it for messages that
+/// the system logs an unpredictable number of times; announce others with QTest::ignoreMessage(). Only one guard may
+/// exist at a time.
 class IgnoreMessages
 {
 public:

@@ -8,7 +8,7 @@
 
 namespace {
 
-/// Not with every look: each is a request that the window manager has to answer first.
+/// Limits the requests for activation, because the window manager has to answer each before the next one.
 void requestActivation(QWidget& window)
 {
     static QElapsedTimer sinceRequest;

@@ -2,12 +2,13 @@
 
 class QWidget;
 
-/// Whether key presses go to `window`. If not, asks the window manager for it, as a user does with a click: when a
-/// dialog closes, it is free to give the keyboard to any window of the program. Also lets Qt know when they do again: a
-/// window that is shown anew before any other was active never lost the keyboard as far as the window system is
-/// concerned, and so is not activated.
+/// Returns whether `window` receives key presses. If it does not, asks the window manager to activate it, as a click by
+/// the user would, because the window manager may activate any window of the program after a dialog has closed.
+///
+/// Also activates the window in Qt if it was hidden and shown again before another window became active. The window
+/// system then sees no change of the keyboard focus and sends no activation event.
 bool hasKeyboard(QWidget& window);
 
-/// Gives the keyboard focus to `widget` and waits until it has it: activation is the window manager's to grant, and
-/// comes later. A warning, and so a failed test, when it does not come.
+/// Gives the keyboard focus to `widget` and waits until the window manager has activated its window. Logs a warning,
+/// which fails the test, if that does not happen in time.
 void takeKeyboardFocus(QWidget& widget);

@@ -13,7 +13,7 @@ quint64 magnitude(qint64 number)
     return number < 0 ? ~quint64(number) + 1 : quint64(number);
 }
 
-/// From the least significant end.
+/// Stores the digits, least significant first, and returns their number.
 int digitsOf(quint64 number, int* digits)
 {
     int count = 0;
@@ -114,7 +114,7 @@ bool intermediateTest(const QString& str, const Rules& rules)
         return digitTest(right, negative ? maxRight : minRight, negative ? minRight : maxRight, match);
     }
 
-    // Not the fraction: the integral part that there is not.
+    // Tests the missing integral part, which counts as 0, instead of the fraction.
     const qint64 number = 0;
     if (minLeft == maxLeft)
         return digitTest(number, negative ? maxRight : minRight, negative ? minRight : maxRight, match);
@@ -127,7 +127,7 @@ bool intermediateTest(const QString& str, const Rules& rules)
 
 namespace {
 
-/// Everything before the value of what is not acceptable.
+/// Performs all steps except the fallback value of unacceptable texts.
 QValidator::State interpret(QString& copy, int& pos, const Rules& rules, double& value)
 {
     const QChar point = QLatin1Char('.');

@@ -4,8 +4,8 @@
 #include <QValidator>
 #include <QtGlobal>
 
-/// What a number field's texts mean, step by step and as slowly as it is told: the oracle for the library's own ways.
-/// Knows nothing of the library.
+/// A literal, slow implementation of the rules for texts in number fields. It is the oracle for the library's optimised
+/// functions and does not depend on the library.
 namespace literal {
 
 struct Rules
@@ -25,12 +25,12 @@ struct Cache
     double value = 0;
 };
 
-/// Walks through the candidates one by one.
+/// Tries all candidates one by one.
 bool digitTest(qint64 number, qint64 low, qint64 high, qint64& match);
 
 bool intermediateTest(const QString& str, const Rules& rules);
 
-/// Leaves its answer in `cache`.
+/// Stores its result in `cache`.
 void validateAndInterpret(const QString& input, int& position, const Rules& rules, Cache& cache);
 
 } // namespace literal

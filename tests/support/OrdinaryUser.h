@@ -1,7 +1,7 @@
 #pragma once
 
-/// Runs its scope as a user who may not write everywhere: the superuser's effective user is changed to "nobody" and
-/// back. Refused access cannot be tested otherwise where tests run as root.
+/// A guard that runs its scope as an ordinary user: it changes the effective user from the superuser to "nobody" and
+/// back. Tests that run as root could not test denied access otherwise.
 class OrdinaryUser
 {
 public:
@@ -10,9 +10,9 @@ public:
     OrdinaryUser(const OrdinaryUser&) = delete;
     OrdinaryUser& operator=(const OrdinaryUser&) = delete;
 
-    /// Whether the process has no superuser rights now. A test that does not check it may test nothing.
+    /// Returns whether the process has no superuser rights now. A test must check it, or it may test nothing.
     bool isOrdinary() const;
 
 private:
-    [[maybe_unused]] unsigned m_user = 0; ///< where there is another one to become again
+    [[maybe_unused]] unsigned m_user = 0; ///< the user to restore, if the guard has changed it
 };

@@ -33,7 +33,7 @@ private:
     QVector<PaintedText::Piece>& m_pieces;
 };
 
-/// As large as the widget, and without pixels.
+/// A paint device of the widget's size that records texts instead of drawing pixels.
 class TextDevice : public QPaintDevice
 {
 public:

@@ -6,24 +6,23 @@
 
 class QWidget;
 
-/// What a widget writes when it is painted: the letters themselves, in pieces, in the order in which they are painted,
-/// which is from left to right.
+/// The text that a widget draws when it is painted, in pieces in the order of drawing, which is from left to right.
 class PaintedText
 {
 public:
     struct Piece
     {
         QString text;
-        QRectF area; ///< in the widget
+        QRectF area; ///< in widget coordinates
     };
 
-    /// Paints `widget` as it is now.
+    /// Paints `widget` in its current state.
     explicit PaintedText(QWidget& widget);
 
     const QVector<Piece>& pieces() const { return m_pieces; }
-    /// All pieces in one. Each piece has its letters in the order of reading.
+    /// Returns the concatenated pieces. The characters of each piece are in reading order.
     QString text() const;
-    /// What all pieces cover.
+    /// Returns the bounding rectangle of all pieces.
     QRectF area() const;
 
 private:

@@ -6,13 +6,14 @@
 #include <string>
 #include <vector>
 
-/// Writes down, in order, what a save flow asks of its handler. The texts are the names of the operations.
+/// A message handler that records the calls of a save flow in order. Each text that it returns is the name of its
+/// function.
 class RecordingMessageHandler : public zelmar::SaveFileMessageHandlerInterface
 {
 public:
     using Calls = std::vector<std::string>;
 
-    /// `calls` outlives the handler, which a flow owns.
+    /// Records into `calls`, which must outlive the handler; a save flow owns the handler.
     explicit RecordingMessageHandler(Calls& calls)
         : m_calls(calls)
     {
@@ -27,9 +28,9 @@ public:
     std::string unableToOverwriteMessage() const override { return record("unable"); }
     std::string systemAccessError(const std::string& error) const override { return record("error " + error); }
 
-    /// Gives the name to check in place of the one that was chosen.
+    /// Returns the name to check for the chosen name.
     std::function<std::string(const std::string&)> whenChecked;
-    /// Called when a text is asked for, with its name.
+    /// Called with the name of each requested text.
     std::function<void(const std::string&)> whenAsked;
 
 private:

@@ -26,7 +26,7 @@ QString text(LPCWSTR wide)
     return QString::fromWCharArray(wide);
 }
 
-/// Counts itself, and its references.
+/// A base class that counts the existing objects and the references to each.
 template <typename... Interfaces>
 class Counted : public Interfaces...
 {
@@ -336,7 +336,7 @@ public:
     }
 
 private:
-    /// An operation that the library has no use for.
+    /// Implements the operations that the library does not use.
     HRESULT unexpected(const char* call) { return m_shell.step(QStringLiteral("unexpected: ") + call); }
 
     HRESULT addState(DWORD control, DWORD item, const QString& call)

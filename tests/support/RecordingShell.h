@@ -11,16 +11,16 @@
 #include <optional>
 #include <utility>
 
-/// Stands in for the system's file dialog: while this object is there, dialogs made by CoCreateInstance() are recording
-/// ones. They write down what they are asked, answer as they are told here, and can fail at any step.
+/// A replacement for the system's file dialog: during its lifetime CoCreateInstance() creates recording dialogs. They
+/// record the calls, answer as configured here, and can fail at any step.
 ///
 ///     RecordingShell shell;
 ///     shell.onShow = [&] { shell.folder = "/data"; shell.events->OnFolderChange(shell.dialog); };
 ///     shell.results = {"/data/a.dat"};
-///     ... // make a native dialog, and run it
+///     ... // create and run a native dialog
 ///     QCOMPARE(shell.takeCalls(), expected);
 ///
-/// Enters a single-threaded apartment of its own, so that it may be made anywhere.
+/// Enters a single-threaded apartment itself, so that a test can create it anywhere.
 class RecordingShell
 {
 public:
@@ -29,42 +29,42 @@ public:
     RecordingShell(const RecordingShell&) = delete;
     RecordingShell& operator=(const RecordingShell&) = delete;
 
-    /// What the dialogs were asked, with arguments, in order: "SetTitle Open", "AddPushButton 1 &Help". Paths have
-    /// slashes. Queries for interfaces are steps, but not written down.
+    /// Returns the recorded calls with their arguments in order, for example "SetTitle Open" or "AddPushButton 1
+    /// &Help", and clears the record. Paths have slashes. Calls of QueryInterface() are steps, but are not recorded.
     QStringList takeCalls();
 
-    /// Puts the thread into another apartment.
+    /// Leaves the apartment and enters another one.
     void enter(DWORD mode);
 
-    /// Counts one step. A failure, if it is the one that is to fail.
+    /// Counts one step. Returns a failure for the step with the number `failAt`.
     HRESULT step(const QString& call = {});
     int steps = 0;
-    int failAt = 0; ///< the number of the step that fails, from 1; 0 for none
+    int failAt = 0; ///< the 1-based number of the step that fails; 0 for none
     HRESULT failure = E_FAIL;
 
-    /// Dialogs, items and lists of items that are still referenced.
+    /// The number of dialogs, items and item arrays that are still referenced.
     int liveObjects = 0;
-    std::function<void()> onDialogGone; ///< called when a dialog goes with its last reference
+    std::function<void()> onDialogGone; ///< called when the last reference to a dialog is released
 
-    // What the dialogs answer.
+    // The answers of the dialogs.
     FILEOPENDIALOGOPTIONS options = FOS_PATHMUSTEXIST | FOS_FILEMUSTEXIST | FOS_OVERWRITEPROMPT | systemOptions;
-    std::function<void()> onShow; ///< what the user does
+    std::function<void()> onShow; ///< performs the actions of the user
     HRESULT showResult = S_OK;
     QStringList results; ///< the chosen paths
-    QString folder;      ///< null: there is none
-    UINT fileType = 1;   ///< from 1
-    QString fileName;    ///< null: it cannot be read
+    QString folder;      ///< null if there is none
+    UINT fileType = 1;   ///< 1-based index
+    QString fileName;    ///< null if it cannot be read
     std::optional<DWORD> selectedItem;
-    /// States of controls, by id and 0, and of menu items, by the menu's id and their own.
+    /// The states of controls with the key {id, 0} and of menu items with the key {menu id, item id}.
     std::map<std::pair<DWORD, DWORD>, DWORD> states;
 
-    /// Bits of the options that nobody but the system sets.
+    /// Option bits that only the system sets.
     static constexpr FILEOPENDIALOGOPTIONS systemOptions = 0x10000040;
 
-    IFileDialog* dialog = nullptr;        ///< the last one made, as long as it is there
-    ComPointer<IFileDialogEvents> events; ///< who is advised; null for nobody
+    IFileDialog* dialog = nullptr;        ///< the dialog that was created last, while it exists
+    ComPointer<IFileDialogEvents> events; ///< the advised event sink, or null
 
-    /// The advised object's other side.
+    /// Returns the interface of the event sink for control events.
     ComPointer<IFileDialogControlEvents> controlEvents() const;
 
 private:

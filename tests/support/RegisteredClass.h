@@ -4,8 +4,8 @@
 
 #include <functional>
 
-/// Makes the objects of one class while it is there: CoCreateInstance() comes to it first. It belongs to whoever made
-/// it, whoever references it.
+/// A class object that is registered during its lifetime and creates the objects of one class, because
+/// CoCreateInstance() asks registered class objects first. Its creator owns it, whatever COM references exist.
 class RegisteredClass : public IClassFactory
 {
 public:

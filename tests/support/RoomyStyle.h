@@ -2,7 +2,7 @@
 
 #include <QProxyStyle>
 
-/// A style in which buttons need more room than in its base.
+/// A style in which buttons are larger than in its base style.
 class RoomyStyle : public QProxyStyle
 {
 public:

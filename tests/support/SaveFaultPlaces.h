@@ -4,17 +4,17 @@
 
 #include <QString>
 
-/// What the faults of a place to save to are made of. All end the program when they cannot: a test without them would
+/// Helpers that set up faults of a save location. All of them end the program if they fail, because the test would then
 /// test nothing.
 
-/// Ends the program, naming `what`, when it was not done.
+/// Ends the program with a message that names `what` if the operation failed.
 void checkFault(bool done, const char* what);
 
-/// The path of `name` in `folder`.
+/// Returns the path of `name` in `folder`.
 QString at(const QString& folder, const char* name);
 
-/// Makes a file with the text "contents"; returns `path`.
+/// Creates a file with the text "contents" and returns `path`.
 QString addFile(const QString& path, Access access = Access::Everything);
 
-/// Makes the folder, if it is not there, and says who may use it; returns `path`.
+/// Creates the folder if it does not exist, sets its access rights and returns `path`.
 QString addFolder(const QString& path, Access access = Access::Everything);

@@ -7,17 +7,17 @@
 
 #include <functional>
 
-/// How the name of a fault is chosen in a flow's dialog.
+/// Defines how a test chooses the name of a fault in the dialog of a save flow.
 using ChooseName = std::function<void(DialogDriver& driver, const QString& name)>;
 
-/// By keyboard, in a dialog drawn by Qt.
+/// Chooses the name by keyboard in a Qt-drawn dialog.
 inline void chooseByKeyboard(DialogDriver& driver, const QString& name)
 {
     driver.onDialog<QFileDialog>("accept", [name](QFileDialog& dialog) { acceptName(dialog, name); });
 }
 
-/// Sets the fault at `fault` in saveFaults() up in `folder`, and runs a flow of the class `Flow` over `window` on it as
-/// an ordinary user. What is not as it is to be; empty when all is.
+/// Sets up the fault with the index `fault` in saveFaults() in `folder` and runs a save flow of the class `Flow` over
+/// `window` as an ordinary user. Returns a description of the difference from the expected result, or an empty text.
 template <typename Flow>
 QString problemOfSaveFault(int fault, const QString& folder, QWidget* window, const ChooseName& choose)
 {

@@ -123,7 +123,7 @@ SaveFaultTrial::SaveFaultTrial(const SaveFault& fault, const QString& folder)
     : m_fault(fault)
     , m_folder(addFolder(folder))
     , m_chosenName(fault.prepare(folder))
-    // A place that takes the name shows, in its own time, that a temporary file has come and gone.
+    // The write probe changes the modification time of a folder in which it creates and removes a temporary file.
     , m_before(folderState(folder, !fault.accepted))
 {
 }

@@ -14,62 +14,64 @@
 
 class DialogDriver;
 
-/// One thing that can be wrong with a place to save to, and what a save flow is to make of it for an ordinary user who
-/// answers Yes to overwriting and No to another try.
+/// A fault of a save location and the expected behaviour of a save flow, for an ordinary user who answers Yes to
+/// overwriting and No to choosing again.
 struct SaveFault
 {
     const char* name;
-    /// Sets it up below `folder`, which any user may write, and returns the path to choose. As the superuser.
+    /// Sets up the fault below `folder`, which is writable for every user, and returns the path to choose. Must run as
+    /// the superuser.
     std::function<QString(const QString& folder)> prepare;
-    /// The questions that are asked, in order: "overwrite", "unable".
+    /// The expected questions in order: "overwrite", "unable".
     std::vector<std::string> questions;
-    /// What launch() returns.
+    /// The expected result of launch().
     bool accepted;
-    /// Happens between the choice and the look at the place.
+    /// Runs between the choice of the name and the write probe.
     std::function<void(const QString& folder)> meanwhile = {};
 };
 
-/// Every fault that can be set up on this machine. Pipes and devices among them would let a careless probe wait for
-/// ever; file systems of their own are mounted where nobody but this thread sees them.
+/// Returns every fault that can be set up on this machine. Some use pipes and devices, on which a careless write probe
+/// would wait forever. Mounted file systems are visible to this thread only.
 const std::vector<SaveFault>& saveFaults();
 
-/// Why some faults are not among them, that is those of mounted file systems and of devices; empty when all are.
+/// Returns why saveFaults() lacks the faults with mounted file systems and devices, or an empty text if it is complete.
 QString whyFaultsAreMissing();
 
-/// The entries below `folder` with type, permissions, contents and time of modification, to tell that a look at it has
-/// changed nothing. With `itself`, also the folder's own time, which tells of entries that have come and gone.
+/// Returns the entries below `folder` with their types, permissions, contents and modification times, in order to
+/// verify that nothing has changed. With `itself` the result includes the modification time of the folder, which shows
+/// whether entries were created and removed.
 QMap<QString, QByteArray> folderState(const QString& folder, bool itself);
 
-/// Adds a row with the column "fault", an index in saveFaults(), for each of them but those named in `except`.
+/// Adds the column "fault", an index into saveFaults(), and a row for each fault that is not named in `except`.
 void addSaveFaultRows(const QStringList& except = {});
 
-/// One fault set up in a folder of its own, for a save flow of any kind to be run on it as an ordinary user.
+/// A guard that sets up one fault in its own folder. The test runs any kind of save flow on it as an ordinary user.
 ///
 ///     SaveFaultTrial trial(saveFaults()[fault], m_folders->path("place"));
 ///     DialogDriver driver;
-///     ... // what accepts trial.chosenName() in the flow's dialog
+///     ... // add a step that accepts trial.chosenName() in the dialog of the flow
 ///     trial.addAnswers(driver);
 ///     const bool launched = ...; // with trial.makeHandler()
 ///     QCOMPARE(trial.problem(launched), QString());
 class SaveFaultTrial
 {
 public:
-    /// Makes `folder`. As the superuser, where there is one.
+    /// Creates `folder` and sets up the fault in it. Must run as the superuser, if the system has one.
     SaveFaultTrial(const SaveFault& fault, const QString& folder);
-    /// Removes `folder` with all that is in it.
+    /// Removes `folder` with its contents.
     ~SaveFaultTrial();
     SaveFaultTrial(const SaveFaultTrial&) = delete;
     SaveFaultTrial& operator=(const SaveFaultTrial&) = delete;
 
     const QString& folder() const { return m_folder; }
     const QString& chosenName() const { return m_chosenName; }
-    /// Must not outlive the trial.
+    /// Returns a handler for the save flow, which must not outlive the trial.
     std::unique_ptr<RecordingMessageHandler> makeHandler();
-    /// Yes to overwriting, No to another try.
+    /// Adds the answers to `driver`: Yes to overwriting and No to choosing again.
     void addAnswers(DialogDriver& driver) const;
 
-    /// What is not as it is to be: the result of the flow, its questions, or the state of the folder. Empty when all
-    /// is.
+    /// Returns a description of the first difference from the expected result of the flow, its questions, or the state
+    /// of the folder. Returns an empty text if there is none.
     QString problem(bool launched) const;
 
 private:

@@ -2,9 +2,9 @@
 
 #include "SaveFaults.h"
 
-/// The faults that only this system knows. Those that cannot be set up on this machine are left out:
-/// whyFaultsAreMissing().
+/// Returns the faults that exist only on this operating system. Those that cannot be set up on this machine are
+/// omitted; see whyFaultsAreMissing().
 std::vector<SaveFault> systemSaveFaults();
 
-/// Removes `folder`, which need not be there, with whatever a fault has left in it.
+/// Removes `folder`, if it exists, with everything that a fault has left in it.
 void removeSaveFaults(const QString& folder);

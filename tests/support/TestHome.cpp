@@ -29,7 +29,7 @@ TestHome::TestHome()
     makeFolder("XDG_DATA_HOME", home + QStringLiteral("/data"));
     makeFolder("XDG_RUNTIME_DIR", home + QStringLiteral("/runtime"));
     QFile::setPermissions(home + QStringLiteral("/runtime"), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    // A desktop's own theme would draw, and answer, differently from machine to machine.
+    // The theme of a desktop would make drawing and style hints differ between machines.
     qunsetenv("QT_QPA_PLATFORMTHEME");
     qputenv("LC_ALL", "C.UTF-8");
     QLocale::setDefault(QLocale::c());

@@ -2,10 +2,11 @@
 
 #include <QTemporaryDir>
 
-/// A home of its own for one test program: home, configuration, cache, data and runtime folders that no other program
-/// sees, C.UTF-8 as locale, and the names under which settings are kept. Make it before the application object.
+/// A private environment for one test program: home, configuration, cache, data and runtime folders that no other
+/// program uses, the locale C.UTF-8, and the organisation and application names of the settings. Create it before the
+/// application object.
 ///
-/// A program that is started by the test, with the environment that this object has made, shares its home.
+/// A process that the test starts inherits the environment and shares the folders.
 class TestHome
 {
 public:
@@ -15,7 +16,7 @@ private:
     QTemporaryDir m_folder;
 };
 
-/// The main function of a test of widgets.
+/// Defines the main function of a test with widgets.
 #define UI_TEST_MAIN(TestClass)                                                                                        \
     int main(int argc, char* argv[])                                                                                   \
     {                                                                                                                  \
@@ -25,7 +26,7 @@ private:
         return QTest::qExec(&test, argc, argv);                                                                        \
     }
 
-/// The main function of a test that needs no screen.
+/// Defines the main function of a test that needs no screen.
 #define CORE_TEST_MAIN(TestClass)                                                                                      \
     int main(int argc, char* argv[])                                                                                   \
     {                                                                                                                  \

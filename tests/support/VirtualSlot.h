@@ -3,9 +3,9 @@
 #include <cstddef>
 #include <cstring>
 
-/// The place (from 0) of a virtual function among those of its class, as callers in other libraries have it compiled
-/// in: the compilers that we build with keep 1 + its offset in the pointer to it. Microsoft's does not: a test asks
-/// systemLimits.h first.
+/// Returns the 0-based vtable slot of a virtual function, which callers in other libraries have compiled in. With the
+/// Itanium ABI a member pointer contains 1 + the offset of the slot. Microsoft's compiler differs, so a test checks
+/// systemLimits::noVirtualSlots first.
 template <typename Function>
 std::size_t virtualSlot(Function function)
 {

@@ -6,7 +6,7 @@
 
 #include <algorithm>
 
-/// The text of a view's selected cells as one writes it without a thought for time: what a copy of them has to be.
+/// Returns the expected text of a copy of the selected cells, computed in the simplest way without regard to speed.
 inline QString plainTableText(const QTableView& view)
 {
     QModelIndexList cells = view.selectionModel()->selectedIndexes();

@@ -4,7 +4,7 @@
 
 #include <cstring>
 
-/// Whether two doubles are the same one: 0 and -0 are not, and a NaN is the same as itself.
+/// Returns whether two doubles are bitwise equal: 0 and -0 differ, and a NaN equals itself.
 inline bool sameBits(double left, double right)
 {
     quint64 leftBits = 0;

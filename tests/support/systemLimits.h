@@ -2,7 +2,8 @@
 
 #include <QtGlobal>
 
-/// What some system cannot do, and why a test is therefore not made there: the one place for it. Null where it can.
+/// The limits of each system that make a test impossible there, as reasons for QSKIP. A constant is null if the limit
+/// does not exist.
 namespace systemLimits {
 
 #ifdef Q_OS_WIN
@@ -13,8 +14,6 @@ inline const char* const noRefusedReading = "Wine can neither remove what may no
 inline const char* const noSizeLimit = "Windows has no limit of a file's size, which would play a full disk";
 inline const char* const noMouseSelection = "Windows has no selection beside the clipboard";
 inline const char* const noSettingsFile = "Windows keeps settings in the registry and not in a file";
-inline const char* const deletionInAKeyMayCrash =
-    "Under Wine Qt crashes now and then when a widget is deleted within its own key event; why is not known yet";
 inline const char* const watchedFoldersStay = "Windows keeps a deleted folder as long as somebody watches it";
 inline const char* const guiThreadHasApartment = "Qt enters the single-threaded apartment on Windows' GUI thread";
 inline const char* const nativeDialogIsTheSystems =
@@ -26,7 +25,6 @@ inline const char* const noRefusedReading = nullptr;
 inline const char* const noSizeLimit = nullptr;
 inline const char* const noMouseSelection = nullptr;
 inline const char* const noSettingsFile = nullptr;
-inline const char* const deletionInAKeyMayCrash = nullptr;
 inline const char* const watchedFoldersStay = nullptr;
 inline const char* const guiThreadHasApartment = nullptr;
 inline const char* const nativeDialogIsTheSystems = nullptr;

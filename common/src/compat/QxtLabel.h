@@ -1,6 +1,6 @@
 #pragma once
 
-// The class QxtLabel: that of LibQxt where the library was built with it, else our stand-in.
+// Declares the class QxtLabel: LibQxt's class if the library was built with LibQxt, otherwise the substitute.
 
 #include "common_ui_qt_compat.h"
 

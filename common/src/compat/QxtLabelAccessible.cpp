@@ -31,14 +31,15 @@ public:
     }
 };
 
-/// Qt asks for the object's class first, and then for each of its base classes.
+/// Returns the interface for `object` if `className` is QxtLabel. Qt calls this function with the object's class first
+/// and then with each of its base classes, so that derived labels are covered, too.
 QAccessibleInterface* makeInterface(const QString& className, QObject* object)
 {
     auto* label = className == QLatin1String("QxtLabel") ? qobject_cast<QxtLabel*>(object) : nullptr;
     return label ? new QxtLabelAccessible(label) : nullptr;
 }
 
-/// Qt must not ask any more when the library goes.
+/// A guard that removes the factory before the library is unloaded, after which Qt must not call it.
 struct InstalledFactory
 {
     InstalledFactory() { QAccessible::installFactory(makeInterface); }
@@ -48,7 +49,7 @@ struct InstalledFactory
 
 } // namespace
 
-void makeQxtLabelsAccessible()
+void zelmar::makeQxtLabelsAccessible()
 {
     static const InstalledFactory factory;
 }

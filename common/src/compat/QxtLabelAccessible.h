@@ -1,7 +1,12 @@
 #pragma once
 
-/// Lets assistive technology know every QxtLabel of the program as a static text whose name is its whole text, or the
-/// accessible name that the application has set. Qt takes a class that it does not know for a nameless frame.
+namespace zelmar {
+
+/// Presents every QxtLabel of the program to assistive technology as a static text. Its name is the accessible name
+/// that the application has set, or else the full text. Without this function Qt presents the label as a frame without
+/// a name.
 ///
-/// Does something at the first call only. GUI thread only.
+/// Only the first call has an effect. GUI thread only.
 void makeQxtLabelsAccessible();
+
+} // namespace zelmar

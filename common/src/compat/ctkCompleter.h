@@ -1,6 +1,6 @@
 #pragma once
 
-// The class ctkCompleter: that of the CTK widgets where the library was built with them, else our stand-in.
+// Declares ctkCompleter: the class of the CTK widgets if the library was built with them, else the substitute.
 
 #include "common_ui_qt_compat.h"
 

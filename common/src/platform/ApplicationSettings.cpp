@@ -9,14 +9,15 @@ namespace zelmar {
 
 namespace {
 
-/// A name for QSettings that is different for every byte string. QSettings refuses empty names, takes '/' for a
-/// separator, and some of its back ends fold case: so only lower-case letters, digits and '-' stand for themselves.
+/// Returns a QSettings key that is different for every byte string. QSettings rejects empty keys, treats '/' as a
+/// separator, and some of its back ends ignore case. Therefore lower-case letters, digits and '-' are kept, and every
+/// other byte is escaped as '_' with two hexadecimal digits.
 QString settingsName(const std::string& key)
 {
     QString name = QStringLiteral("common_ui_qt/value-");
     for (const char byte : key) {
-        const bool plain = (byte >= 'a' && byte <= 'z') || (byte >= '0' && byte <= '9') || byte == '-';
-        if (plain)
+        const bool isKept = (byte >= 'a' && byte <= 'z') || (byte >= '0' && byte <= '9') || byte == '-';
+        if (isKept)
             name += QLatin1Char(byte);
         else
             name += QStringLiteral("_%1").arg(static_cast<unsigned char>(byte), 2, 16, QLatin1Char('0'));
@@ -24,7 +25,8 @@ QString settingsName(const std::string& key)
     return name;
 }
 
-/// QSettings of the running application, which reports as a warning what went wrong while it lived.
+/// A QSettings object of the running application. Its destructor writes pending changes and logs a warning if the file
+/// could not be accessed or is damaged.
 class CheckedSettings
 {
 public:
@@ -50,7 +52,8 @@ private:
     QSettings m_settings{organization(), QCoreApplication::applicationName()};
 };
 
-/// A QSettings object for each access: it sees what another program of the same name has written meanwhile.
+/// The default store. It opens QSettings for each access, so that it sees changes of other processes with the same
+/// application name.
 class SettingsFileStore : public ApplicationSettings::Store
 {
 public:

@@ -10,31 +10,34 @@
 
 namespace zelmar {
 
-/// The application's settings, as far as this library needs them: byte arrays kept under byte-string keys.
+/// The part of the application's settings that this library needs: byte arrays stored under byte-string keys.
 ///
-/// Values are kept with `QSettings` under the organisation and application name of the running `QApplication` (where
-/// no organisation is set, the application name stands for it too), so they survive a restart of the program. An
-/// application that keeps its settings elsewhere puts a store of its own in place, before the first dialog is made:
+/// By default the values are stored with `QSettings` under the organisation and application name of the running
+/// `QApplication`, and survive a restart of the program. If no organisation is set, the application name replaces it.
+/// An application that stores its settings elsewhere sets a store of its own before it creates the first dialog:
 ///
 ///     class OurStore : public zelmar::ApplicationSettings::Store { ... };
 ///     zelmar::ApplicationSettings::getInstance().setStore(std::make_unique<OurStore>());
 ///
-/// Every byte string is a key of its own: the empty one, keys with '/', with bytes that are no text, and keys that
-/// differ only in case. GUI thread only.
+/// Every byte string is a distinct key, including the empty string, keys with '/', keys that are not valid UTF-8, and
+/// keys that differ only in case. GUI thread only.
 class COMMON_UI_QT_EXPORT ApplicationSettings
 {
 public:
-    /// Where the values are. Implementations report trouble through Qt's message logger and do not throw for it.
+    /// The interface of the storage behind the settings. Implementations report errors through Qt's message logger and
+    /// do not throw.
     class COMMON_UI_QT_EXPORT Store
     {
     public:
         virtual ~Store();
-        /// The value last set under `key`; an empty array when there is none.
+        /// Returns the value last stored under `key`, or an empty array if there is none.
         virtual QByteArray value(const std::string& key) const = 0;
+        /// Stores `value` under `key` and replaces an earlier value.
         virtual void setValue(const std::string& key, const QByteArray& value) = 0;
     };
 
-    /// Keeps the values in memory, for as long as the store lives: for tests and for programs without a home.
+    /// A store that keeps the values in memory until it is destroyed, for tests and for programs without a home
+    /// directory.
     class COMMON_UI_QT_EXPORT MemoryStore : public Store
     {
     public:
@@ -45,18 +48,19 @@ public:
         std::map<std::string, QByteArray> m_values;
     };
 
-    /// The one instance of the process, made at the first call.
+    /// Returns the instance of the process, which the first call creates.
     static ApplicationSettings& getInstance();
 
-    /// The value kept under `key`; an empty array when nothing is.
+    /// Returns the value stored under `key`, or an empty array if there is none.
     QByteArray getByteArrayValue(const std::string& key) const;
 
-    /// Keeps `value` under `key` in place of what was there. The default store has written it when this returns. A
-    /// settings file that cannot be read or written is a warning on Qt's message logger, and the value may be lost.
+    /// Stores `value` under `key` and replaces an earlier value. The default store writes it to the settings file
+    /// before this function returns. If that file cannot be read or written, the default store logs a warning through
+    /// Qt's message logger, and the value may be lost.
     void depositValue(const std::string& key, const QByteArray& value);
 
-    /// Puts `store` in place of the current one and returns the current one; null brings the default store back.
-    /// Values are not carried over.
+    /// Replaces the current store by `store` and returns the replaced one. Null restores the default store. Values are
+    /// not copied between the stores.
     std::unique_ptr<Store> setStore(std::unique_ptr<Store> store);
 
 private:

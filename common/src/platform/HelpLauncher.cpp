@@ -8,17 +8,18 @@ namespace zelmar {
 
 namespace {
 
+/// Returns the path of `url` with a final '/'.
 QString folderPath(const QUrl& url)
 {
     const QString path = url.adjusted(QUrl::NormalizePathSegments).path();
     return path.endsWith(QLatin1Char('/')) ? path : path + QLatin1Char('/');
 }
 
-/// The topic's page below `base`, or an invalid URL when its path leads elsewhere. The topic is never parsed as a URL
-/// of its own: a colon in it would make it one.
+/// Returns the URL of the topic below `base`, or an invalid URL if the topic's path leads out of `base`. The topic is
+/// used as a path and never parsed as a URL, because a colon in it would then separate a scheme.
 QUrl topicUrl(const QUrl& base, const QString& topic)
 {
-    if (topic.contains(QLatin1Char('\\'))) // leads between folders on some systems, unseen by QUrl
+    if (topic.contains(QLatin1Char('\\'))) // a path separator on Windows, which QUrl does not know
         return {};
     const QString basePath = folderPath(base);
     QUrl url = base;
@@ -54,7 +55,7 @@ void HelpLauncher::setHandler(Handler handler)
 
 void HelpLauncher::showHelp(const std::string& topic)
 {
-    // A copy: the handler may put another one in its own place.
+    // Calls a copy, because the handler may replace itself by setHandler().
     const Handler handler = m_handler;
     if (handler)
         handler(topic);

@@ -9,39 +9,41 @@
 
 namespace zelmar {
 
-/// Shows help topics: what the Help buttons of the library's dialogs call.
+/// A service that shows help topics. The Help buttons of the library's dialogs call it.
 ///
-/// An application says once where its help is, on the web or in a folder beside the program:
+/// An application sets once where its help pages are, on the web or in a folder beside the program:
 ///
 ///     auto& help = zelmar::HelpLauncher::getInstance();
 ///     help.setBaseUrl(QUrl::fromLocalFile(QCoreApplication::applicationDirPath() + "/help"));
 ///     help.showHelp("files/open.html#filters"); // opens .../help/files/open.html#filters
 ///
-/// or handles topics itself, for example with a help window of its own, by setting a handler. GUI thread only.
+/// or sets a handler that shows the topics itself, for example in a help window of its own. GUI thread only.
 class COMMON_UI_QT_EXPORT HelpLauncher
 {
 public:
-    /// Gets the topic (UTF-8) as it was handed to showHelp().
+    /// A function that shows the topic (UTF-8), which it receives exactly as it was passed to showHelp().
     using Handler = std::function<void(const std::string& topic)>;
 
-    /// The one instance of the process, made at the first call.
+    /// Returns the instance of the process, which the first call creates.
     static HelpLauncher& getInstance();
 
-    /// The place below which the default handler looks for topics; see setBaseUrl(). Empty at first.
+    /// Returns the URL below which the default handler finds the topics. It is empty until setBaseUrl() is called.
     QUrl baseUrl() const;
 
-    /// Sets the place of the help pages; a final '/' may be left out. Use QUrl::fromLocalFile() for a folder.
+    /// Sets the URL of the folder that contains the help pages. A final '/' is optional. Use QUrl::fromLocalFile() for
+    /// a local folder.
     void setBaseUrl(const QUrl& url);
 
-    /// Puts `handler` in place of the default one, which opens the topic's URL with QDesktopServices. An empty
-    /// handler brings the default one back.
+    /// Replaces the handler. The default one opens the topic's URL with QDesktopServices. An empty function restores
+    /// the default handler.
     void setHandler(Handler handler);
 
-    /// Shows `topic` (UTF-8). For the default handler it is a path below the base URL, with '/' between its folders
-    /// and, if wanted, a '#' and an anchor in the page at its end.
+    /// Shows `topic` (UTF-8). For the default handler a topic is a path below the base URL with '/' as separator,
+    /// optionally followed by '#' and an anchor within the page.
     ///
-    /// A topic that cannot be shown (no base URL, a path that leads out of it or has a backslash in it, no program that
-    /// opens it) is a warning on Qt's message logger. Throws only what a handler throws.
+    /// If the topic cannot be shown, the default handler logs a warning through Qt's message logger. This happens if no
+    /// base URL is set, if the path leads out of it or contains a backslash, or if no program opens the URL. Throws
+    /// only what a handler throws.
     void showHelp(const std::string& topic);
 
 private:

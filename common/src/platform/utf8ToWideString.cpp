@@ -6,7 +6,7 @@ namespace zelmar {
 
 std::wstring utf8ToWideString(const std::string& text)
 {
-    // Qt takes a leading U+FEFF for a byte order mark and drops it; behind a blank it is a character like any other.
+    // Qt drops a leading U+FEFF as a byte order mark. The blank in front makes it an ordinary character.
     return QString::fromUtf8((" " + text).c_str(), static_cast<int>(text.size() + 1)).toStdWString().substr(1);
 }
 

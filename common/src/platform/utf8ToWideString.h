@@ -6,13 +6,13 @@
 
 namespace zelmar {
 
-/// Converts UTF-8 to wide text, in the form that the platform's `wchar_t` has: UTF-16 where it has two bytes
-/// (characters beyond U+FFFF become a surrogate pair), UTF-32 where it has four.
+/// Converts UTF-8 to a wide string: to UTF-16 if the platform's `wchar_t` has two bytes (characters beyond U+FFFF
+/// become surrogate pairs), to UTF-32 if it has four.
 ///
-/// Each byte sequence that is not valid UTF-8 becomes U+FFFD; nothing else is changed or lost: text behind an
-/// embedded NUL stays, and so does a leading U+FEFF. An empty text gives an empty text.
+/// Each invalid byte sequence becomes U+FFFD. Nothing else is changed or lost: the text after an embedded NUL and a
+/// leading U+FEFF are kept. An empty string yields an empty string.
 ///
-/// Callable from any thread. Throws only what an allocation throws.
+/// This function may be called on any thread. Throws only std::bad_alloc.
 COMMON_UI_QT_EXPORT std::wstring utf8ToWideString(const std::string& text);
 
 } // namespace zelmar

@@ -4,8 +4,10 @@
 
 namespace zelmar {
 
-/// Finds every value valid. The base is virtual on purpose: a validator that combines this one with others has one
-/// ValidatorInterface.
+/// A validator that accepts every value. Its base class is virtual, so that a validator which combines this one with
+/// others has a single ValidatorInterface.
+///
+/// Kept for existing callers, see docs/compatibility.md: virtual-validator-base.
 template <typename T>
 class AllowAnyValueValidator : public virtual ValidatorInterface<T>
 {

@@ -8,21 +8,21 @@
 
 namespace zelmar {
 
-/// The base of the exceptions that this library throws.
+/// The base class of the exceptions that this library throws.
 class COMMON_UI_QT_EXPORT ExceptionBase : public std::exception
 {
 public:
-    /// `message`: UTF-8, for a person to read.
+    /// Constructs the exception with `message`, a UTF-8 text that a person can read.
     explicit ExceptionBase(std::string message);
     ExceptionBase(const ExceptionBase&) noexcept = default;
     ExceptionBase& operator=(const ExceptionBase&) noexcept = default;
     ~ExceptionBase() override;
 
-    /// The message; valid as long as this object or a copy of it is there.
+    /// Returns the message. The pointer is valid as long as this object or a copy of it exists.
     const char* what() const noexcept override;
 
 private:
-    std::shared_ptr<const std::string> m_message; // shared: copying an exception must not throw another
+    std::shared_ptr<const std::string> m_message; // shared, because copying an exception must not throw
 };
 
 } // namespace zelmar

@@ -7,7 +7,8 @@
 
 namespace zelmar {
 
-/// Thrown by value where a property's validator refuses a value; its message is the validator's.
+/// The exception that a property throws by value when its validator rejects a value. Its message is the error string of
+/// the ValidationResult.
 class COMMON_UI_QT_EXPORT InvalidPropertyValueException : public ExceptionBase
 {
 public:

@@ -8,19 +8,20 @@
 
 namespace zelmar {
 
-/// An observable value that is kept in the object itself; see PropertyAbstract for how it is set and observed. Made
-/// with boost::make_shared and held by boost::shared_ptr.
+/// An observable property that stores its value in the object itself. PropertyAbstract describes how the value is set
+/// and observed. Create a property with boost::make_shared and hold it by boost::shared_ptr.
 template <typename T>
 class Property : public PropertyAbstract<T>
 {
 public:
-    /// A value-initialised value: 0, false, an empty string.
+    /// Value-initialises the value: 0, false or an empty string.
     Property()
         : m_value()
     {
     }
 
-    /// Neither checked nor told: there is no validator and no observer yet.
+    /// Constructs the property with `initialValue`, which is neither validated nor signalled: no validator is set and
+    /// no observer is connected yet.
     explicit Property(T initialValue)
         : m_value(std::move(initialValue))
     {

@@ -14,35 +14,38 @@
 
 namespace zelmar {
 
-/// An observable value: typed, checked by a validator before each change, and telling of each real change. Where the
-/// value is kept is for a derived class to say; zelmar::Property keeps it in itself.
+/// An observable, typed value that a validator checks before each change and that notifies its observers of each actual
+/// change. A derived class decides where the value is stored; zelmar::Property stores it in the object itself.
 ///
 ///     const auto compressed = boost::make_shared<zelmar::Property<bool>>(false);
 ///     boost::signals2::scoped_connection connection =
 ///         compressed->signalValueChanged().connect([&](bool on) { preview.setCompressed(on); });
 ///     compressed->setValue(true); // preview.setCompressed(true)
-///     compressed->setValue(true); // nothing
+///     compressed->setValue(true); // no call: the value is already true
 ///
-/// Held by boost::shared_ptr; neither copied nor moved, since observers are connected to the one object.
+/// Hold a property by boost::shared_ptr. Because observers are connected to one object, a property can be neither
+/// copied nor moved.
 ///
-/// What setValue() does, in this order, all of it before it returns:
-///  1. The validator looks at the new value, even if it is the one that is there. One that is refused changes nothing.
-///  2. A value equal to the one that is there (by T's own `==`) changes nothing and is not told.
+/// setValue() performs these steps, all of them before it returns:
+///  1. The validator checks the new value, even if it equals the current one. If it rejects the value, setValue()
+///     throws and nothing changes.
+///  2. If the new value equals the current one (by T's own `==`), setValue() returns without calling observers.
 ///  3. The value is stored.
-///  4. Observers are called with the value read back from the property, in the order in which they connected.
+///  4. The observers are called with the value read back from the property, in the order in which they connected.
 ///
-/// - An observer that sets the value again starts the same sequence within its own call: all observers hear of the
-///   newer value first, and those that come after it then of the older one, with value() already the newer. An observer
-///   that must not act on what is past compares with value(). One that always sets another value never ends.
-/// - An exception thrown by an observer passes out of setValue(); the value stays set, and the observers that come
-///   after it are not called.
-/// - A validator's exception passes out of setValue(), and nothing has changed.
-/// - An observer may be disconnected, or another connected, at any time; one that is connected by an observer is first
-///   called for the next change.
-/// - An observer must not destroy the property: the caller of setValue() holds a shared_ptr for as long.
+/// - An observer may set the value again, which starts the same steps within its call. All observers then receive the
+///   newer value first, and the remaining ones receive the older value afterwards, when value() is already the newer
+///   one. An observer that must ignore outdated values compares its argument with value(). An observer that always sets
+///   a different value causes an endless recursion.
+/// - An exception thrown by an observer propagates out of setValue(). The value stays set, and the remaining observers
+///   are not called.
+/// - An exception thrown by the validator propagates out of setValue(), and nothing has changed.
+/// - Observers may be connected and disconnected at any time, also by observers. An observer that is connected by
+///   another observer is first called for the next change.
+/// - An observer must not destroy the property. The caller of setValue() holds a shared_ptr until it returns.
 ///
-/// A NaN is equal to nothing, and so told each time that it is set. Threads: connecting and disconnecting are guarded;
-/// values are for the GUI thread.
+/// A NaN never equals the current value, so observers are called each time it is set. Connecting and disconnecting are
+/// thread-safe; the value may be used on the GUI thread only.
 template <typename T>
 class PropertyAbstract : public PropertyItemInterface
 {
@@ -57,18 +60,20 @@ public:
     ~PropertyAbstract() override = default;
 
 protected:
-    /// For derived classes; does nothing, and nothing here calls it.
+    /// Does nothing. A hook for derived classes, which the library never calls.
+    ///
+    /// Kept for existing callers, see docs/compatibility.md: property-hook.
     virtual void onPropertyHook() {}
 
-    /// Stores `value`: no check, no signal.
+    /// Stores `value` without validating it and without calling observers.
     virtual void assignValue(const T& value) = 0;
 
 public:
-    /// Whether setValue(value) would find the value there already.
+    /// Returns whether `value` equals the current value, in which case setValue() changes nothing.
     virtual bool isCurrentValue(const T& value) const { return value == this->value(); }
 
-    /// Throws InvalidPropertyValueException, with the validator's text as its message, when the validator refuses
-    /// `value`.
+    /// Validates `value`. Throws InvalidPropertyValueException with the validator's error string if the validator
+    /// rejects it.
     virtual void validateValue(const T& value) const
     {
         const ValidationResult result = m_validator->validate(value);
@@ -76,7 +81,7 @@ public:
             throw InvalidPropertyValueException(result.errorString());
     }
 
-    /// A copy of the value.
+    /// Returns a copy of the current value.
     virtual T value() const = 0;
 
 protected:
@@ -84,8 +89,8 @@ protected:
     virtual void emitValueChanged(const T& value) { m_signalValueChanged(value); }
 
 public:
-    /// Sets the value, see above. Throws InvalidPropertyValueException when the validator refuses it, and what
-    /// observers throw.
+    /// Sets the value as described for the class. Throws InvalidPropertyValueException if the validator rejects it, and
+    /// passes on every exception of an observer.
     void setValue(const T& newValue)
     {
         validateValue(newValue);
@@ -95,12 +100,12 @@ public:
         emitValueChanged(value());
     }
 
-    /// Where observers connect: slots of `void(const T&)`, called with the new value after each real change. The
-    /// argument is valid during the call.
+    /// Returns the signal to which observers connect slots of the type `void(const T&)`. They are called with the new
+    /// value after each actual change. The argument is valid during the call only.
     Signal& signalValueChanged() { return m_signalValueChanged; }
 
-    /// Puts `validator` in charge of all changes from now on; the value that is there is not looked at. Null stands for
-    /// one that allows every value.
+    /// Replaces the validator for all following changes. The current value is not validated again. If `validator` is
+    /// null, every value is accepted.
     void setValidator(boost::shared_ptr<ValidatorInterface<T>> validator)
     {
         m_validator = validator ? std::move(validator) : boost::make_shared<AllowAnyValueValidator<T>>();
@@ -109,7 +114,7 @@ public:
 protected:
     Signal m_signalValueChanged;
     boost::shared_ptr<ValidatorInterface<T>> m_validator; // never null
-    boost::weak_ptr<PropertyAbstract<T>> m_trackedSelf;   // kept for the layout; nothing here uses it
+    boost::weak_ptr<PropertyAbstract<T>> m_trackedSelf;   // never used. Compatibility: tracked-self-member
 };
 
 } // namespace zelmar

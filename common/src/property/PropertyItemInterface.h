@@ -4,7 +4,7 @@
 
 namespace zelmar {
 
-/// The base of every observable value, whatever its type: something to hold values of several types by.
+/// The common base class of all properties, by which properties of different value types can be held.
 class COMMON_UI_QT_EXPORT PropertyItemInterface
 {
 public:
@@ -13,8 +13,11 @@ public:
     PropertyItemInterface& operator=(const PropertyItemInterface&) = delete;
 
 private:
-    /// For a value that wants to know when it is first observed. Nothing here calls or overrides it.
-    virtual void signalPropertyChangedConnected() const; // first of all: the order of virtual functions is fixed
+    /// Does nothing. A hook for properties that want to know when they are first observed; the library neither calls
+    /// nor overrides it. It precedes the destructor because the order of the virtual functions is fixed.
+    ///
+    /// Kept for existing callers, see docs/compatibility.md: property-changed-connected-hook.
+    virtual void signalPropertyChangedConnected() const;
 
 public:
     virtual ~PropertyItemInterface();

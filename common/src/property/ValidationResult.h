@@ -6,25 +6,25 @@
 
 namespace zelmar {
 
-/// What a validator has to say about a value: that it is good, or why it is not.
+/// The result of a validation: either valid, or invalid for a reason.
 class COMMON_UI_QT_EXPORT ValidationResult
 {
 public:
-    /// Valid.
+    /// Constructs a valid result.
     ValidationResult() = default;
 
-    /// Not valid, for the reason `errorString` (UTF-8), which may be empty.
+    /// Constructs an invalid result with the reason `errorString` (UTF-8), which may be empty.
     explicit ValidationResult(std::string errorString);
 
     ValidationResult(const ValidationResult&) = default;
     ValidationResult(ValidationResult&&) noexcept = default;
     ValidationResult& operator=(const ValidationResult&) = default;
     ValidationResult& operator=(ValidationResult&&) noexcept = default;
-    virtual ~ValidationResult() = default; // inline: setting a value makes and drops one
+    virtual ~ValidationResult() = default; // inline for speed: each setValue() destroys a result
 
     bool isValid() const { return m_valid; }
 
-    /// Empty for a valid result.
+    /// Returns the reason why the value is invalid, or an empty string for a valid result.
     std::string errorString() const { return m_errorString; }
 
 private:

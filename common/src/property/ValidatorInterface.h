@@ -4,7 +4,7 @@
 
 namespace zelmar {
 
-/// Decides which values a property takes.
+/// An interface that decides which values a property accepts.
 ///
 ///     struct NotNegative : zelmar::ValidatorInterface<int>
 ///     {
@@ -17,7 +17,8 @@ template <typename T>
 class ValidatorInterface
 {
 public:
-    /// Called before each change, and for the value that is there already, too.
+    /// Returns whether `value` is valid. A property calls this function at the start of each setValue(), even if
+    /// `value` equals its current value.
     virtual ValidationResult validate(const T& value) const = 0;
 
     virtual ~ValidatorInterface() = default;

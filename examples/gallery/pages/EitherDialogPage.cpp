@@ -26,7 +26,7 @@ QString tr(const char* text)
     return EitherDialogPage::tr(text);
 }
 
-/// Dialogs made in its life are of the one kind or the other.
+/// A guard that selects the kind of the dialogs that are created during its lifetime.
 class KindSwitch
 {
 public:

@@ -12,8 +12,8 @@ class QPushButton;
 
 namespace gallery {
 
-/// The same tasks twice, side by side: with the system's file dialog and with the one that Qt draws, through the
-/// interface that an application uses without knowing which it is.
+/// A page with the same tasks for the native and for the Qt-drawn file dialog side by side, through the facade with
+/// which an application need not know the kind of the dialog.
 class EitherDialogPage : public GalleryPage
 {
     Q_OBJECT
@@ -28,9 +28,9 @@ private:
     struct Task
     {
         QString text;
-        std::function<QStringList(QWidget* window)> run; ///< what came of it, for people
+        std::function<QStringList(QWidget* window)> run; ///< runs the task and returns the result as lines for the user
     };
-    /// One kind of dialog, with a button for each task.
+    /// A kind of dialog with a button for each task.
     struct Family
     {
         QString name;

@@ -9,19 +9,20 @@
 
 namespace gallery {
 
-/// One way to use a file dialog: everything in which the pages of file dialogs differ.
+/// An example of the use of a file dialog, with everything in which the pages of file dialogs differ.
 struct FileDialogExample
 {
-    QString title;       ///< of the page and of the dialog
-    QString description; ///< of the page
-    QString buttonText;  ///< with a mnemonic
+    QString title;       ///< the title of the page and of the dialog
+    QString description; ///< the description of the page
+    QString buttonText;  ///< the text of the button with a mnemonic
     QFileDialog::AcceptMode acceptMode = QFileDialog::AcceptOpen;
-    QFileDialog::FileMode fileMode = QFileDialog::ExistingFile; ///< Directory lists directories only
+    QFileDialog::FileMode fileMode = QFileDialog::ExistingFile; ///< Directory shows only directories
     QStringList nameFilters;
     std::string helpTopic;
     std::string geometryKey;
 
-    /// What the tour types, names in the current folder, and the filter that it picks before; -1 for none.
+    /// The names in the current folder that the tour types, and the 0-based index of the filter that it selects first;
+    /// -1 for none.
     QStringList tourNames;
     int tourFilter = -1;
 };

@@ -7,21 +7,22 @@
 
 namespace gallery {
 
-/// What a file dialog says after it was closed.
+/// The result of a file dialog.
 struct FileDialogOutcome
 {
     bool accepted = false;
     QString directory;
     QStringList files;    ///< absolute paths; empty unless accepted
     QString filter;       ///< empty in a dialog without filters
-    int filterIndex = -1; ///< from 0; -1 in a dialog without filters
+    int filterIndex = -1; ///< 0-based; -1 in a dialog without filters
 
-    /// `dialog`: a QFileDialog or what is shaped like one. `result` is what its exec() returned.
+    /// Reads the result of `dialog`, a QFileDialog or a class with the same functions. `result` is the return value of
+    /// its exec().
     template <typename Dialog>
     FileDialogOutcome(const Dialog& dialog, int result)
         : accepted(result == QDialog::Accepted)
         , directory(dialog.directory().absolutePath())
-        // What was marked in a cancelled dialog was not chosen.
+        // Files that are selected in a cancelled dialog were not chosen.
         , files(accepted ? dialog.selectedFiles() : QStringList())
         , filterIndex(dialog.nameFilters().indexOf(dialog.selectedNameFilter()))
     {
@@ -29,7 +30,7 @@ struct FileDialogOutcome
             filter = dialog.selectedNameFilter();
     }
 
-    /// For people, one fact a line.
+    /// Returns the result as text for the user with one fact per line.
     [[nodiscard]] QStringList lines() const;
 };
 

@@ -14,7 +14,7 @@ namespace gallery {
 
 namespace {
 
-/// As a user types them: one name as it is, several in quotes.
+/// Returns the names as a user types them: a single name unquoted, several names in double quotes.
 QString typedNames(const QStringList& names)
 {
     if (names.size() == 1)
@@ -30,7 +30,7 @@ QStringList pathsInCurrentFolder(const QStringList& names)
     return paths;
 }
 
-/// A dialog with filters starts with the first.
+/// Returns the index of the filter that is selected after the tour. A dialog with filters starts with the first one.
 int filterAfterTour(const FileDialogExample& example)
 {
     if (example.nameFilters.isEmpty())

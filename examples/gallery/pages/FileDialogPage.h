@@ -11,7 +11,7 @@ class QPushButton;
 
 namespace gallery {
 
-/// Runs a QExtendedFileDialog set up as an example says, and shows what the user has chosen in it.
+/// A page that runs a QExtendedFileDialog as configured by an example and shows the choice of the user.
 class FileDialogPage : public GalleryPage
 {
     Q_OBJECT
@@ -31,7 +31,7 @@ private:
     FileDialogExample m_example;
     QPushButton* m_button;
     QPlainTextEdit* m_result;
-    std::optional<FileDialogOutcome> m_outcome; ///< of the last run
+    std::optional<FileDialogOutcome> m_outcome; ///< the result of the last run
 };
 
 } // namespace gallery

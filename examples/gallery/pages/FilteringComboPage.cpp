@@ -33,7 +33,7 @@ namespace {
 constexpr int counts[] = {10, 10000, 1000000};
 constexpr int channels = 12;
 
-/// To the window, from where keys go to whatever has popped up.
+/// Sends the key to the window, from which Qt forwards it to an open popup.
 void press(QWidget& window, Qt::Key key)
 {
     QTest::keyClick(window.windowHandle(), key);

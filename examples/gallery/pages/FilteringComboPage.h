@@ -15,8 +15,8 @@ class ComboBoxAutoFilter;
 
 namespace gallery {
 
-/// The filtering combo box in its two roles, over lists of up to a million names: in the place of a value in a form,
-/// and as the editor of a table's cells.
+/// A page with the filtering combo box for lists of up to a million names in its two uses: as the editor of a value in
+/// a form and as the editor of table cells.
 class FilteringComboPage : public GalleryPage
 {
     Q_OBJECT
@@ -42,10 +42,10 @@ private:
 
     QStringListModel* m_names;
     QComboBox* m_counts;
-    QStackedWidget* m_field; ///< the value, or the box while it is changed
+    QStackedWidget* m_field; ///< shows the value, or the combo box during editing
     QPushButton* m_value;
     QLabel* m_end;
-    zelmar::ui::ComboBoxAutoFilter* m_box = nullptr; ///< null when nothing is changed
+    zelmar::ui::ComboBoxAutoFilter* m_box = nullptr; ///< null unless the value is being edited
     QTableView* m_table;
 };
 

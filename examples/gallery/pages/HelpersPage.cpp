@@ -44,7 +44,7 @@ QString cursorName()
     return cursor->shape() == Qt::WaitCursor ? HelpersPage::tr("wait") : HelpersPage::tr("another one");
 }
 
-/// Half a second in which windows are painted and nobody can click.
+/// Works for half a second, in which windows are painted and mouse clicks are ignored.
 void doSomeWork()
 {
     QEventLoop loop;

@@ -17,7 +17,7 @@ class QtSignalConnectionCollection;
 
 namespace gallery {
 
-/// The helpers, each to be tried: cursors around some work, connections that are cut, the main window, and fonts.
+/// A page on which each helper can be tried: override cursors during work, disconnecting, the main window, and fonts.
 class HelpersPage : public GalleryPage
 {
     Q_OBJECT
@@ -45,7 +45,7 @@ private:
     QPushButton* m_sender;
     QLabel* m_heard;
     int m_heardTimes = 0;
-    std::unique_ptr<zelmar::ui::QtSignalConnectionCollection> m_connections; ///< null while nothing is connected
+    std::unique_ptr<zelmar::ui::QtSignalConnectionCollection> m_connections; ///< null if nothing is connected
     QCheckBox* m_refresh;
     QPushButton* m_find;
     QLabel* m_found;

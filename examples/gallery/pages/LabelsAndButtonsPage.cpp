@@ -45,7 +45,7 @@ LabelsAndButtonsPage::LabelsAndButtonsPage()
 
 LabelsAndButtonsPage::~LabelsAndButtonsPage()
 {
-    // They go before the styles that they are drawn in.
+    // Deletes the buttons before the styles that they use.
     qDeleteAll(m_buttons);
 }
 
@@ -79,7 +79,7 @@ QWidget* LabelsAndButtonsPage::makeSplitter()
     m_splitter->addWidget(rest);
     m_splitter->setChildrenCollapsible(false);
     m_splitter->setSizes({1000, 1000});
-    // After the label has been painted at its new width, which is when its tool tip follows.
+    // The label updates its tool tip when it is painted at the new width, which the queued call waits for.
     connect(m_splitter, &QSplitter::splitterMoved, this, &LabelsAndButtonsPage::showToolTip, Qt::QueuedConnection);
     return m_splitter;
 }
@@ -114,7 +114,7 @@ void LabelsAndButtonsPage::addButton(QGridLayout& grid, const QString& styleName
 void LabelsAndButtonsPage::showText(const QString& text)
 {
     for (ElidedTextLabel* label : qAsConst(m_labels)) {
-        // What was the label's own tool tip would be taken for the application's beside another text.
+        // With another text the label would treat its old tool tip as a tool tip of the application.
         if (!m_ownToolTip->isChecked())
             label->setToolTip(QString());
         label->setText(text);

@@ -22,8 +22,8 @@ class CorrectFontCommandLinkButton;
 
 namespace gallery {
 
-/// The eliding label at three widths and at one that the user drags, and the command link in three styles, with their
-/// texts to be changed.
+/// A page with the eliding label at three fixed widths and at an adjustable one, and with the command link button in
+/// three styles. The texts can be edited.
 class LabelsAndButtonsPage : public GalleryPage
 {
     Q_OBJECT

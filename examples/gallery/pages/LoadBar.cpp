@@ -28,7 +28,7 @@ LoadBar::~LoadBar() = default;
 
 void LoadBar::start(const QString& name)
 {
-    // A file may be called anything; the bar and the button need their room.
+    // A long file name must leave space for the progress bar and the button.
     const QString shown = fontMetrics().elidedText(name, Qt::ElideMiddle, fontMetrics().averageCharWidth() * 30);
     m_label->setText(tr("Loading %1").arg(shown));
     m_bar->setValue(0);

@@ -8,7 +8,7 @@ class QPushButton;
 
 namespace gallery {
 
-/// One line that tells how far loading has come, with a button to cancel it.
+/// A line with the progress of loading and a button that cancels it.
 class LoadBar : public QWidget
 {
     Q_OBJECT
@@ -17,7 +17,7 @@ public:
     LoadBar();
     ~LoadBar() override;
 
-    /// Begins anew at 0 percent, with the file name `name`.
+    /// Starts again at 0 percent with the file name `name`.
     void start(const QString& name);
     void setPercent(int percent);
     QPushButton& cancelButton() { return *m_cancel; }

@@ -7,8 +7,8 @@ class QPlainTextEdit;
 
 namespace gallery {
 
-/// Messages that stay until the user has them cleared, the last one at the bottom. Hidden while there is
-/// none.
+/// A list of messages that stay until the user clears them, with the latest at the bottom. It is hidden while it is
+/// empty.
 class MessageArea : public QWidget
 {
     Q_OBJECT
@@ -17,10 +17,10 @@ public:
     MessageArea();
     ~MessageArea() override;
 
-    /// Plain text.
+    /// Appends a message in plain text.
     void add(const QString& message);
     void clear();
-    /// All messages, one a line.
+    /// Returns all messages, one per line.
     [[nodiscard]] QString text() const;
 
 private:

@@ -14,8 +14,8 @@ namespace gallery {
 
 namespace {
 
-/// Of the editor: what the user has typed or picked last. The box itself takes the first name that contains it when it
-/// closes, which is not what a cell of any text is to become.
+/// The property of the editor with the text that the user has typed or selected last. When the combo box closes, it
+/// takes the first name that contains this text, which must not become the value of a cell that accepts any text.
 const char* const ownText = "ownText";
 
 } // namespace
@@ -47,7 +47,7 @@ void NameDelegate::followText(ComboBoxAutoFilter& box) const
     const auto follow = [&box](const QString& text) { box.setProperty(ownText, text); };
     connect(box.lineEdit(), &QLineEdit::textEdited, &box, follow);
     connect(box.completer(), QOverload<const QString&>::of(&QCompleter::highlighted), &box, [&box, follow] {
-        // Once the text field has it; the first completion is marked only.
+        // Queued until the line edit contains the text. The first completion is only highlighted.
         QMetaObject::invokeMethod(
             &box, [&box, follow] { follow(box.lineEdit()->text()); }, Qt::QueuedConnection);
     });
@@ -85,7 +85,8 @@ bool NameDelegate::eventFilter(QObject* editor, QEvent* event)
 {
     if (!qobject_cast<ComboBoxAutoFilter*>(editor))
         return TableDelegate::eventFilter(editor, event);
-    // The keys are the box's own. When it has closed, it says itself how; a click elsewhere takes what is there.
+    // The combo box handles the keys and reports by a signal how editing ended. A click elsewhere commits the current
+    // text.
     const bool isLeft = event->type() == QEvent::FocusOut && qobject_cast<QWidget*>(editor)->isVisible();
     return isLeft && TableDelegate::eventFilter(editor, event);
 }

@@ -10,19 +10,19 @@ class ComboBoxAutoFilter;
 
 namespace gallery {
 
-/// Edits the cells of a table through a combo box that filters names.
+/// A delegate that edits table cells with a combo box that filters names.
 class NameDelegate : public TableDelegate
 {
     Q_OBJECT
 
 public:
-    /// What a cell may be.
+    /// The texts that a cell accepts.
     enum class Entry {
-        Name,    ///< one of the names; what is none leaves the cell as it was
-        AnyText, ///< what stands in the text field, letter for letter; the names are an offer
+        Name,    ///< one of the names; any other text leaves the cell unchanged
+        AnyText, ///< the exact text of the line edit; the names are suggestions
     };
-    /// The names for a cell, asked for when its editing begins. A model that is made for it belongs to `editor`. Null
-    /// for a cell that is edited in the usual way.
+    /// A function that returns the names for a cell when its editing begins, or null for a cell with the default
+    /// editor. The parent of a newly created model must be `editor`.
     using NamesFor = std::function<QAbstractItemModel*(const QModelIndex& index, QObject* editor)>;
 
     NameDelegate(Entry entry, NamesFor namesFor, QObject* parent);

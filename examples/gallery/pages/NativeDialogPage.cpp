@@ -28,7 +28,7 @@ QString onOrOff(bool on)
     return on ? NativeDialogPage::tr("on") : NativeDialogPage::tr("off");
 }
 
-/// By its text, without the mnemonic.
+/// Finds a button by its text without the mnemonic.
 QAbstractButton* buttonOf(const QFileDialog& dialog, const QString& text)
 {
     const auto buttons = dialog.findChildren<QAbstractButton*>();
@@ -44,7 +44,7 @@ void press(const QFileDialog& dialog, const QString& text)
         button->click();
 }
 
-/// Picks an item of the menu on the accept button.
+/// Selects an item of the menu on the accept button.
 void pick(const QFileDialog& dialog, const QString& text)
 {
     const auto menus = dialog.findChildren<QMenu*>();
@@ -113,7 +113,7 @@ void NativeDialogPage::runDialog()
     logOutcome(dialog, accepted);
 }
 
-/// One check box enables a button, the other shows one, and a button closes the dialog.
+/// Adds a check box that enables a button, a check box that shows a button, and a button that closes the dialog.
 void NativeDialogPage::addControls(ExtendedWinFileDialog& dialog)
 {
     dialog.addCustomCheckBox(tr("&Preview").toStdString(), m_preview);

@@ -15,8 +15,8 @@ class QPushButton;
 
 namespace gallery {
 
-/// Runs the system's file dialog with buttons, check boxes and a menu on its accept button, some of which switch others
-/// on and off while it is open, and logs what happens in it.
+/// A page that runs the native file dialog with buttons, check boxes and a menu on its accept button, and logs its
+/// events. Some controls enable or disable others while the dialog is open.
 class NativeDialogPage : public GalleryPage
 {
     Q_OBJECT
@@ -36,7 +36,7 @@ private:
     void addMenu(ExtendedWinFileDialog& dialog);
     void logOutcome(ExtendedWinFileDialog& dialog, bool accepted);
     void log(const QString& line);
-    /// Calls `step` with each new value as long as the dialog is there.
+    /// Calls `step` with each new value as long as the dialog is open.
     void observe(const BoolProperty& property, const QString& name, std::function<void(bool)> step);
 
     void useDialogInTour(Tour& tour);
@@ -44,7 +44,7 @@ private:
 
     const BoolProperty m_preview;
     const BoolProperty m_expert;
-    std::vector<boost::signals2::scoped_connection> m_connections; ///< of the dialog that is open
+    std::vector<boost::signals2::scoped_connection> m_connections; ///< the connections of the open dialog
     QCheckBox* m_save;
     QCheckBox* m_menu;
     QPushButton* m_button;

@@ -103,7 +103,7 @@ void NumberFieldsPage::addSettings(QFormLayout& form)
 void NumberFieldsPage::connectSettings()
 {
     connect(&typedText(), &QLineEdit::textChanged, this, &NumberFieldsPage::showState);
-    // What the field itself writes into its line edit is not told there.
+    // The spin box blocks the signals of its line edit while it writes its own text.
     connect(m_number, &QDoubleSpinBox::editingFinished, this, &NumberFieldsPage::showState);
     connect(m_number, QOverload<double>::of(&QDoubleSpinBox::valueChanged), this, &NumberFieldsPage::showState);
     connect(m_number, QOverload<double>::of(&QDoubleSpinBox::valueChanged), this, &NumberFieldsPage::showValue);

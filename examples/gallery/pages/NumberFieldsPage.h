@@ -17,7 +17,7 @@ class QScientificSpinBox;
 
 namespace gallery {
 
-/// The two number fields, with what can be set on them, and what the field makes of the text while it is typed.
+/// A page with the two number fields, their settings, and the state and value of the text while it is typed.
 class NumberFieldsPage : public GalleryPage
 {
     Q_OBJECT

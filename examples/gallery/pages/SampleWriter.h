@@ -6,12 +6,12 @@
 
 namespace gallery {
 
-/// A way to write the sample of the save flow's page.
+/// A writer of a sample file on the page of the save flow.
 struct SampleWriter
 {
     QString name;       ///< "Tables"
-    QString nameFilter; ///< as file dialogs take it
-    QByteArray sample;  ///< what is written
+    QString nameFilter; ///< in the syntax of QFileDialog
+    QByteArray sample;  ///< the content of the file
 };
 
 QVector<SampleWriter> sampleWriters();

@@ -20,7 +20,7 @@ namespace gallery {
 
 namespace {
 
-/// Shows that the texts are the caller's to choose: it names the file without its folders.
+/// A message handler that demonstrates texts of the application's own: it names the file without its folder.
 class ShortWording : public zelmar::DefaultSaveFileMessageHandler
 {
 public:
@@ -126,7 +126,7 @@ void SaveFlowPage::save()
         m_result->setPlainText(tr("Nothing was saved."));
 }
 
-/// Writes the sample, and tells what was chosen and what came of it.
+/// Writes the sample file and returns a description of the choice and of the result.
 QString SaveFlowPage::written(const SaveFileQtDialog& flow) const
 {
     const QString name = QString::fromStdString(flow.selectedFilename());

@@ -11,8 +11,8 @@ class SaveFileQtDialog;
 
 namespace gallery {
 
-/// Runs the save flow with a table of writers, one of them preselected, and writes a small sample with the one that the
-/// user has chosen.
+/// A page that runs the save flow with a table of writers, one of which is preselected, and writes a small sample file
+/// with the writer that the user chooses.
 class SaveFlowPage : public GalleryPage
 {
     Q_OBJECT

@@ -24,7 +24,7 @@ namespace gallery {
 
 namespace {
 
-// Of a long text the beginning is enough, and laid out at once.
+// The beginning of a long text suffices and is laid out quickly.
 constexpr int longestShownText = 2000;
 
 QString columnName(int column)
@@ -32,7 +32,7 @@ QString columnName(int column)
     return QString(QChar('A' + column));
 }
 
-/// Cells that are called as in a spreadsheet; some of them cannot be copied, and say so.
+/// Returns a model whose cells contain their spreadsheet names. Some cells cannot be copied, as their texts say.
 std::unique_ptr<QAbstractItemModel> makeFewCells()
 {
     auto model = std::make_unique<QStandardItemModel>(6, 5);

@@ -14,7 +14,8 @@ namespace gallery {
 
 class TableView;
 
-/// A table with cells that cannot be copied, or one of a million numbers, and what was copied of it.
+/// A page with a table, either one in which some cells cannot be copied or one of a million numbers, and the copied
+/// text.
 class TableCopyPage : public GalleryPage
 {
     Q_OBJECT

@@ -4,7 +4,7 @@
 
 namespace gallery {
 
-/// Draws the cells of a table. A text of megabytes costs no more than what fits a screen.
+/// A delegate that draws table cells. A text of megabytes takes no longer than the part that fits on a screen.
 class TableDelegate : public QStyledItemDelegate
 {
     Q_OBJECT

@@ -38,11 +38,11 @@ namespace gallery {
 
 namespace {
 
-// Enough for an offer, and soon looked through.
+// Enough rows for suggestions, which are searched quickly.
 const int rowsLookedAt = 100000;
 const int longestName = 200;
 
-/// Filters for opening, in the syntax of file dialogs: all kinds of tables together, then one by one.
+/// Returns the name filters for opening: first all formats together, then each format.
 std::vector<std::string> openFilters()
 {
     QStringList patterns;
@@ -55,7 +55,7 @@ std::vector<std::string> openFilters()
     return filters;
 }
 
-/// Filters for saving: one for each writer, in the order of the formats.
+/// Returns the name filters for saving: one for each writer, in the order of the formats.
 std::vector<std::string> saveFilters()
 {
     std::vector<std::string> filters;
@@ -69,7 +69,7 @@ int indexOfFormat(const QString& path)
     return int(&tableFormatForPath(path) - tableFormats().constData());
 }
 
-/// What a cell of a column of texts may well be: what others in it are.
+/// Returns suggestions for a cell of a text column: the texts of the other cells in the column.
 QAbstractItemModel* otherTexts(const TableModel& model, const QModelIndex& index, QObject* editor)
 {
     if (model.columnKind(index.column()) != ColumnKind::Text)
@@ -180,7 +180,7 @@ bool TableEditorPage::mayLeave()
                   == QMessageBox::Yes;
 }
 
-/// Empty when the user has cancelled.
+/// Returns the chosen path, or an empty text if the user has cancelled.
 QString TableEditorPage::askForPath()
 {
     std::vector<std::string> shown;
@@ -198,10 +198,10 @@ void TableEditorPage::startLoading(const QString& path)
     m_loadingPath = path;
     m_loadBar->start(QFileInfo(path).fileName());
     m_statusLine->setCurrentWidget(m_loadBar);
-    // What was edited or saved from here on would be of a table that is about to go.
+    // Prevents editing and saving of a table that will be replaced.
     m_saveButton->setEnabled(false);
     m_view->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    // Not an override cursor: reading ends when it likes, which may be while a dialog has its own on the stack.
+    // Not an override cursor, because loading may end while a dialog has its own entry on the override cursor stack.
     m_view->setCursor(Qt::BusyCursor);
     m_loader->load(path);
 }
@@ -225,7 +225,7 @@ void TableEditorPage::onLoaded(const TableResult& result)
 
 void TableEditorPage::hideLoadBar()
 {
-    // The keyboard is not to go away with the Cancel button.
+    // Keeps the keyboard focus in the page when the Cancel button is hidden.
     const bool hadFocus = m_loadBar->isAncestorOf(window()->focusWidget());
     m_statusLine->setCurrentWidget(m_facts);
     m_saveButton->setEnabled(!m_path.isEmpty());
@@ -237,7 +237,7 @@ void TableEditorPage::hideLoadBar()
 
 void TableEditorPage::showTable(const std::shared_ptr<TableDocument>& document)
 {
-    // What the window stands still for: a moment with a hundred columns.
+    // The following steps block the GUI for a moment if there are a hundred columns.
     const zelmar::ui::OverrideCursor cursor(Qt::WaitCursor);
     m_model->setDocument(document);
     m_view->fitColumns();
@@ -251,7 +251,7 @@ void TableEditorPage::showTable(const std::shared_ptr<TableDocument>& document)
 void TableEditorPage::showPath(const QString& path)
 {
     m_path = path;
-    // Or the label would take the last path, which it has as tool tip, for the page's own.
+    // Otherwise the label would treat the old path as a tool tip of the application.
     m_pathLabel->setToolTip(QString());
     m_pathLabel->setText(QDir::toNativeSeparators(path));
 }
@@ -281,7 +281,7 @@ void TableEditorPage::saveTable()
     if (!flow.launch())
         return;
     m_saveButton->setEnabled(false);
-    m_openButton->setEnabled(false); // onSaved() speaks of the table that is shown
+    m_openButton->setEnabled(false); // onSaved() assumes that the shown table is the saved one
     m_editedWhileSaved = false;
     m_whileSaving = std::make_unique<zelmar::ui::QtSignalConnectionCollection>();
     m_whileSaving->add(connect(m_model, &TableModel::dataChanged, this, [this] { m_editedWhileSaved = true; }));
@@ -341,7 +341,7 @@ void TableEditorPage::tourGoodTable(Tour& tour)
     tour.takePicture();
 }
 
-/// A cell is drawn no longer than anybody reads, but copied as it is.
+/// Verifies that a cell with a long text is drawn abridged but copied completely.
 void TableEditorPage::tourCopiedCells(Tour& tour)
 {
     const QClipboard& clipboard = *QGuiApplication::clipboard();
@@ -369,7 +369,7 @@ void TableEditorPage::tourCopiedCells(Tour& tour)
     m_view->setCurrentIndex(first);
 }
 
-/// What is saved opens again to the same table, in each format.
+/// Verifies for each format that a saved table is the same when it is opened again.
 void TableEditorPage::tourSavedTables(Tour& tour)
 {
     const QString edited = QStringLiteral("edited, \"quoted\"\nin two lines\tand with a tab");
@@ -390,7 +390,7 @@ void TableEditorPage::tourSavedTables(Tour& tour)
 
 void TableEditorPage::saveInTour(Tour& tour, const QString& name, int format)
 {
-    // Without its extension, which is the flow's to add; the first one is the format that the table has already.
+    // Types the name without its extension, which the save flow appends. The first filter is the current format.
     tour.acceptFileDialog(
         {QFileInfo(name).completeBaseName(), format, format == 0 ? QStringLiteral("save") : QString()},
         [this] { m_saveButton->click(); });

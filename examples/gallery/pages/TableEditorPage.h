@@ -26,9 +26,9 @@ class TableModel;
 class TableSaver;
 class TableView;
 
-/// A small real application: opens a table of any size through a file dialog, reads it in the background, shows
-/// it to be edited, and saves it through the save flow, with one writer for each kind of file. The table that is shown
-/// stays until another one is complete, and edits are not lost without a question.
+/// A page with a small real application: it opens a table of any size with a file dialog, reads it in the background,
+/// shows it for editing, and saves it with the save flow, with one writer per file format. The current table stays
+/// until the next one is complete, and edits are never lost without a question.
 class TableEditorPage : public GalleryPage
 {
     Q_OBJECT
@@ -71,18 +71,18 @@ private:
     QPushButton* m_saveButton;
     ElidedTextLabel* m_pathLabel;
     TableView* m_view;
-    const QAbstractItemView::EditTriggers m_editTriggers; ///< of the view, while nothing is loading
+    const QAbstractItemView::EditTriggers m_editTriggers; ///< the triggers of the view unless a table is loading
     TableModel* m_model;
     TableLoader* m_loader;
     TableSaver* m_saver;
-    QStackedWidget* m_statusLine; ///< the facts, or the bar while something is loading
+    QStackedWidget* m_statusLine; ///< shows facts of the table, or the bar while a table is loading
     QLabel* m_facts;
     LoadBar* m_loadBar;
     MessageArea* m_messages;
-    QString m_loadingPath; ///< of the load under way, or of the last one
-    QString m_path;        ///< of the table that is shown; empty when none is
-    std::unique_ptr<zelmar::ui::QtSignalConnectionCollection> m_whileSaving; ///< null while nothing is saved
-    bool m_editedWhileSaved = false; ///< so that what was saved is older than what is shown
+    QString m_loadingPath; ///< the path of the running or the last load
+    QString m_path;        ///< the path of the shown table; empty if there is none
+    std::unique_ptr<zelmar::ui::QtSignalConnectionCollection> m_whileSaving; ///< null unless a table is being saved
+    bool m_editedWhileSaved = false; ///< the saved table is older than the shown one
 };
 
 } // namespace gallery

@@ -13,7 +13,7 @@ namespace gallery {
 
 namespace {
 
-// Enough for what a screen shows; all of a wide table would take minutes.
+// More columns than fit on a screen. Fitting all columns of a wide table would take minutes.
 const int fittedColumns = 100;
 const int fittedRows = 100;
 
@@ -22,7 +22,7 @@ bool fits(const QHeaderView& header, int sections)
     return sections <= std::numeric_limits<int>::max() / header.defaultSectionSize();
 }
 
-/// With the keys that do the same already: they are for show only.
+/// Appends the keys to the text of an action, only for information, because the keys are handled elsewhere.
 QString textWithKeys(const QString& text, QKeySequence::StandardKey keys)
 {
     return text + QLatin1Char('\t') + QKeySequence(keys).toString(QKeySequence::NativeText);
@@ -35,13 +35,13 @@ TableView::TableView()
 {
     setItemDelegate(new TableDelegate(this));
     addContextMenu();
-    // Tab goes on to the next widget, as nobody would get out of the table by keyboard otherwise.
+    // Tab moves to the next widget, because the keyboard could not leave the table otherwise.
     setTabKeyNavigation(false);
     setWordWrap(false);
     setAlternatingRowColors(true);
     horizontalHeader()->setResizeContentsPrecision(fittedRows);
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() * 3 / 2);
-    // Row numbers have the width of the last one, instead of a look at each.
+    // The width of the row numbers is that of the last one, so that not every row is measured.
     verticalHeader()->setResizeContentsPrecision(0);
 }
 

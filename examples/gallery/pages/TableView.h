@@ -8,8 +8,8 @@ class TableCopyHandler;
 
 namespace gallery {
 
-/// A table view for tables of any length: what it does with a new table does not depend on the number of its
-/// rows. Its selected cells are copied with the Copy keys, and from a context menu.
+/// A table view for tables of any length: the time for showing a new table does not depend on the number of its rows.
+/// The Copy keys and a context menu copy its selected cells.
 class TableView : public QTableView
 {
     Q_OBJECT
@@ -18,11 +18,11 @@ public:
     TableView();
     ~TableView() override;
 
-    /// Whether a table of this size fits: the view counts the pixels of all its rows, and of all its columns,
-    /// in an int.
+    /// Returns whether the view can show a table of this size. It counts the pixels of all rows, and of all columns, in
+    /// an int.
     [[nodiscard]] bool canShow(int rows, int columns) const;
 
-    /// Makes the first columns wide enough for what their first rows say, within reason.
+    /// Adjusts the widths of the first columns to the texts of their first rows, up to a limit.
     void fitColumns();
 
     [[nodiscard]] zelmar::ui::TableCopyHandler& copyHandler() const { return *m_copyHandler; }

@@ -7,7 +7,7 @@
 
 namespace gallery {
 
-/// All pages, in the order of the list. The one place where a page is added.
+/// Creates all pages in the order of the list. Add new pages in this function.
 std::vector<std::unique_ptr<GalleryPage>> makeGalleryPages();
 
 } // namespace gallery

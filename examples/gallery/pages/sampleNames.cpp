@@ -12,7 +12,7 @@ QStringList sampleNames(int count)
     QStringList names;
     names.reserve(count);
     for (int i = 0; i < count; ++i) {
-        // Neighbours differ in the place first, so that a short list has some of everything.
+        // The place varies fastest, so that even a short list contains all of them.
         const QString& place = places.at(i % places.size());
         const QString& quantity = quantities.at(i / places.size() % quantities.size());
         const int number = i / (places.size() * quantities.size()) + 1;

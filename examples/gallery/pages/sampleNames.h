@@ -4,7 +4,7 @@
 
 namespace gallery {
 
-/// `count` names of signals, as a measurement would have them: in several languages, in both cases, each another one.
+/// Returns `count` distinct names of signals of a measurement, in several languages and in upper and lower case.
 QStringList sampleNames(int count);
 
 } // namespace gallery

@@ -16,7 +16,8 @@ bool isLineEnd(char byte)
     return byte == '\n' || byte == '\r';
 }
 
-/// Both separators of CSV are, for the one that is not used must not win when the header is read.
+/// Returns whether a character must be quoted. Both separators of CSV must, because the unused one could otherwise be
+/// detected as the separator of the header.
 bool needsQuotes(QChar c)
 {
     switch (c.unicode()) {
@@ -32,7 +33,7 @@ bool needsQuotes(QChar c)
     }
 }
 
-/// Past the closing quote of the cell at \a begin, or \a end when it is never closed.
+/// Returns the position after the closing quote of the cell at \a begin, or \a end if there is no closing quote.
 const char* quotedEnd(const char* begin, const char* end)
 {
     const char* pos = begin + 1;
@@ -55,7 +56,7 @@ const char* afterLineEnd(const char* pos, const char* end)
 }
 
 /// Calls \a addCell(begin, end) for each cell of the line at \a pos.
-/// Returns where the next line starts, or null when \a addCell returned false.
+/// Returns the start of the next line, or null if \a addCell returned false.
 template <typename AddCell>
 const char* scanLine(const DelimitedSyntax& syntax, const char* pos, const char* end, AddCell addCell)
 {
@@ -69,7 +70,7 @@ const char* scanLine(const DelimitedSyntax& syntax, const char* pos, const char*
     }
 }
 
-/// A quote opens only where a cell may start, so that 5" in the header does not hide the rest.
+/// Detects the separator in the header. Quotes open only where a cell may start, so that 5" does not hide the rest.
 char detectSeparator(ByteRange text)
 {
     qint64 commas = 0;
@@ -119,7 +120,7 @@ QString readDelimited(TextBytes text, char separator, const ProgressCallback& pr
     return {};
 }
 
-/// Writes a table in the delimited format it was read from, changing no more than the edited cells.
+/// A writer that writes a table in the delimited format from which it was read and changes only the edited cells.
 class PatchWriter
 {
 public:
@@ -145,7 +146,7 @@ public:
     }
 
 private:
-    /// The file is taken for Latin-1 again only while something in it is not UTF-8.
+    /// Returns whether the file will be read as Latin-1 again, which requires bytes that are not valid UTF-8.
     [[nodiscard]] bool canKeepLatin1() const
     {
         const TextBytes& text = m_source.text();
@@ -195,8 +196,8 @@ private:
         copyBlock({lineEnd, m_source.text().all().begin + index.rowOffset(row + 1)});
     }
 
-    /// A quote left open would swallow what is now written behind the cell. Odd counts include
-    /// all such cells; the few others among them are merely written anew.
+    /// Returns whether the cell may lack its closing quote, which would make it swallow the text after it. All such
+    /// cells have an odd number of quotes; other cells with an odd number are merely rewritten.
     [[nodiscard]] bool isUnclosed(int row, int column) const
     {
         const ByteRange raw = m_source.rawCell(row, column);
@@ -218,7 +219,8 @@ private:
     bool m_keepsLatin1;
 };
 
-/// \a textAt(column) gives the cells. An empty line would be read as a cell too, but not by everyone.
+/// Writes a row whose cells \a textAt(column) returns. Does not write an empty line for an empty cell, because not
+/// every program reads it as a cell.
 template <typename TextAt>
 void writeLine(const DelimitedSyntax& syntax, int count, QIODevice& device, TextAt textAt)
 {
@@ -273,13 +275,13 @@ QString DelimitedSyntax::unescaped(const QString& raw) const
             break;
         text += raw[pos];
     }
-    // What follows the closing quote is no part of the standard form, but somebody's data.
+    // The text after the closing quote does not conform to the standard, but is data.
     return text + raw.midRef(pos);
 }
 
 QString DelimitedSyntax::escaped(const QString& text) const
 {
-    // Many programs trim the cells, and one that starts with a mark may come first in the file.
+    // Many programs trim cells, and a cell that starts with U+FEFF may be the first in the file.
     const bool quoted = std::any_of(text.begin(), text.end(), needsQuotes)
                         || (!text.isEmpty() && (text.front().isSpace() || text.back().isSpace()))
                         || text.startsWith(QChar(QChar::ByteOrderMark));

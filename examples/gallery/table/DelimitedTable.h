@@ -6,8 +6,8 @@ class QIODevice;
 
 namespace gallery {
 
-/// Lines of cells with a separator between them. A cell that starts with a double quote runs to
-/// the closing one, over separators and line ends; two quotes in it stand for one.
+/// The syntax of lines whose cells are separated by a character. A cell that starts with a double quote ends at the
+/// closing one and may contain separators and line ends; two quotes within it stand for one.
 class DelimitedSyntax : public CellSyntax
 {
 public:
@@ -25,16 +25,16 @@ private:
     char m_separator;
 };
 
-/// Commas between the cells, or semicolons where the first line has more of those.
+/// Reads a table with commas as separators, or with semicolons if the first line has more of them.
 /// The first line is the header, and an empty line is a row with one empty cell.
-/// Lines end with CR LF, LF or CR; the last one may go without.
-/// Uses percents 50 to 99 of \a progress. Returns the error text, or an empty one.
+/// Lines end with CR LF, LF or CR; the line end of the last one is optional.
+/// Reports 50 to 99 percent to \a progress. Returns the error text, or an empty text.
 QString readCsv(TextBytes text, const ProgressCallback& progress, std::shared_ptr<const TableSource>& source);
-/// The same with tabs.
+/// Reads a table with tabs as separators in the same way.
 QString readTsv(TextBytes text, const ProgressCallback& progress, std::shared_ptr<const TableSource>& source);
 
-/// A table that was read from the same format keeps every byte of its header and of its unedited
-/// rows and cells. Any other is written in UTF-8, with LF. The device reports the errors.
+/// Writes the table. If it was read from the same format, every byte of its header and of its unedited rows and cells
+/// is kept. Otherwise it is written in UTF-8 with LF. The device reports the errors.
 void writeCsv(const TableDocument& document, QIODevice& device);
 void writeTsv(const TableDocument& document, QIODevice& device);
 

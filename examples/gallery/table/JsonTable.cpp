@@ -26,7 +26,7 @@ const char* skipDigits(const char* pos, const char* end)
     return std::find_if_not(pos, end, isDigit);
 }
 
-/// The end of the number at \a pos; null when none that JSON knows is there.
+/// Returns the end of the number at \a pos, or null if there is no valid JSON number.
 const char* numberEnd(const char* pos, const char* end)
 {
     if (pos != end && *pos == '-')
@@ -55,7 +55,7 @@ bool isNumber(const QByteArray& text)
     return numberEnd(text.begin(), text.end()) == text.end();
 }
 
-/// The length of the escape that starts with the backslash at \a pos, 0 when it is none.
+/// Returns the length of the escape sequence that starts with the backslash at \a pos, or 0 if it is invalid.
 int escapeLength(const char* pos, const char* end)
 {
     if (end - pos < 2 || pos[1] == '\0')
@@ -109,7 +109,7 @@ public:
     {
     }
 
-    /// Returns the error text, or an empty one.
+    /// Reads the table. Returns the error text, or an empty text.
     QString read()
     {
         bool ok = false;
@@ -159,7 +159,7 @@ private:
 
     bool expect(char byte) { return accept(byte) || fail(tr("%1 was expected").arg(QLatin1Char(byte))); }
 
-    /// The opening bracket has been passed.
+    /// Reads items up to the closing bracket. The opening bracket must have been read.
     template <typename ReadItem>
     bool readList(char close, ReadItem readItem)
     {
@@ -233,7 +233,7 @@ private:
         return readList('}', [&] { return readObjectMember(column); });
     }
 
-    /// \a column is that of the member before, and becomes that of this one.
+    /// Reads a member of an object. \a column is the column of the previous member and is set to that of this one.
     bool readObjectMember(int& column)
     {
         ByteRange key;
@@ -248,10 +248,10 @@ private:
         return expect(':') && readCell(cell) && setCell(quint64(column), cell);
     }
 
-    /// The column with this key, which is made if there is none; -1 after an error.
+    /// Returns the column with this key and creates it if necessary. Returns -1 after an error.
     int columnFor(ByteRange key, int expected)
     {
-        // Most objects repeat the keys in the same order, and looking one up takes much longer.
+        // Most objects repeat the keys in the same order, which is much faster to check than a lookup.
         if (expected < m_index.headerCount()) {
             const char* name = m_all.begin + m_index.headerOffset(expected);
             if (std::memcmp(name, key.begin, size_t(key.size())) == 0)
@@ -324,7 +324,7 @@ private:
     ProgressStage m_stage;
     TableIndex m_index;
     JsonSyntax m_syntax;
-    QHash<QString, int> m_columns; ///< of an array of objects
+    QHash<QString, int> m_columns; ///< the columns of an array of objects by key
     bool m_hasColumns = false;
     bool m_hasRows = false;
     QString m_error;

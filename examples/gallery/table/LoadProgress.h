@@ -6,15 +6,15 @@
 
 namespace gallery {
 
-/// Told how far a load has come, 0 to 100, never falling. Runs in the thread that loads.
-/// Returning false stops the load at the next step.
+/// A function that receives the progress of a load in percent, which never decreases. It runs on the loading thread. If
+/// it returns false, the load stops at the next step.
 using ProgressCallback = std::function<bool(int percent)>;
 
-/// Maps the bytes done by one stage of a load onto that stage's share of the percentage.
+/// A converter from the bytes that one stage of a load has processed to its share of the percentage.
 class ProgressStage
 {
 public:
-    /// \a callback may be empty; it must outlive the stage. \a total counts bytes.
+    /// Reports to \a callback, which may be empty and must outlive the stage. \a total is the number of bytes.
     ProgressStage(const ProgressCallback& callback, int firstPercent, int lastPercent, quint64 total)
         : m_callback(callback)
         , m_first(firstPercent)
@@ -23,7 +23,7 @@ public:
     {
     }
 
-    /// False when the load is to stop. Cheap enough to be asked after every cell.
+    /// Returns false if the load must stop. Fast enough to be called after every cell.
     bool reached(quint64 done) { return done < m_next || report(done); }
 
 private:
@@ -36,7 +36,7 @@ private:
         return m_callback(m_first + int(share * (m_last - m_first)));
     }
 
-    // Small enough that a cancelled load ends within milliseconds.
+    // A step is small enough that a cancelled load ends within milliseconds.
     static constexpr quint64 Step = 1U << 20;
 
     const ProgressCallback& m_callback;

@@ -14,8 +14,8 @@ namespace gallery {
 
 namespace {
 
-/// Counts what a file is given. On a disk that fills up, a write may store its first part and
-/// succeed, so only the size of the file tells whether all of it is there.
+/// A device that counts the bytes that are written to a file. On a full disk a write may store only its first part and
+/// still succeed, so that only the size of the file shows whether it is complete.
 class CountingDevice : public QIODevice
 {
 public:
@@ -86,7 +86,7 @@ TableResult readTable(const QString& path, const ProgressCallback& progress)
             progress(100);
         return {std::make_shared<TableDocument>(std::move(source)), {}};
     } catch (const std::exception&) {
-        // The standard containers have no other way to say that memory ran out.
+        // The standard containers report exhausted memory only by this exception.
         return {nullptr, tooBigText()};
     }
 }
@@ -101,7 +101,7 @@ QString writeTable(const TableDocument& document, const QString& path, const Tab
         return writeError(file.errorString());
     CountingDevice device(file);
     format.write(document, device);
-    // Without a commit, QSaveFile removes what it wrote and leaves the old file alone.
+    // Without a commit QSaveFile removes its temporary file and keeps the old file.
     if (!file.flush() || file.error() != QFileDevice::NoError)
         return writeError(file.errorString());
     if (file.size() != device.count())

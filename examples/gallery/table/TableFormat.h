@@ -11,34 +11,35 @@ class QIODevice;
 
 namespace gallery {
 
-/// One kind of file a table can be read from and written to.
+/// A file format from which tables can be read and to which they can be written.
 struct TableFormat
 {
     QString name;       ///< "CSV"
-    QString nameFilter; ///< "CSV table (*.csv)", as file dialogs take it
+    QString nameFilter; ///< the name filter for file dialogs: "CSV table (*.csv)"
     QString extension;  ///< "csv", without the dot
 
     QString (*read)(TextBytes text, const ProgressCallback& progress, std::shared_ptr<const TableSource>& source);
     void (*write)(const TableDocument& document, QIODevice& device);
 };
 
-/// Never empty; CSV comes first. Safe from any thread.
+/// Returns all formats, of which CSV is the first. May be called on any thread.
 const QVector<TableFormat>& tableFormats();
-/// By the extension, in any case; CSV for a name that has another or none.
+/// Returns the format for the extension of `path`, ignoring case. Returns CSV for an unknown or missing extension.
 const TableFormat& tableFormatForPath(const QString& path);
 
-/// Either a document or the text of what went wrong, which fits behind the name of the file.
+/// Either a document or an error text, which can be appended to the name of the file.
 struct TableResult
 {
     std::shared_ptr<TableDocument> document;
     QString error;
 };
 
-/// Reads the file in the calling thread, whichever that is. Never throws.
+/// Reads the file. May be called on any thread and never throws.
 TableResult readTable(const QString& path, const ProgressCallback& progress = {});
 
-/// Replaces the file only when all of the table is written, so that a failure leaves it as it was.
-/// Works in any thread; does not mark the document as saved. Returns the error text, or an empty one.
+/// Writes the table and replaces the file only if everything was written, so that a failure leaves the old file
+/// unchanged. May be called on any thread. Does not mark the document as saved. Returns the error text, or an empty
+/// text.
 QString writeTable(const TableDocument& document, const QString& path, const TableFormat& format);
 
 } // namespace gallery

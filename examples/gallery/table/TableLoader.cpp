@@ -5,7 +5,7 @@ namespace gallery {
 TableLoader::TableLoader(QObject* parent)
     : QObject(parent)
 {
-    // A second load waits in the queue until the first has noticed that it is cancelled.
+    // A second load waits in the queue until the first one has noticed its cancellation.
     m_pool.setMaxThreadCount(1);
 }
 
@@ -29,7 +29,7 @@ void TableLoader::cancel()
     m_current.reset();
 }
 
-/// In the pool's thread.
+/// Runs on the pool's thread.
 void TableLoader::run(const QString& path, const std::shared_ptr<CancelFlag>& cancelled)
 {
     if (*cancelled)
@@ -49,7 +49,8 @@ void TableLoader::run(const QString& path, const std::shared_ptr<CancelFlag>& ca
     });
 }
 
-/// In the pool's thread. Whether the load is still wanted is asked where load() and cancel() run.
+/// Runs on the pool's thread. Whether the load is still the current one is checked on the loader's thread, on which
+/// load() and cancel() run.
 template <typename Report>
 void TableLoader::report(const std::shared_ptr<CancelFlag>& load, Report report)
 {

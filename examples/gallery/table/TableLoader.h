@@ -10,27 +10,27 @@
 
 namespace gallery {
 
-/// Loads tables in a thread of its own. All members belong to the thread the loader lives in, which
-/// needs an event loop; all signals come there.
+/// A loader of tables with a thread of its own. Call its functions on the thread to which the loader belongs, which
+/// needs an event loop and on which all signals are emitted.
 class TableLoader : public QObject
 {
     Q_OBJECT
 
 public:
     explicit TableLoader(QObject* parent = nullptr);
-    /// Stops a load and waits until its thread has noticed, which takes it milliseconds.
+    /// Cancels a load and waits for its thread, which takes milliseconds.
     ~TableLoader() override;
 
-    /// Starts loading and returns at once. A load that is under way is cancelled first.
+    /// Starts loading and returns at once. Cancels a running load first.
     void load(const QString& path);
-    /// Nothing more is reported of the load under way, if any.
+    /// Cancels a running load, which then emits no more signals.
     void cancel();
     [[nodiscard]] bool isLoading() const { return m_current != nullptr; }
 
 Q_SIGNALS:
-    /// 0 to 100; only when the number grows.
+    /// Emitted when the progress, from 0 to 100, increases.
     void progressChanged(int percent);
-    /// Once for every load that was not cancelled. isLoading() is false by then.
+    /// Emitted once for every load that was not cancelled, when isLoading() is already false.
     void finished(const gallery::TableResult& result);
 
 private:
@@ -41,7 +41,7 @@ private:
     void report(const std::shared_ptr<CancelFlag>& load, Report report);
 
     QThreadPool m_pool;
-    /// Of the load under way; a report from any other load is dropped.
+    /// The flag of the running load. Reports of other loads are dropped.
     std::shared_ptr<CancelFlag> m_current;
 };
 

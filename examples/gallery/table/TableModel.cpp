@@ -4,7 +4,7 @@ namespace gallery {
 
 namespace {
 
-// More than fits a screen; a view would lay out megabytes for every repaint.
+// More characters than fit on a screen. Without a limit a view would lay out megabytes for every repaint.
 constexpr int LongestShownText = 1000;
 
 } // namespace
@@ -53,7 +53,7 @@ QVariant TableModel::data(const QModelIndex& index, int role) const
     if (!isCell(index))
         return {};
     switch (role) {
-    case Qt::DisplayRole: // whole: it is what is copied
+    case Qt::DisplayRole: // unabridged, because this role is copied
     case Qt::EditRole:
         return m_document->text(index.row(), index.column());
     case Qt::TextAlignmentRole: {

@@ -8,10 +8,10 @@
 
 namespace gallery {
 
-/// What is drawn of a text: of a very long one the beginning.
+/// Returns the part of a text that is drawn: for a very long text its beginning.
 QString shownText(const QString& text);
 
-/// Shows and edits a document. A cell is decoded when it is asked for, so the size of the table
+/// A model that shows and edits a document. It decodes a cell when the cell is requested, so that the size of the table
 /// does not matter.
 class TableModel : public QAbstractTableModel
 {
@@ -20,25 +20,25 @@ class TableModel : public QAbstractTableModel
 public:
     explicit TableModel(QObject* parent = nullptr);
 
-    /// Never null; an empty table at first. Edit it through the model only.
+    /// Returns the document, which is never null and initially an empty table. Edit it only through the model.
     [[nodiscard]] const std::shared_ptr<TableDocument>& document() const { return m_document; }
-    /// Null stands for an empty table.
+    /// Replaces the document. Null sets an empty table.
     void setDocument(std::shared_ptr<TableDocument> document);
 
     [[nodiscard]] bool isModified() const { return m_document->isModified(); }
     void markSaved();
-    /// \a column has to be in range.
+    /// Returns the kind of \a column, which must be in range.
     [[nodiscard]] ColumnKind columnKind(int column) const { return m_document->columnKind(column); }
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = QModelIndex()) const override;
     [[nodiscard]] int columnCount(const QModelIndex& parent = QModelIndex()) const override;
-    /// Texts are whole, however long: whoever draws them takes shownText().
+    /// Returns texts unabridged, however long they are. Code that draws them uses shownText().
     [[nodiscard]] QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
-    /// Columns without a name are numbered from 1, and so are rows.
+    /// Returns the name of a column. Rows, and columns without a name, have 1-based numbers.
     [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation,
                                       int role = Qt::DisplayRole) const override;
     [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override;
-    /// True when the cell holds the text afterwards, whether or not it was another before.
+    /// Sets the text of a cell. Returns true if the cell contains the text afterwards, even if it did before.
     bool setData(const QModelIndex& index, const QVariant& value, int role = Qt::EditRole) override;
 
 Q_SIGNALS:

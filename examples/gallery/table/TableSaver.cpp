@@ -5,7 +5,7 @@ namespace gallery {
 TableSaver::TableSaver(QObject* parent)
     : QObject(parent)
 {
-    // In order: the last one saved under a name is the one that stays.
+    // One thread saves in order, so that the last table saved under a name is the one that stays.
     m_pool.setMaxThreadCount(1);
 }
 

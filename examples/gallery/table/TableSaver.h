@@ -7,24 +7,24 @@
 
 namespace gallery {
 
-/// Saves tables in a thread of its own, one after the other. All members belong to the thread the saver lives in, which
-/// needs an event loop; the signal comes there.
+/// A saver that writes tables one after the other on a thread of its own. Call its functions on the thread to which the
+/// saver belongs, which needs an event loop and on which the signal is emitted.
 class TableSaver : public QObject
 {
     Q_OBJECT
 
 public:
     explicit TableSaver(QObject* parent = nullptr);
-    /// Waits until everything is saved.
+    /// Waits until all tables are saved.
     ~TableSaver() override;
 
-    /// Starts saving `document` as it is now, and returns at once: what is edited afterwards is not saved.
+    /// Starts saving the current state of `document` and returns at once. Later edits are not saved.
     void save(const TableDocument& document, const QString& path, const TableFormat& format);
     [[nodiscard]] bool isSaving() const { return m_pending > 0; }
 
 Q_SIGNALS:
-    /// Once for each save(), in order. `error` is empty when the file is complete; otherwise the old file is still
-    /// there.
+    /// Emitted once for each save(), in order. `error` is empty if the file is complete; otherwise the old file is
+    /// unchanged.
     void finished(const QString& path, const QString& error);
 
 private:

@@ -9,7 +9,7 @@ namespace gallery {
 
 namespace {
 
-// A QString counts its characters with an int, and a cell may double in size when it is quoted.
+// The size of a QString is an int, and quoting may double the size of a cell.
 constexpr quint64 LongestCell = 1U << 28;
 constexpr int MaxCount = std::numeric_limits<int>::max();
 constexpr int SampledRows = 1000;
@@ -32,7 +32,7 @@ template <typename Vector>
 bool TableIndex::grow(Vector& vector, quint64 size, typename Vector::value_type filler)
 {
     if (size > vector.capacity()) {
-        // The old and the new block exist side by side while the vector moves.
+        // The old and the new block exist at the same time while the vector grows.
         const quint64 capacity = std::max<quint64>(size, vector.capacity() * 2);
         if (bytesUsed() + capacity * sizeof(filler) > m_memoryLimit)
             return fail(tooBigText());
@@ -138,7 +138,7 @@ QString TableSource::textAt(quint64 offset) const
     return m_syntax->unescaped(m_text.decoded(rawAt(offset)));
 }
 
-/// Looks only at cells that exist: a table may be far wider than most of its rows.
+/// Reads only existing cells, because a table may be much wider than most of its rows.
 void TableSource::findColumnKinds()
 {
     std::vector<bool> hasNumber(size_t(m_index.columnCount()));

@@ -12,40 +12,41 @@ namespace gallery {
 
 enum class ColumnKind { Text, Number };
 
-/// How one cell is written within its file. Immutable, so usable from any thread.
+/// The syntax of a cell within its file. The object is immutable and may be used on any thread.
 class CellSyntax
 {
 public:
     virtual ~CellSyntax() = default;
 
-    /// The end of the cell that starts at \a begin; always found, at the latest at \a end.
+    /// Returns the end of the cell that starts at \a begin, which is \a end at the latest.
     virtual const char* cellEnd(const char* begin, const char* end) const = 0;
-    /// What the cell says, without quotes and escapes.
+    /// Returns the text of a cell without quotes and escapes.
     [[nodiscard]] virtual QString unescaped(const QString& raw) const = 0;
-    /// The shortest form that unescaped() and other programs read as \a text.
+    /// Returns the shortest form that unescaped() and other programs read as \a text.
     [[nodiscard]] virtual QString escaped(const QString& text) const = 0;
-    /// What stands between two cells of a delimited table; 0 in a format without such lines.
+    /// Returns the separator of the cells of a delimited table, or 0 for other formats.
     [[nodiscard]] virtual char separator() const = 0;
 };
 
-/// Where the cells of a file start. Takes 4 bytes for a cell and 16 for a row.
-/// All offsets are bytes from the start of the file; rows and columns count from 0.
+/// An index of the positions of the cells in a file. It takes 4 bytes for a cell and 16 for a row.
+/// All offsets are bytes from the start of the file; rows and columns are 0-based.
 class TableIndex
 {
 public:
-    /// \a memoryLimit is the number of bytes the index may take.
+    /// Creates an index that may take \a memoryLimit bytes.
     explicit TableIndex(quint64 memoryLimit = 0)
         : m_memoryLimit(memoryLimit)
     {
     }
 
-    /// Building. False means that error() says why the table cannot be held. Sizes are those of the cells.
+    // Functions that build the index. They return false if the table cannot be stored, for which error() gives the
+    // reason. Sizes are those of the cells in bytes.
     bool addHeaderCell(quint64 offset, quint64 size);
     bool beginRow(quint64 offset);
-    /// Sets a cell of the row begun last; columns left out before it stay empty.
+    /// Sets a cell of the last row. Skipped columns before it stay empty.
     bool setCell(quint64 column, quint64 offset, quint64 size);
     [[nodiscard]] bool hasCellInLastRow(quint64 column) const;
-    /// Call once, with the offset past the last row.
+    /// Completes the index. Call it once, with the offset past the last row.
     bool finish(quint64 endOffset);
     [[nodiscard]] QString error() const { return m_error; }
 
@@ -53,9 +54,9 @@ public:
     [[nodiscard]] int columnCount() const { return m_columnCount; }
     [[nodiscard]] int headerCount() const { return int(m_header.size()); }
     [[nodiscard]] quint64 headerOffset(int column) const { return m_header[size_t(column)]; }
-    /// Valid up to and including rowCount(), where the last row ends.
+    /// Returns the offset of a row. For rowCount() it returns the offset past the last row.
     [[nodiscard]] quint64 rowOffset(int row) const { return m_rows[size_t(row)].offset; }
-    /// How many leading columns the file has cells for in this row.
+    /// Returns the number of leading columns for which the file has cells in this row.
     [[nodiscard]] int cellCount(int row) const;
     [[nodiscard]] bool hasCell(int row, int column) const;
     [[nodiscard]] quint64 cellOffset(int row, int column) const;
@@ -77,13 +78,13 @@ private:
     quint64 m_memoryLimit;
     std::vector<quint64> m_header;
     std::vector<Row> m_rows;
-    std::vector<quint32> m_cells; ///< offsets from the start of the row, row after row
+    std::vector<quint32> m_cells; ///< offsets from the start of the row, of all rows in order
     quint64 m_widest = 0;
     int m_columnCount = 0;
     QString m_error;
 };
 
-/// A table as its file has it. Immutable, so usable from any thread.
+/// A table as its file contains it. The object is immutable and may be used on any thread.
 class TableSource
 {
 public:
@@ -93,11 +94,11 @@ public:
     [[nodiscard]] const CellSyntax& syntax() const { return *m_syntax; }
     [[nodiscard]] const TableIndex& index() const { return m_index; }
 
-    /// Empty for a column that only the rows below have.
+    /// Returns the text of the header, or an empty text for a column that only the rows have.
     [[nodiscard]] QString headerText(int column) const;
-    /// Empty where the row is too short.
+    /// Returns the text of a cell, or an empty text if the row is too short.
     [[nodiscard]] QString cellText(int row, int column) const;
-    /// The cell's own bytes, with quotes. The index must have the cell.
+    /// Returns the bytes of a cell with its quotes. The index must contain the cell.
     [[nodiscard]] ByteRange rawCell(int row, int column) const;
     [[nodiscard]] ColumnKind columnKind(int column) const { return m_kinds[size_t(column)]; }
 

@@ -33,7 +33,7 @@ QString openError(const QString& path, QFile& file)
         return QCoreApplication::translate("gallery::TextFile", "The file does not exist.");
     if (info.isDir())
         return QCoreApplication::translate("gallery::TextFile", "This is a folder, not a file.");
-    // A pipe or a device may never end, and opening one may already block.
+    // Reading a pipe or a device may never end, and even opening it may block.
     if (!info.isFile())
         return QCoreApplication::translate("gallery::TextFile", "This is not a regular file.");
     if (quint64(info.size()) > loadMemoryLimit())
@@ -43,7 +43,7 @@ QString openError(const QString& path, QFile& file)
     return {};
 }
 
-/// Reads until the end rather than for the size, as the file may be growing or shrinking.
+/// Reads until the end of the file instead of its size, because the file may grow or shrink meanwhile.
 QString readAll(QFile& file, const ProgressCallback& progress, std::vector<char>& bytes)
 {
     ProgressStage stage(progress, 0, 40, quint64(file.size()));
@@ -70,7 +70,7 @@ bool isContinuation(char byte)
     return (uchar(byte) & 0xC0) == 0x80;
 }
 
-/// The length of the UTF-8 sequence at \a pos, 0 when there is no valid one.
+/// Returns the length of the UTF-8 sequence at \a pos, or 0 if it is invalid.
 int sequenceLength(const char* pos, const char* end)
 {
     const auto lead = uchar(*pos);
@@ -90,7 +90,7 @@ int sequenceLength(const char* pos, const char* end)
     return overlong || surrogate || beyondUnicode ? 0 : length;
 }
 
-/// Most of a table is ASCII, so eight bytes of it are passed at a time.
+/// Skips eight ASCII bytes at a time, because most of a table is ASCII.
 const char* skipAscii(const char* pos, const char* end)
 {
     quint64 word = 0;
@@ -127,12 +127,12 @@ QString detectEncoding(const ProgressCallback& progress, TextBytes& text)
     return {};
 }
 
-/// Keeps the byte order mark, as one of UTF-8.
+/// Converts the text to UTF-8. A byte order mark is kept and converted, too.
 QString convertFromUtf16(const char* codecName, const ProgressCallback& progress, TextBytes& text)
 {
     using Flag = QTextCodec::ConversionFlag;
     const std::unique_ptr<QTextDecoder> decoder(QTextCodec::codecForName(codecName)->makeDecoder(Flag::IgnoreHeader));
-    // An encoder, as it remembers the first half of a pair that two blocks share.
+    // Uses an encoder, because it keeps the state of a surrogate pair that two blocks share.
     const std::unique_ptr<QTextEncoder> encoder(QTextCodec::codecForName("UTF-8")->makeEncoder(Flag::IgnoreHeader));
     std::vector<char> converted;
     const ByteRange all = text.all();
@@ -187,7 +187,7 @@ QString decodeUtf8(ByteRange bytes)
 quint64 loadMemoryLimit()
 {
 #ifdef Q_OS_UNIX
-    // The kernel promises more memory than there is, so that asking for it and failing is no guard.
+    // The kernel overcommits memory, so that a failing allocation is no protection.
     static const quint64 limit = quint64(sysconf(_SC_PHYS_PAGES)) / 2 * quint64(sysconf(_SC_PAGESIZE));
     return limit;
 #else

@@ -5,15 +5,15 @@
 
 namespace gallery {
 
-/// The picture of all windows of the program as they are on the screen, with their frames, taken when nothing
-/// moves in it any more: other programs draw a part of it, and none of them tells when it is done.
+/// A picture of all windows of the program on the screen, including their frames, which is taken once it no longer
+/// changes. Other programs draw a part of it and do not report when they have finished.
 ///
-/// Ask isSettled() again and again from an event loop that lets the windows be drawn.
+/// Call isSettled() repeatedly from an event loop in which the windows are drawn.
 class SettledPicture
 {
 public:
     bool isSettled();
-    /// What isSettled() saw last; null where the screen cannot be looked at.
+    /// Returns the last picture that isSettled() took, or a null image if the screen cannot be read.
     [[nodiscard]] const QImage& image() const { return m_image; }
 
 private:

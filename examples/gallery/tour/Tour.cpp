@@ -24,7 +24,7 @@ namespace {
 
 const int deadline = 15000;
 
-/// Every folder of a tour has something in it.
+/// Returns whether the dialog lists its folder. No folder of a tour is empty.
 bool folderIsListed(QFileDialog& dialog)
 {
     const auto* model = dialog.findChild<QFileSystemModel*>(QStringLiteral("qt_filesystem_model"));
@@ -40,7 +40,7 @@ void pressHelp(QFileDialog& dialog)
             button->click();
 }
 
-/// The names that Qt suggests below a typed one, which hide a part of the dialog.
+/// Closes the completion popup of the file name edit, which hides a part of the dialog.
 void closeSuggestions()
 {
     if (QWidget* popup = QApplication::activePopupWidget())
@@ -127,8 +127,8 @@ void Tour::drive(const DialogDriver& driver, const std::function<void()>& open)
         fail(driver.problem());
 }
 
-/// The picture settles as the condition of a step and not in the step: a step that waits lets the next ones
-/// overtake.
+/// Waits for the picture in the condition of the step. If the step itself waited, the next steps would run before it
+/// ends.
 void Tour::addPictureStep(DialogDriver& driver, const QString& suffix)
 {
     const auto picture = std::make_shared<SettledPicture>();

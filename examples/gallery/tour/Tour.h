@@ -14,52 +14,51 @@ namespace gallery {
 
 class TourLog;
 
-/// What the pages need to play their users: modal dialogs driven by keyboard, pictures, and a log in which
-/// everything has the page's title before it. A step that is not possible in time, or a result that is not
-/// the expected one, is a failure of the tour, which goes on all the same.
+/// A set of actions with which the pages act as their users: it drives modal dialogs by keyboard, takes pictures, and
+/// writes a log whose lines begin with the title of the page. A step that times out, or an unexpected result, is a
+/// failure of the tour, which continues nevertheless.
 class Tour
 {
 public:
-    /// What a user enters in a file dialog.
+    /// The input of a user in a file dialog.
     struct FileDialogInput
     {
-        QString name;    ///< typed into the file-name box
-        int filter = -1; ///< picked before that in the file-type box, from 0; -1 for none
-        /// The suffix of the dialog's picture; empty for none.
+        QString name;    ///< typed into the file name edit
+        int filter = -1; ///< 0-based index of the name filter to select first; -1 for none
+        /// The suffix of the dialog's picture; empty for no picture.
         QString picture = QStringLiteral("dialog");
-        /// To the questions that follow, in order.
+        /// The answers to the questions that follow, in order.
         QVector<QMessageBox::StandardButton> answers = {};
-        /// The suffix of the first question's picture; empty for none.
+        /// The suffix of the first question's picture; empty for no picture.
         QString questionPicture = {};
     };
 
     Tour(TourLog& log, QString pictureFolder);
 
-    /// Begins with the page of this title.
+    /// Starts the tour of the page with this title.
     void enterPage(const QString& title);
 
-    /// Calls `open`, which has to run one modal file dialog; enters `input`, presses Return and answers.
+    /// Calls `open`, which must run one modal file dialog. Enters `input`, presses Return and answers the questions.
     void acceptFileDialog(const FileDialogInput& input, const std::function<void()>& open);
-    /// Calls `open`, which has to run one modal file dialog; presses Help, takes a picture of the help,
-    /// closes it, and presses Escape.
+    /// Calls `open`, which must run one modal file dialog. Presses Help, takes a picture of the help, closes it and
+    /// presses Escape.
     void readHelpAndCancelFileDialog(const std::function<void()>& open);
 
-    /// Calls `open`, which has to run one modal file dialog; takes the steps in it, and between the first ones and the
-    /// last ones, which close it, a picture.
+    /// Calls `open`, which must run one modal file dialog. Performs the first steps in it, takes a picture and performs
+    /// the last steps, which close it.
     using FileDialogStep = std::function<void(QFileDialog&)>;
     void useFileDialog(const QVector<FileDialogStep>& firstSteps, const QString& picture,
                        const QVector<FileDialogStep>& lastSteps, const std::function<void()>& open);
 
-    /// Calls `ask`, which has to ask one question, and answers it.
+    /// Calls `ask`, which must ask one question, and answers it.
     void answerQuestion(QMessageBox::StandardButton answer, const std::function<void()>& ask);
 
-    /// Takes a picture of the program's windows. Its file is named after the page, with "-" and `suffix`
-    /// behind.
+    /// Takes a picture of the program's windows. Its file name consists of the name of the page, "-" and `suffix`.
     void takePicture(const QString& suffix = {});
 
     void log(const QString& line);
     void expect(bool holds, const QString& what);
-    /// Lets the program run until `condition` holds; false, and a failure, when that takes too long.
+    /// Runs the event loop until `condition` holds. Records a failure and returns false if that takes too long.
     bool waitUntil(const QString& what, const std::function<bool()>& condition);
 
 private:

@@ -14,7 +14,7 @@ void makeFolder(const char* variable, const QString& path)
     qputenv(variable, QFile::encodeName(path));
 }
 
-/// The key to an X display is looked for in the home folder unless something else is said.
+/// Sets the path of the X authority file explicitly, because by default X searches it in the home folder.
 void keepAccessToDisplay()
 {
     if (!qEnvironmentVariableIsSet("XAUTHORITY"))
@@ -38,13 +38,13 @@ TourHome::TourHome()
     makeFolder("XDG_CONFIG_HOME", m_home + QStringLiteral("/.config"));
     makeFolder("XDG_CACHE_HOME", m_home + QStringLiteral("/.cache"));
     makeFolder("XDG_DATA_HOME", m_home + QStringLiteral("/.local/share"));
-    // The desktop's own, if there is one: its display may be reached through it.
+    // Keeps the runtime folder of the desktop, if there is one, because its display may need it.
     if (!qEnvironmentVariableIsSet("XDG_RUNTIME_DIR")) {
         const QString path = m_home + QStringLiteral("/.runtime");
         makeFolder("XDG_RUNTIME_DIR", path);
         QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     }
-    // A desktop's theme would draw, and answer, differently from machine to machine.
+    // The theme of a desktop would make drawing and style hints differ between machines.
     qunsetenv("QT_QPA_PLATFORMTHEME");
     qputenv("LC_ALL", "C.UTF-8");
     QLocale::setDefault(QLocale::c());

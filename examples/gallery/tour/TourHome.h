@@ -5,10 +5,9 @@
 
 namespace gallery {
 
-/// A home of its own for a tour, gone with the object: configuration, cache and data folders in which Qt and
-/// the library write instead of the user's, and a folder with files for the dialogs to show. That one becomes
-/// the current folder, where file dialogs start. The language is English. Make it before the application
-/// object.
+/// A temporary environment for a tour: configuration, cache and data folders that Qt and the library use instead of the
+/// user's, and a folder with files that the dialogs show. This folder becomes the current folder, in which file dialogs
+/// start. The language is English. Create the object before the application object; its destructor removes the folders.
 class TourHome
 {
 public:
@@ -18,7 +17,7 @@ private:
     void makeDocuments() const;
 
     QTemporaryDir m_folder;
-    QString m_home; ///< a folder in it, whose name can be read in a dialog
+    QString m_home; ///< a subfolder whose name is legible in a dialog
 };
 
 } // namespace gallery

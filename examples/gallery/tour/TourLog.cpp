@@ -46,7 +46,7 @@ void TourLog::writeTo(FILE* stream, const QString& line)
 {
     const QByteArray text = line.toUtf8() + '\n';
     std::fputs(text.constData(), stream);
-    // At once, so that the lines are in order and none is lost if the program ends by force.
+    // Keeps the lines of both streams in order and loses none if the program is killed.
     std::fflush(stream);
     if (m_file.isOpen()) {
         m_file.write(text);

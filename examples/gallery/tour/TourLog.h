@@ -7,19 +7,19 @@
 
 namespace gallery {
 
-/// What a tour has to tell: lines in a file and on the standard output; what went wrong on the error output
-/// instead. While it lives, each warning of Qt's message logger is a failure of the tour. One at a time; any
-/// thread may write.
+/// The log of a tour. It writes lines to a file and to the standard output, and failures to the standard error output
+/// instead. During its lifetime each warning of Qt's message logger is a failure of the tour. Only one log may exist at
+/// a time; any thread may write to it.
 class TourLog
 {
 public:
-    /// Writes the file `path` anew.
+    /// Creates or overwrites the file `path`.
     explicit TourLog(const QString& path);
     ~TourLog();
     Q_DISABLE_COPY(TourLog)
 
     void write(const QString& line);
-    /// Writes `what` as a failure.
+    /// Writes `what` as a failure and counts it.
     void fail(const QString& what);
     [[nodiscard]] int failureCount() const;
 

@@ -17,7 +17,7 @@ namespace {
 
 using zelmar::ApplicationSettings;
 
-/// Its absolute path: a tour has a current folder of its own.
+/// Creates `folder` and returns its absolute path, because the tour changes the current folder.
 QString madeFolder(const QString& folder)
 {
     QString path = QDir(folder).absolutePath();
@@ -36,7 +36,7 @@ TourRun::TourRun(const QString& folder)
 
 int TourRun::walk(GalleryWindow& window)
 {
-    // A blinking cursor is in one picture of a window and not in the next.
+    // A blinking cursor would make successive pictures of a window differ.
     QApplication::setCursorFlashTime(0);
     if (QTest::qWaitForWindowActive(&window, 15000))
         walkThroughPages(window);

@@ -9,16 +9,16 @@ namespace gallery {
 
 class GalleryWindow;
 
-/// A tour through the whole gallery from its preparation on. Make it before the application object; while it
-/// lives, neither the library nor Qt touches the user's settings.
+/// A tour through the whole gallery, including its preparation. Create it before the application object. During its
+/// lifetime neither the library nor Qt changes the user's settings.
 class TourRun
 {
 public:
-    /// `folder` is made when it is not there, and gets the pictures and "tour.log".
+    /// Prepares a tour that writes the pictures and "tour.log" to `folder`, which is created if it does not exist.
     explicit TourRun(const QString& folder);
 
-    /// Plays the user of every page of `window`, which has been shown. Returns the program's exit code: 0
-    /// when nothing failed.
+    /// Acts as the user of every page of `window`, which must be shown. Returns the exit code of the program, which is
+    /// 0 if nothing failed.
     int walk(GalleryWindow& window);
 
 private:

@@ -14,8 +14,8 @@
 #include <memory>
 #include <type_traits>
 
-static_assert(std::has_virtual_destructor<QxtLabel>::value, "widgets are deleted through their bases");
-static_assert(!std::is_convertible<QWidget*, QxtLabel>::value, "a parent is no label");
+static_assert(std::has_virtual_destructor<QxtLabel>::value, "widgets are deleted through their base classes");
+static_assert(!std::is_convertible<QWidget*, QxtLabel>::value, "a parent does not convert to a label implicitly");
 
 namespace {
 
@@ -23,7 +23,7 @@ const QChar ellipsis(0x2026);
 
 const QString alphabet = QStringLiteral("abcdefghijklmnopqrstuvwxyz0123456789");
 
-/// "Shalom olam", seven times.
+/// "Shalom olam" seven times in Hebrew letters.
 const QString hebrew = QStringLiteral("\u05e9\u05dc\u05d5\u05dd \u05e2\u05d5\u05dc\u05dd ").repeated(7).trimmed();
 
 int advance(const QWidget& widget, const QString& text)
@@ -36,7 +36,7 @@ QString paintedBy(QxtLabel& label)
     return PaintedText(label).text();
 }
 
-/// A label for all of `text`, without a pixel more than needed.
+/// Sets `text` and gives the label exactly the size that the text needs.
 void showAllOf(QxtLabel& label, const QString& text)
 {
     label.setText(text);
@@ -45,7 +45,7 @@ void showAllOf(QxtLabel& label, const QString& text)
 
 } // namespace
 
-/// The stand-in.
+/// Tests the substitute, not LibQxt's class.
 class tst_QxtLabel : public QObject
 {
     Q_OBJECT
@@ -58,22 +58,22 @@ private Q_SLOTS:
     void elidesInEachMode_data();
     void elidesInEachMode();
     void fitsToThePixel();
-    void showsSignsLiterally_data();
-    void showsSignsLiterally();
+    void drawsTextLiterally_data();
+    void drawsTextLiterally();
     void showsOneLine_data();
     void showsOneLine();
     void everyWidth_data();
     void everyWidth();
-    void lettersStayWhole_data();
-    void lettersStayWhole();
-    void standsWhereItIsAligned_data();
-    void standsWhereItIsAligned();
-    void directionIsTheWholeTexts();
+    void neverSeparatesAccents_data();
+    void neverSeparatesAccents();
+    void alignsItsText_data();
+    void alignsItsText();
+    void keepsTheDirectionOfTheFullText();
     void drawsItsFrame();
-    void staysInItsContents();
-    void hintsCountFrameAndMargins();
+    void paintsWithinItsContentsRect();
+    void sizeHintsIncludeFrameAndMargins();
     void shrinksInALayoutPixelByPixel();
-    void tellsLayoutsOfItsText();
+    void newTextUpdatesTheLayout();
     void followsItsFont();
     void repaintsWhenChanged();
     void isAStaticTextForAssistiveTechnology();
@@ -146,7 +146,7 @@ void tst_QxtLabel::elidesInEachMode()
     QCOMPARE(paintedBy(*m_label), alphabet);
 }
 
-/// In each of many fonts, some of whose letters are no whole number of pixels wide.
+/// Uses many fonts, some of which have fractional character widths.
 void tst_QxtLabel::fitsToThePixel()
 {
     for (int size = 5; size < 40; ++size) {
@@ -162,7 +162,7 @@ void tst_QxtLabel::fitsToThePixel()
     }
 }
 
-void tst_QxtLabel::showsSignsLiterally_data()
+void tst_QxtLabel::drawsTextLiterally_data()
 {
     QTest::addColumn<QString>("text");
 
@@ -173,7 +173,7 @@ void tst_QxtLabel::showsSignsLiterally_data()
     QTest::newRow("blanks") << "  two  each  ";
 }
 
-void tst_QxtLabel::showsSignsLiterally()
+void tst_QxtLabel::drawsTextLiterally()
 {
     QFETCH(QString, text);
     showAllOf(*m_label, text);
@@ -199,11 +199,11 @@ void tst_QxtLabel::showsOneLine_data()
                            << "one two";
     QTest::newRow("a vertical tab") << "one\vtwo"
                                     << "one two";
-    // Qt shows what is behind one of these only if there is no room for what is before it.
-    QTest::newRow("Qt's sign between variants") << QStringLiteral("one\u009ctwo") << "one two";
+    // Qt draws the variant after this separator if the variant before it does not fit.
+    QTest::newRow("Qt's separator of text variants") << QStringLiteral("one\u009ctwo") << "one two";
     QTest::newRow("NUL") << QStringLiteral("one") + QChar(0) + QStringLiteral("two") << "one two";
-    QTest::newRow("nothing else") << "\n"
-                                  << " ";
+    QTest::newRow("only a line feed") << "\n"
+                                      << " ";
 }
 
 void tst_QxtLabel::showsOneLine()
@@ -229,10 +229,10 @@ void tst_QxtLabel::everyWidth_data()
 
     const QVector<QPair<const char*, QString>> texts = {
         {"letters", alphabet},
-        {"right to left", hebrew},
-        {"both ways", hebrew.left(20) + QStringLiteral(" /runs/flow.csv")},
-        {"lines", QStringLiteral("one\ntwo\tthree\r\nfour")},
-        {"one letter", QStringLiteral("W")},
+        {"right-to-left text", hebrew},
+        {"text of both directions", hebrew.left(20) + QStringLiteral(" /runs/flow.csv")},
+        {"several lines", QStringLiteral("one\ntwo\tthree\r\nfour")},
+        {"one wide letter", QStringLiteral("W")},
         {"a thin letter", QStringLiteral("i")},
     };
     for (const auto& [name, text] : texts) {
@@ -242,7 +242,8 @@ void tst_QxtLabel::everyWidth_data()
     }
 }
 
-/// Never beyond its contents, and never less in more room, from its smallest width on.
+/// Verifies at each width from the minimum size hint on that the text stays within the contents rectangle and that more
+/// width never shows fewer characters.
 void tst_QxtLabel::everyWidth()
 {
     QFETCH(QString, text);
@@ -250,7 +251,7 @@ void tst_QxtLabel::everyWidth()
     m_label->setElideMode(mode);
     m_label->setText(text);
     const QSize most = m_label->sizeHint();
-    int letters = 1;
+    int shownLength = 1;
     for (int width = m_label->minimumSizeHint().width(); width <= most.width() + 2; ++width) {
         m_label->resize(width, most.height());
         const PaintedText painted(*m_label);
@@ -258,23 +259,23 @@ void tst_QxtLabel::everyWidth()
         const QString where = QStringLiteral("%1: %2 to %3").arg(width).arg(area.left()).arg(area.right());
         QVERIFY2(area.left() >= -1 && area.right() <= width + 1, qPrintable(where));
         QVERIFY(area.height() <= most.height() + 1);
-        QVERIFY(painted.text().size() >= letters);
+        QVERIFY(painted.text().size() >= shownLength);
         QCOMPARE(painted.text().contains(ellipsis), width < most.width());
-        letters = painted.text().size();
+        shownLength = painted.text().size();
     }
 }
 
-void tst_QxtLabel::lettersStayWhole_data()
+void tst_QxtLabel::neverSeparatesAccents_data()
 {
     QTest::addColumn<QString>("letter");
 
     QTest::newRow("an accent") << QStringLiteral("e\u0301");
     QTest::newRow("two accents") << QStringLiteral("o\u0302\u0323");
-    QTest::newRow("beyond 16 bits") << QStringLiteral("\U0001D49C");
+    QTest::newRow("a surrogate pair") << QStringLiteral("\U0001D49C");
     QTest::newRow("vowel points") << QStringLiteral("\u05d1\u05b8");
 }
 
-void tst_QxtLabel::lettersStayWhole()
+void tst_QxtLabel::neverSeparatesAccents()
 {
     QFETCH(QString, letter);
     m_label->setText(letter.repeated(20));
@@ -291,7 +292,7 @@ void tst_QxtLabel::lettersStayWhole()
     }
 }
 
-void tst_QxtLabel::standsWhereItIsAligned_data()
+void tst_QxtLabel::alignsItsText_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<Qt::LayoutDirection>("direction");
@@ -309,13 +310,13 @@ void tst_QxtLabel::standsWhereItIsAligned_data()
     QTest::newRow("left, centred") << text << Qt::LeftToRight << (Qt::AlignLeft | Qt::AlignVCenter) << -1 << 0;
     QTest::newRow("left, mirrored") << text << Qt::RightToLeft << Alignment(Qt::AlignLeft) << 1 << -1;
     QTest::newRow("right, mirrored") << text << Qt::RightToLeft << Alignment(Qt::AlignRight) << -1 << -1;
-    QTest::newRow("always left, mirrored") << text << Qt::RightToLeft << absoluteLeft << -1 << -1;
+    QTest::newRow("absolute left, mirrored") << text << Qt::RightToLeft << absoluteLeft << -1 << -1;
     QTest::newRow("right to left text") << hebrew.left(4) << Qt::LeftToRight << Alignment(Qt::AlignLeft) << -1 << -1;
     QTest::newRow("right to left text, mirrored") << hebrew.left(4) << Qt::RightToLeft << Alignment(Qt::AlignLeft) << 1 << -1;
     // clang-format on
 }
 
-void tst_QxtLabel::standsWhereItIsAligned()
+void tst_QxtLabel::alignsItsText()
 {
     QFETCH(QString, text);
     QFETCH(Qt::LayoutDirection, direction);
@@ -339,9 +340,9 @@ void tst_QxtLabel::standsWhereItIsAligned()
     QVERIFY2(qAbs(y[vertical + 1]) <= 1.5, qPrintable(QString::number(y[vertical + 1])));
 }
 
-/// What is left of a text may begin in another direction than the whole. The ellipsis stands where the text began,
-/// apart from the letters of the other direction, which would take it to their own beginning.
-void tst_QxtLabel::directionIsTheWholeTexts()
+/// An elided text may begin with characters of the other direction. The ellipsis must still be where the full text
+/// begins, and not where those characters begin.
+void tst_QxtLabel::keepsTheDirectionOfTheFullText()
 {
     m_label->setElideMode(Qt::ElideLeft);
     m_label->setText(hebrew + QStringLiteral(" /runs/flow.csv"));
@@ -364,8 +365,8 @@ void tst_QxtLabel::drawsItsFrame()
     QVERIFY(m_label->grab().toImage() != without);
 }
 
-/// In pixels, of any screen.
-void tst_QxtLabel::staysInItsContents()
+/// Compares device pixels, so that the test also holds on scaled screens.
+void tst_QxtLabel::paintsWithinItsContentsRect()
 {
     m_label->setContentsMargins(11, 5, 13, 7);
     m_label->setText(QStringLiteral("Wide /runs/fjord/Wj"));
@@ -391,7 +392,7 @@ void tst_QxtLabel::staysInItsContents()
     }
 }
 
-void tst_QxtLabel::hintsCountFrameAndMargins()
+void tst_QxtLabel::sizeHintsIncludeFrameAndMargins()
 {
     m_label->setText(alphabet);
     const QSize bare = m_label->sizeHint();
@@ -429,7 +430,7 @@ void tst_QxtLabel::shrinksInALayoutPixelByPixel()
     }
 }
 
-void tst_QxtLabel::tellsLayoutsOfItsText()
+void tst_QxtLabel::newTextUpdatesTheLayout()
 {
     QWidget window;
     auto* layout = new QHBoxLayout(&window);

@@ -1,24 +1,36 @@
 #include "compat/ctkCompleter.h"
 
+#include "../textsearch/RandomTexts.h"
 #include "TestHome.h"
-#include "filter/RandomTexts.h"
 
 #include <QAbstractItemView>
 #include <QAbstractProxyModel>
 #include <QApplication>
+#include <QComboBox>
 #include <QLineEdit>
 #include <QSignalSpy>
 #include <QStandardItemModel>
 #include <QStringListModel>
 #include <QTest>
 
+#include <functional>
 #include <memory>
+#include <utility>
 
 static_assert(ctkCompleter::FilterContains == 1, "the number that callers may have stored");
 
 namespace {
 
 const QStringList colours = {"Blue", "Red", "Value", "Light Blue", "bluish"};
+
+/// Returns enough texts for the library's own search to be used. Every fifth one contains "Light Blue".
+QStringList manyTexts()
+{
+    QStringList texts;
+    for (int row = 0; row < 1500; ++row)
+        texts += colours.at(row % colours.size()) + QStringLiteral(" %1").arg(row);
+    return texts;
+}
 
 QStringList completions(const QCompleter& completer)
 {
@@ -54,6 +66,21 @@ private Q_SLOTS:
     void takesAnotherModel();
     void deletesItsOwnModelOnly();
     void survivesTheModel();
+    void survivesTheModelWhosePopupIsOpen();
+    void takesSettersOfQCompleter();
+    void letsAnOverrideSplit();
+    void leavesTheListWhenSplitIsAskedFor();
+    void setsFilterModes();
+    void keepsTheModelThatIsItsOwn();
+    void takesAnotherModelWhileThePopupIsOpen();
+    void letsSlotsChangeTheModel_data();
+    void letsSlotsChangeTheModel();
+    void isUsedWhileTheModelGoes_data();
+    void isUsedWhileTheModelGoes();
+    void isAskedAgainWhileItFilters();
+    void keepsLongListsWhole();
+    void worksInAComboBox();
+    void startsAgain();
 };
 
 void tst_ctkCompleter::startsAsAQCompleter()
@@ -102,9 +129,9 @@ void tst_ctkCompleter::completesWithWhatContainsTheText()
 void tst_ctkCompleter::completesLikeQCompleter()
 {
     RandomTexts random(3);
-    for (int round = 0; round < 100; ++round) {
+    for (int round = 0; round < 20; ++round) {
         QStringList texts;
-        for (int i = 0; i < 100; ++i)
+        for (int i = 0; i < (round % 4 == 0 ? 100 : 1100); ++i)
             texts += random.text(30);
         QStringListModel model(texts);
         QCompleter peer(&model);
@@ -141,9 +168,19 @@ void tst_ctkCompleter::tellsTheRowOfTheModel()
     completer.setModelFiltering(ctkCompleter::FilterContains);
     completer.setCompletionPrefix(QStringLiteral("Light"));
     const auto* shown = qobject_cast<QAbstractProxyModel*>(completer.completionModel());
-    const auto* filtered = qobject_cast<QAbstractProxyModel*>(completer.model());
-    QVERIFY(shown && filtered);
-    QCOMPARE(filtered->mapToSource(shown->mapToSource(completer.currentIndex())), model.index(3));
+    QVERIFY(shown);
+    QCOMPARE(shown->mapToSource(completer.currentIndex()), model.index(3));
+    QCOMPARE(completer.model(), &model);
+    // With a pointer to QCompleter only, as a combo box has, the model is the source model of QCompleter::model().
+    const auto* given = qobject_cast<QAbstractProxyModel*>(static_cast<QCompleter&>(completer).model());
+    QVERIFY(given);
+    QCOMPARE(given->sourceModel(), &model);
+    QCOMPARE(given->mapToSource(shown->mapToSource(completer.currentIndex())), model.index(3));
+
+    model.setStringList(manyTexts());
+    completer.setCompletionPrefix(QStringLiteral("Light Blue 1003"));
+    QCOMPARE(completer.completionCount(), 1);
+    QCOMPARE(shown->mapToSource(completer.currentIndex()), model.index(1003));
 }
 
 void tst_ctkCompleter::completesWithinTheLineWhatStartsWithTheText()
@@ -244,6 +281,339 @@ void tst_ctkCompleter::survivesTheModel()
     QCOMPARE(completions(*completer), QStringList());
     QCOMPARE(completions(*completer, QStringLiteral("e")), QStringList());
     completer->popup()->hide();
+}
+
+namespace {
+
+/// A line edit with a completer over a long list.
+struct Editor
+{
+    explicit Editor(const QStringList& texts = manyTexts())
+        : model(std::make_unique<QStringListModel>(texts))
+        , completer(new ctkCompleter(model.get(), &edit))
+    {
+        completer->setModelFiltering(ctkCompleter::FilterContains);
+        edit.setCompleter(completer);
+        edit.show();
+    }
+
+    bool type(const QString& text)
+    {
+        if (!QTest::qWaitForWindowActive(&edit))
+            return false;
+        QTest::keyClicks(&edit, text);
+        return QTest::qWaitFor([this] { return completer->popup()->isVisible(); });
+    }
+
+    std::unique_ptr<QStringListModel> model;
+    QLineEdit edit;
+    QPointer<ctkCompleter> completer;
+};
+
+} // namespace
+
+void tst_ctkCompleter::survivesTheModelWhosePopupIsOpen()
+{
+    Editor editor;
+    QVERIFY(editor.type(QStringLiteral("lue")));
+    QCOMPARE(editor.completer->completionCount(), 900);
+    editor.model.reset();
+    QVERIFY(!editor.completer->model());
+    QCOMPARE(completions(*editor.completer), QStringList());
+    QTest::keyClick(editor.completer->popup(), Qt::Key_Down);
+    QTest::keyClick(editor.completer->popup(), Qt::Key_Backspace);
+    QVERIFY(!editor.completer->popup()->isVisible());
+    QStringListModel other(manyTexts());
+    editor.completer->setModel(&other);
+    QVERIFY(editor.type(QStringLiteral("e 7")));
+    QCOMPARE(editor.completer->completionCount(), completions(*editor.completer).size());
+}
+
+void tst_ctkCompleter::takesSettersOfQCompleter()
+{
+    const auto model = std::make_unique<QStandardItemModel>(0, 2);
+    for (const QString& text : manyTexts())
+        model->appendRow({new QStandardItem(text), new QStandardItem(QStringLiteral("other ") + text)});
+    ctkCompleter completer(model.get());
+    QCompleter& base = completer;
+    completer.setModelFiltering(ctkCompleter::FilterContains);
+    QCOMPARE(completions(completer, QStringLiteral("other")), QStringList());
+    QCOMPARE(completions(completer, QStringLiteral("Light")).size(), 300);
+    base.setCompletionColumn(1);
+    QCOMPARE(completer.completionCount(), 300);
+    base.setCompletionPrefix(QStringLiteral("other"));
+    QCOMPARE(completer.completionCount(), 1500);
+    base.setCompletionPrefix(QStringLiteral("Light"));
+    base.setCompletionMode(QCompleter::UnfilteredPopupCompletion);
+    QCOMPARE(completer.completionModel()->rowCount(), 1500);
+    QCOMPARE(completer.currentCompletion(), QStringLiteral("other Light Blue 3"));
+    base.setCompletionMode(QCompleter::InlineCompletion);
+    base.setCompletionPrefix(QStringLiteral("Light"));
+    QCOMPARE(completer.currentCompletion(), QString());
+    QStringListModel list(manyTexts());
+    base.setModel(&list);
+    base.setCompletionColumn(0);
+    QCOMPARE(completer.model(), &list);
+    QCOMPARE(completer.currentCompletion(), QStringLiteral("Light Blue 3"));
+}
+
+namespace {
+
+/// A completer that optionally splits paths at blanks without calling the base class.
+class SplittingCompleter : public ctkCompleter
+{
+public:
+    using ctkCompleter::ctkCompleter;
+    QStringList splitPath(const QString& path) const override
+    {
+        return splits ? QStringList{path.section(QLatin1Char('+'), -1)} : ctkCompleter::splitPath(path);
+    }
+    bool splits = false;
+};
+
+} // namespace
+
+void tst_ctkCompleter::letsAnOverrideSplit()
+{
+    SplittingCompleter completer(manyTexts());
+    completer.setModelFiltering(ctkCompleter::FilterContains);
+    QCOMPARE(completions(completer, QStringLiteral("Red+Light")), QStringList());
+    completer.splits = true;
+    QCOMPARE(completions(completer, QStringLiteral("Red+Light")).size(), 300);
+    completer.splits = false;
+    QCOMPARE(completions(completer, QStringLiteral("Light Blue 3")).first(), QStringLiteral("Light Blue 3"));
+    completer.splits = true;
+    QCOMPARE(completions(completer, QStringLiteral("Red+Value")).size(), 300);
+    QCOMPARE(completions(completer, QStringLiteral("Red+Red")).size(), 300);
+}
+
+void tst_ctkCompleter::leavesTheListWhenSplitIsAskedFor()
+{
+    ctkCompleter completer(manyTexts());
+    QCOMPARE(completer.splitPath(QStringLiteral("any")), QStringList{QString()});
+    completer.setModelFiltering(ctkCompleter::FilterContains);
+    completer.setCompletionPrefix(QStringLiteral("Light"));
+    const QStringList before = completions(completer);
+    completer.splitPath(QStringLiteral("Red"));
+    QCOMPARE(completions(completer), before);
+    QCOMPARE(completer.completionPrefix(), QStringLiteral("Light"));
+}
+
+void tst_ctkCompleter::setsFilterModes()
+{
+    ctkCompleter completer(manyTexts());
+    completer.setFilterMode(Qt::MatchEndsWith);
+    QCOMPARE(completions(completer, QStringLiteral(" 7")).size(), 1);
+    completer.setModelFiltering(ctkCompleter::FilterContains);
+    QCOMPARE(completer.filterMode(), Qt::MatchContains);
+    QCOMPARE(completions(completer, QStringLiteral(" 7")).size(), 111);
+    completer.setModelFiltering(ctkCompleter::FilterStartsWith);
+    QCOMPARE(completer.filterMode(), Qt::MatchEndsWith);
+    QCOMPARE(completions(completer, QStringLiteral(" 7")).size(), 1);
+
+    completer.setModelFiltering(ctkCompleter::FilterContains);
+    completer.setCompletionMode(QCompleter::InlineCompletion);
+    QCOMPARE(completer.filterMode(), Qt::MatchContains);
+    QTest::ignoreMessage(QtWarningMsg, "Unhandled QCompleter::filterMode flag is used.");
+    completer.setFilterMode(Qt::MatchRecursive);
+    QCOMPARE(completer.modelFiltering(), ctkCompleter::FilterContains);
+    completer.setFilterMode(Qt::MatchStartsWith);
+    QCOMPARE(completer.modelFiltering(), ctkCompleter::FilterStartsWith);
+    QCOMPARE(completer.filterMode(), Qt::MatchStartsWith);
+}
+
+void tst_ctkCompleter::keepsTheModelThatIsItsOwn()
+{
+    ctkCompleter completer(manyTexts());
+    completer.setModelFiltering(ctkCompleter::FilterContains);
+    const QPointer<QAbstractItemModel> own(completer.model());
+    QCOMPARE(own->QObject::parent(), &completer);
+    completer.setModel(own);
+    completer.setModelFiltering(ctkCompleter::FilterStartsWith);
+    completer.setModelFiltering(ctkCompleter::FilterContains);
+    QVERIFY(own);
+    QCOMPARE(completions(completer, QStringLiteral("Light")).size(), 300);
+    completer.setModel(nullptr);
+    QVERIFY(!own);
+    QVERIFY(!completer.model());
+    QCOMPARE(completions(completer, QStringLiteral("Red")), QStringList());
+}
+
+void tst_ctkCompleter::takesAnotherModelWhileThePopupIsOpen()
+{
+    Editor editor;
+    QVERIFY(editor.type(QStringLiteral("lue")));
+    QStringListModel other({"Glue", "Sand"});
+    editor.completer->setModel(&other);
+    editor.model.reset();
+    QVERIFY(!editor.completer->popup()->isVisible());
+    QCOMPARE(completions(*editor.completer), QStringList{"Glue"});
+    QTest::keyClick(&editor.edit, Qt::Key_Backspace);
+    QTRY_VERIFY(editor.completer->popup()->isVisible());
+    editor.completer->setModelFiltering(ctkCompleter::FilterStartsWith);
+    QVERIFY(editor.completer->popup()->isVisible());
+    QTest::keyClick(editor.completer->popup(), Qt::Key_Down);
+    QTest::keyClick(editor.completer->popup(), Qt::Key_Return);
+    QCOMPARE(editor.edit.text(), QStringLiteral("Glue"));
+}
+
+using Change = std::function<void(Editor&)>;
+Q_DECLARE_METATYPE(Change)
+
+void tst_ctkCompleter::letsSlotsChangeTheModel_data()
+{
+    QTest::addColumn<Change>("change");
+
+    QTest::newRow("other texts") << Change([](Editor& editor) { editor.model->setStringList({"Glue"}); });
+    QTest::newRow("rows gone") << Change([](Editor& editor) { editor.model->removeRows(0, 1400); });
+    QTest::newRow("no model") << Change([](Editor& editor) { editor.completer->setModel(nullptr); });
+    QTest::newRow("model destroyed") << Change([](Editor& editor) { editor.model.reset(); });
+    QTest::newRow("other filtering") << Change(
+        [](Editor& editor) { editor.completer->setModelFiltering(ctkCompleter::FilterStartsWith); });
+    QTest::newRow("completer on its way out") << Change([](Editor& editor) { editor.completer->deleteLater(); });
+    QTest::newRow("other prefix") << Change(
+        [](Editor& editor) { editor.completer->setCompletionPrefix(QStringLiteral("Red")); });
+}
+
+void tst_ctkCompleter::letsSlotsChangeTheModel()
+{
+    QFETCH(Change, change);
+
+    for (const bool highlights : {true, false}) {
+        Editor editor;
+        int changes = 0;
+        const auto run = [&](const QString& text) {
+            if (text.isEmpty() || ++changes > 1)
+                return;
+            change(editor);
+        };
+        if (highlights)
+            connect(editor.completer, QOverload<const QString&>::of(&QCompleter::highlighted), this, run);
+        else
+            connect(editor.completer, QOverload<const QString&>::of(&QCompleter::activated), this, run);
+        QVERIFY(editor.type(QStringLiteral("ght")));
+        QTest::keyClick(editor.completer->popup(), Qt::Key_Down);
+        if (editor.completer->popup()->isVisible())
+            QTest::keyClick(editor.completer->popup(), Qt::Key_Return);
+        QVERIFY(changes >= 1);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QTest::keyClicks(&editor.edit, QStringLiteral("x"));
+        QTest::keyClick(&editor.edit, Qt::Key_Backspace);
+        if (editor.completer && editor.completer->popup())
+            editor.completer->popup()->hide();
+    }
+}
+
+void tst_ctkCompleter::isUsedWhileTheModelGoes_data()
+{
+    QTest::addColumn<Change>("use");
+
+    QTest::newRow("parts") << Change([](Editor& editor) { editor.completer->splitPath(QStringLiteral("Red")); });
+    // A combo box of a newer Qt does this while its model is being replaced.
+    QTest::newRow("prefix") << Change(
+        [](Editor& editor) { editor.completer->setCompletionPrefix(QStringLiteral("Red")); });
+    QTest::newRow("model") << Change([](Editor& editor) { editor.completer->setModel(nullptr); });
+    QTest::newRow("filtering") << Change(
+        [](Editor& editor) { editor.completer->setModelFiltering(ctkCompleter::FilterStartsWith); });
+    QTest::newRow("mode") << Change(
+        [](Editor& editor) { editor.completer->setCompletionMode(QCompleter::UnfilteredPopupCompletion); });
+    QTest::newRow("case") << Change([](Editor& editor) { editor.completer->setCaseSensitivity(Qt::CaseInsensitive); });
+}
+
+void tst_ctkCompleter::isUsedWhileTheModelGoes()
+{
+    QFETCH(Change, use);
+
+    Editor editor;
+    editor.completer->setModel(nullptr);
+    int uses = 0;
+    // Connected before the completer has the model, so that this slot runs before the completer's.
+    connect(editor.model.get(), &QObject::destroyed, this, [&] {
+        ++uses;
+        QVERIFY(!editor.completer->model());
+        use(editor);
+    });
+    editor.completer->setModel(editor.model.get());
+    QVERIFY(editor.type(QStringLiteral("lue")));
+    editor.model.reset();
+    QCOMPARE(uses, 1);
+    QVERIFY(!editor.completer->model());
+    QCOMPARE(completions(*editor.completer), QStringList());
+    QStringListModel other(manyTexts());
+    editor.completer->setModel(&other);
+    editor.completer->setModelFiltering(ctkCompleter::FilterContains);
+    QCOMPARE(completions(*editor.completer, QStringLiteral("Light")).size(),
+             editor.completer->completionMode() == QCompleter::PopupCompletion ? 300 : 1500);
+    editor.completer->popup()->hide();
+}
+
+void tst_ctkCompleter::isAskedAgainWhileItFilters()
+{
+    ctkCompleter completer(manyTexts());
+    completer.setModelFiltering(ctkCompleter::FilterContains);
+    bool asks = true;
+    connect(completer.completionModel(), &QAbstractItemModel::modelReset, this, [&] {
+        if (std::exchange(asks, false))
+            completer.setCompletionPrefix(QStringLiteral("Light"));
+    });
+    completer.setCompletionPrefix(QStringLiteral("Red"));
+    QCOMPARE(completer.completionPrefix(), QStringLiteral("Light"));
+    QCOMPARE(completions(completer).size(), 300);
+    QCOMPARE(completer.currentCompletion(), QStringLiteral("Light Blue 3"));
+    asks = true;
+    qobject_cast<QStringListModel*>(completer.model())->setStringList(manyTexts() + manyTexts());
+    QCOMPARE(completions(completer).size(), 600);
+}
+
+void tst_ctkCompleter::keepsLongListsWhole()
+{
+    QStandardItemModel items;
+    for (const QString& text : manyTexts())
+        items.appendRow(new QStandardItem(text));
+    ctkCompleter completer(&items);
+    completer.setModelFiltering(ctkCompleter::FilterContains);
+    QCOMPARE(completions(completer, QStringLiteral("Light")).size(), 300);
+    items.item(3)->setSelectable(false);
+    QCOMPARE(completions(completer).size(), 300);
+    auto* const heading = new QStandardItem(QStringLiteral("Lights"));
+    heading->setSelectable(false);
+    items.insertRow(0, heading);
+    QCOMPARE(completions(completer, QStringLiteral("Light")).size(), 301);
+}
+
+void tst_ctkCompleter::worksInAComboBox()
+{
+    QStandardItemModel items;
+    for (int row = 0; row < 1500; ++row)
+        items.appendRow(new QStandardItem(colours.at(row % 5))); // equal texts: the right row must be selected
+    QComboBox box;
+    box.setEditable(true);
+    box.setModel(&items);
+    auto* const completer = new ctkCompleter(&items, &box);
+    completer->setModelFiltering(ctkCompleter::FilterContains);
+    box.setCompleter(completer);
+    box.show();
+    QVERIFY(QTest::qWaitForWindowActive(&box));
+    box.lineEdit()->clear();
+    QTest::keyClicks(box.lineEdit(), QStringLiteral("ght"));
+    QTRY_VERIFY(completer->popup()->isVisible());
+    for (int key = 0; key < 4; ++key)
+        QTest::keyClick(completer->popup(), Qt::Key_Down);
+    QTest::keyClick(completer->popup(), Qt::Key_Return);
+    QCOMPARE(box.currentIndex(), 18);
+}
+
+void tst_ctkCompleter::startsAgain()
+{
+    Editor editor;
+    for (int run = 0; run < 3; ++run) {
+        editor.edit.clear();
+        QVERIFY(editor.type(QStringLiteral("ght")));
+        QCOMPARE(editor.completer->popup()->model()->rowCount(), 300);
+        QTest::keyClick(editor.completer->popup(), Qt::Key_Down);
+        QTest::keyClick(editor.completer->popup(), Qt::Key_Return);
+        QCOMPARE(editor.edit.text(), QStringLiteral("Light Blue 3"));
+    }
 }
 
 UI_TEST_MAIN(tst_ctkCompleter)

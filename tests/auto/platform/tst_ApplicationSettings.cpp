@@ -33,7 +33,7 @@ const std::vector<std::string>& trickyKeys()
         "/",
         "//",
         "a/b",
-        "a_2fb", // what a careless escape would make of the one before
+        "a_2fb", // the previous key, escaped without escaping '_' itself
         "_",
         " ",
         "%2f",
@@ -58,7 +58,8 @@ QString settingsFile()
     return QSettings(QCoreApplication::organizationName(), QCoreApplication::applicationName()).fileName();
 }
 
-/// The answer of this program started again: whether it finds every value that the first one has kept.
+/// Runs in a second process. Returns 0 if every stored value is found, otherwise the 1-based index of the first key
+/// that is not.
 int checkAfterRestart()
 {
     for (std::size_t i = 0; i < trickyKeys().size(); ++i) {
@@ -76,17 +77,17 @@ class tst_ApplicationSettings : public QObject
 
 private Q_SLOTS:
     void init();
-    void nothingKeptIsEmpty();
-    void everyByteStringIsAKeyOfItsOwn();
+    void unknownKeyIsEmpty();
+    void everyByteStringIsADistinctKey();
     void laterValueReplacesEarlierOne();
     void emptyValueIsKept();
     void survivesARestart();
-    void leavesTheApplicationsOwnSettingsAlone();
-    void damagedFileIsAWarning();
-    void unwritableFolderIsAWarning();
+    void keepsTheApplicationsOwnSettings();
+    void warnsOfADamagedFile();
+    void warnsOfAnUnwritableFolder();
     void withoutAnOrganization();
-    void ownStoreTakesThePlace();
-    void nullBringsTheDefaultStoreBack();
+    void ownStoreReplacesTheDefault();
+    void nullRestoresTheDefaultStore();
 };
 
 void tst_ApplicationSettings::init()
@@ -98,13 +99,13 @@ void tst_ApplicationSettings::init()
         QFile::remove(settingsFile());
 }
 
-void tst_ApplicationSettings::nothingKeptIsEmpty()
+void tst_ApplicationSettings::unknownKeyIsEmpty()
 {
     for (const std::string& key : trickyKeys())
         QVERIFY(settings().getByteArrayValue(key).isEmpty());
 }
 
-void tst_ApplicationSettings::everyByteStringIsAKeyOfItsOwn()
+void tst_ApplicationSettings::everyByteStringIsADistinctKey()
 {
     for (std::size_t i = 0; i < trickyKeys().size(); ++i)
         settings().depositValue(trickyKeys()[i], valueOf(i));
@@ -137,14 +138,14 @@ void tst_ApplicationSettings::survivesARestart()
     QCOMPARE(again.exitStatus(), QProcess::NormalExit);
     QCOMPARE(again.exitCode(), 0);
 
-    // The check can fail: one value less, and it names the key.
+    // Verifies that the check can fail: it returns the 1-based index of a changed key.
     settings().depositValue(trickyKeys()[1], "another");
     again.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--check-after-restart")});
     QVERIFY(again.waitForFinished());
     QCOMPARE(again.exitCode(), 2);
 }
 
-void tst_ApplicationSettings::leavesTheApplicationsOwnSettingsAlone()
+void tst_ApplicationSettings::keepsTheApplicationsOwnSettings()
 {
     {
         QSettings own(QCoreApplication::organizationName(), QCoreApplication::applicationName());
@@ -155,7 +156,7 @@ void tst_ApplicationSettings::leavesTheApplicationsOwnSettingsAlone()
     QCOMPARE(own.value(QStringLiteral("key")).toInt(), 7);
 }
 
-void tst_ApplicationSettings::damagedFileIsAWarning()
+void tst_ApplicationSettings::warnsOfADamagedFile()
 {
     if (systemLimits::noSettingsFile)
         QSKIP(systemLimits::noSettingsFile);
@@ -170,7 +171,7 @@ void tst_ApplicationSettings::damagedFileIsAWarning()
     QVERIFY(settings().getByteArrayValue("key").isEmpty());
 }
 
-void tst_ApplicationSettings::unwritableFolderIsAWarning()
+void tst_ApplicationSettings::warnsOfAnUnwritableFolder()
 {
     if (systemLimits::noSettingsFile)
         QSKIP(systemLimits::noSettingsFile);
@@ -201,7 +202,7 @@ void tst_ApplicationSettings::withoutAnOrganization()
     QVERIFY(settings().getByteArrayValue("key").isEmpty());
 }
 
-void tst_ApplicationSettings::ownStoreTakesThePlace()
+void tst_ApplicationSettings::ownStoreReplacesTheDefault()
 {
     settings().depositValue("key", "in the file");
     QVERIFY(settings().setStore(std::make_unique<ApplicationSettings::MemoryStore>()));
@@ -216,7 +217,7 @@ void tst_ApplicationSettings::ownStoreTakesThePlace()
     QCOMPARE(memory->value(trickyKeys()[1]), valueOf(1));
 }
 
-void tst_ApplicationSettings::nullBringsTheDefaultStoreBack()
+void tst_ApplicationSettings::nullRestoresTheDefaultStore()
 {
     settings().depositValue("key", "in the file");
     settings().setStore(std::make_unique<ApplicationSettings::MemoryStore>());

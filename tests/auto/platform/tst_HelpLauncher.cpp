@@ -25,7 +25,7 @@ class tst_HelpLauncher : public QObject
     Q_OBJECT
 
 public Q_SLOTS:
-    /// Stands for the desktop's browser.
+    /// Replaces the desktop's browser and records the URLs.
     void open(const QUrl& url) { m_opened += url; }
 
 private Q_SLOTS:
@@ -34,13 +34,13 @@ private Q_SLOTS:
     void topicBelowTheBaseUrl_data();
     void topicBelowTheBaseUrl();
     void topicBelowAFolder();
-    void topicThatLeadsOutIsRefused_data();
-    void topicThatLeadsOutIsRefused();
+    void topicThatLeadsOutOfTheBaseUrlIsRejected_data();
+    void topicThatLeadsOutOfTheBaseUrlIsRejected();
     void withoutABaseUrl();
-    void nothingOpensIt();
+    void noProgramOpensTheUrl();
     void ownHandler();
     void handlerThatReplacesItself();
-    void emptyHandlerBringsTheDefaultBack();
+    void emptyHandlerRestoresTheDefault();
 
 private:
     QList<QUrl> m_opened;
@@ -73,10 +73,10 @@ void tst_HelpLauncher::topicBelowTheBaseUrl_data()
     QTest::newRow("an anchor") << "help://host/m/" << "open.html#filters" << "help://host/m/open.html#filters";
     QTest::newRow("the base's query stays") << "help://host/m/?v=2" << "a.html" << "help://host/m/a.html?v=2";
     QTest::newRow("a colon makes no scheme") << "help://host/m/" << "mail:x" << "help://host/m/mail:x";
-    QTest::newRow("a question mark is a letter") << "help://host/m/" << "why?.html" << "help://host/m/why%3F.html";
-    QTest::newRow("a percent sign is a letter") << "help://host/m/" << "100%.html" << "help://host/m/100%25.html";
+    QTest::newRow("a question mark is part of the path") << "help://host/m/" << "why?.html" << "help://host/m/why%3F.html";
+    QTest::newRow("a percent sign is part of the path") << "help://host/m/" << "100%.html" << "help://host/m/100%25.html";
     QTest::newRow("no topic shows the start page") << "help://host/m/" << "" << "help://host/m/";
-    QTest::newRow("up and down again inside") << "help://host/m/" << "a/../b.html" << "help://host/m/b.html";
+    QTest::newRow("parent segment within the base URL") << "help://host/m/" << "a/../b.html" << "help://host/m/b.html";
     QTest::newRow("non-ASCII") << "help://host/m/" << QStringLiteral(u"\u00f6ffnen.html") << "help://host/m/%C3%B6ffnen.html";
     // clang-format on
 }
@@ -103,7 +103,7 @@ void tst_HelpLauncher::topicBelowAFolder()
     QCOMPARE(m_opened, QList<QUrl>{QUrl::fromLocalFile(QStringLiteral("/opt/our tool/help/files/open.html"))});
 }
 
-void tst_HelpLauncher::topicThatLeadsOutIsRefused_data()
+void tst_HelpLauncher::topicThatLeadsOutOfTheBaseUrlIsRejected_data()
 {
     QTest::addColumn<QByteArray>("topic");
 
@@ -113,7 +113,7 @@ void tst_HelpLauncher::topicThatLeadsOutIsRefused_data()
     QTest::newRow("to a folder with a longer name") << QByteArray("../manual2/x.html");
 }
 
-void tst_HelpLauncher::topicThatLeadsOutIsRefused()
+void tst_HelpLauncher::topicThatLeadsOutOfTheBaseUrlIsRejected()
 {
     QFETCH(QByteArray, topic);
 
@@ -131,14 +131,14 @@ void tst_HelpLauncher::withoutABaseUrl()
     QVERIFY(m_opened.isEmpty());
 }
 
-void tst_HelpLauncher::nothingOpensIt()
+void tst_HelpLauncher::noProgramOpensTheUrl()
 {
     help().setBaseUrl(QUrl(QStringLiteral("nobody-opens-this://host/")));
     const QByteArray path = qgetenv("PATH");
     qputenv("PATH", "/nonexistent"); // no browser is found
-    const QString whatTheSystemSays =
+    const QString systemWarning =
         QStringLiteral("(Unable to detect a web browser to launch|ShellExecute) 'nobody-opens-this://host/open.html'");
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(whatTheSystemSays));
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(systemWarning));
     QTest::ignoreMessage(QtWarningMsg, "Cannot show the help topic open.html below nobody-opens-this://host/");
     help().showHelp("open.html");
     qputenv("PATH", path);
@@ -168,7 +168,7 @@ void tst_HelpLauncher::handlerThatReplacesItself()
     QCOMPARE(second, 1);
 }
 
-void tst_HelpLauncher::emptyHandlerBringsTheDefaultBack()
+void tst_HelpLauncher::emptyHandlerRestoresTheDefault()
 {
     help().setBaseUrl(QUrl(QStringLiteral("help://host/")));
     help().setHandler([](const std::string&) {});

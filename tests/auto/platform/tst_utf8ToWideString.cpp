@@ -19,7 +19,8 @@ private Q_SLOTS:
 
 namespace {
 
-/// The characters of `text`, one after the other. Not QString::toStdWString(): the function under test uses it.
+/// Converts `text` code point by code point. Does not use QString::toStdWString(), because the function under test
+/// does.
 std::wstring wide(const QString& text)
 {
     std::wstring result;
@@ -33,7 +34,7 @@ std::wstring wide(const QString& text)
     return result;
 }
 
-/// Not QString::fromUcs4(): it drops U+FEFF.
+/// Returns the code point as a string. Does not use QString::fromUcs4(), which drops U+FEFF.
 QString character(char32_t point)
 {
     if (!QChar::requiresSurrogates(point))

@@ -19,33 +19,35 @@ using zelmar::PropertyItemInterface;
 using zelmar::ValidationResult;
 using zelmar::ValidatorInterface;
 
-// One object has its observers: there is no second one like it, and it does not go elsewhere.
+// Observers are connected to one object, so a property can be neither copied nor moved.
 static_assert(!std::is_copy_constructible_v<Property<int>> && !std::is_move_constructible_v<Property<int>>,
               "a property is neither copied nor moved");
 static_assert(!std::is_copy_assignable_v<Property<int>> && !std::is_move_assignable_v<Property<int>>,
               "a property is neither assigned nor moved to");
-static_assert(std::is_default_constructible_v<Property<int>>, "a property may start with its type's zero");
-static_assert(!std::is_convertible_v<int, Property<int>>, "a value is not taken for a property");
+static_assert(std::is_default_constructible_v<Property<int>>, "a property can be default-constructed");
+static_assert(!std::is_convertible_v<int, Property<int>>, "a value does not convert to a property implicitly");
 static_assert(std::is_abstract_v<PropertyAbstract<int>> && std::is_abstract_v<ValidatorInterface<int>>,
-              "interfaces are only implemented");
+              "interfaces are abstract");
 static_assert(
     std::has_virtual_destructor_v<
         PropertyItemInterface> && std::has_virtual_destructor_v<ValidatorInterface<int>> && std::has_virtual_destructor_v<ValidationResult>,
-    "objects are deleted through their bases");
-static_assert(std::is_base_of_v<PropertyItemInterface, Property<std::string>>, "properties of all types mix");
+    "objects can be deleted through their base classes");
+static_assert(std::is_base_of_v<PropertyItemInterface, Property<std::string>>,
+              "properties of all types share one base class");
 static_assert(std::is_same<decltype(std::declval<const Property<std::string>&>().value()), std::string>::value,
-              "a value is read by value, from a constant property too");
+              "value() returns a copy and is const");
 static_assert(std::is_nothrow_copy_constructible_v<InvalidPropertyValueException>,
-              "what is thrown is copied on the way");
+              "copying an exception does not throw");
 static_assert(
     std::is_base_of_v<zelmar::ExceptionBase,
                       InvalidPropertyValueException> && std::is_base_of_v<std::exception, zelmar::ExceptionBase>,
-    "what is thrown can be caught as any of its bases");
-static_assert(!std::is_convertible_v<std::string, ValidationResult>, "a text alone is no refusal");
+    "the exception can be caught as any of its base classes");
+static_assert(!std::is_convertible_v<std::string, ValidationResult>,
+              "a string does not convert to a result implicitly");
 
 namespace {
 
-/// Writes down which step of setValue() runs.
+/// A property that records the steps of setValue().
 class Traced : public Property<int>
 {
 public:
@@ -63,7 +65,7 @@ public:
         Property<int>::validateValue(value);
     }
 
-    /// Keeps half of what it is given, so that the value read back is another than the argument.
+    /// Stores half of the value, so that the value read back differs from the argument.
     void assignValue(const int& value) override
     {
         steps.push_back("assign " + std::to_string(value));
@@ -87,12 +89,12 @@ struct AtMostTen : ValidatorInterface<int>
     }
 };
 
-/// Two roads to ValidatorInterface, of which the virtual base makes one.
+/// A validator that inherits ValidatorInterface twice, which the virtual base class merges.
 struct Combined : AllowAnyValueValidator<int>, virtual ValidatorInterface<int>
 {
 };
 
-/// Opens the order of the virtual functions to the test.
+/// Gives the test access to the order of the virtual functions.
 struct Slots : Property<int>
 {
     static std::vector<std::size_t> inOrder()
@@ -111,22 +113,23 @@ class tst_Property : public QObject
 
 private Q_SLOTS:
     void startsWithItsInitialValue();
-    void takesTheStepsInOrder();
-    void keepsSilentAboutAnEqualValue();
-    void tellsOfEachChangeOnce();
+    void performsTheStepsInOrder();
+    void doesNotNotifyOfAnEqualValue();
+    void notifiesOfEachChangeOnce();
     void comparesTextByContent();
-    void tellsOfNaNEachTime();
-    void refusesWhatTheValidatorRefuses();
-    void asksTheValidatorAboutTheCurrentValueToo();
-    void takesEveryValueAgainWithoutAValidator();
-    void throwsWhatCanBeCaughtAsAnyOfItsBases();
+    void notifiesOfNaNEachTime();
+    void throwsWhenTheValidatorRejects();
+    void validatesTheCurrentValueToo();
+    void acceptsEveryValueWithANullValidator();
+    void exceptionCanBeCaughtAsItsBaseClasses();
     void callsObserversInOrder();
     void letsAnObserverSetTheValueAgain();
     void keepsTheValueWhenAnObserverThrows();
     void changesNothingWhenTheValidatorThrows();
-    void letsObserversComeAndGoMeanwhile();
+    void allowsConnectingAndDisconnectingMeanwhile();
     void combinesValidators();
     void keepsTheOrderOfVirtualFunctions();
+    void keepsItsEmptyReference();
 };
 
 void tst_Property::startsWithItsInitialValue()
@@ -138,7 +141,7 @@ void tst_Property::startsWithItsInitialValue()
     QCOMPARE(boost::make_shared<Property<std::string>>("a")->value(), std::string("a"));
 }
 
-void tst_Property::takesTheStepsInOrder()
+void tst_Property::performsTheStepsInOrder()
 {
     Traced property(1);
     property.setValue(6);
@@ -146,7 +149,7 @@ void tst_Property::takesTheStepsInOrder()
     QCOMPARE(property.steps, expected);
 }
 
-void tst_Property::keepsSilentAboutAnEqualValue()
+void tst_Property::doesNotNotifyOfAnEqualValue()
 {
     Traced property(5);
     property.setValue(5);
@@ -154,19 +157,19 @@ void tst_Property::keepsSilentAboutAnEqualValue()
     QCOMPARE(property.steps, expected);
 }
 
-void tst_Property::tellsOfEachChangeOnce()
+void tst_Property::notifiesOfEachChangeOnce()
 {
     const auto property = boost::make_shared<Property<int>>(1);
     const boost::shared_ptr<PropertyAbstract<int>> observed = property;
-    std::vector<int> told;
-    observed->signalValueChanged().connect([&told](const int& value) { told.push_back(value); });
+    std::vector<int> notified;
+    observed->signalValueChanged().connect([&notified](const int& value) { notified.push_back(value); });
 
     property->setValue(2);
     property->setValue(2);
     property->setValue(1);
 
     const std::vector<int> expected = {2, 1};
-    QCOMPARE(told, expected);
+    QCOMPARE(notified, expected);
     QCOMPARE(observed->value(), 1);
 }
 
@@ -181,7 +184,7 @@ void tst_Property::comparesTextByContent()
     QCOMPARE(changes, 1);
 }
 
-void tst_Property::tellsOfNaNEachTime()
+void tst_Property::notifiesOfNaNEachTime()
 {
     Property<double> property;
     int changes = 0;
@@ -192,26 +195,26 @@ void tst_Property::tellsOfNaNEachTime()
     QVERIFY(std::isnan(property.value()));
 }
 
-void tst_Property::refusesWhatTheValidatorRefuses()
+void tst_Property::throwsWhenTheValidatorRejects()
 {
     Property<int> property(3);
     property.setValidator(boost::make_shared<AtMostTen>());
-    bool told = false;
-    property.signalValueChanged().connect([&told](int) { told = true; });
+    bool notified = false;
+    property.signalValueChanged().connect([&notified](int) { notified = true; });
     try {
         property.setValue(11);
-        QFAIL("11 was taken");
+        QFAIL("11 was accepted");
     } catch (const InvalidPropertyValueException& refusal) {
         QCOMPARE(refusal.what(), "10 is the most: \xC3\xA4");
     }
     QCOMPARE(property.value(), 3);
-    QVERIFY(!told);
+    QVERIFY(!notified);
     property.setValue(10);
     QCOMPARE(property.value(), 10);
-    QVERIFY(told);
+    QVERIFY(notified);
 }
 
-void tst_Property::asksTheValidatorAboutTheCurrentValueToo()
+void tst_Property::validatesTheCurrentValueToo()
 {
     Property<int> property(11);
     property.setValidator(boost::make_shared<AtMostTen>());
@@ -219,7 +222,7 @@ void tst_Property::asksTheValidatorAboutTheCurrentValueToo()
     QVERIFY_EXCEPTION_THROWN(property.setValue(11), InvalidPropertyValueException);
 }
 
-void tst_Property::takesEveryValueAgainWithoutAValidator()
+void tst_Property::acceptsEveryValueWithANullValidator()
 {
     Property<int> property(3);
     property.setValidator(boost::make_shared<AtMostTen>());
@@ -228,7 +231,7 @@ void tst_Property::takesEveryValueAgainWithoutAValidator()
     QCOMPARE(property.value(), 11);
 }
 
-void tst_Property::throwsWhatCanBeCaughtAsAnyOfItsBases()
+void tst_Property::exceptionCanBeCaughtAsItsBaseClasses()
 {
     Property<int> property;
     property.setValidator(boost::make_shared<AtMostTen>());
@@ -257,8 +260,8 @@ void tst_Property::letsAnObserverSetTheValueAgain()
 {
     Property<int> property;
     std::vector<std::string> calls;
-    const auto note = [&](const char* name, int told) {
-        calls.push_back(name + std::to_string(told) + " of " + std::to_string(property.value()));
+    const auto note = [&](const char* name, int argument) {
+        calls.push_back(name + std::to_string(argument) + " of " + std::to_string(property.value()));
     };
     property.signalValueChanged().connect([&](int value) {
         note("a", value);
@@ -296,7 +299,7 @@ void tst_Property::changesNothingWhenTheValidatorThrows()
     QCOMPARE(property.value(), 1);
 }
 
-void tst_Property::letsObserversComeAndGoMeanwhile()
+void tst_Property::allowsConnectingAndDisconnectingMeanwhile()
 {
     Property<int> property;
     std::string calls;
@@ -330,6 +333,21 @@ void tst_Property::keepsTheOrderOfVirtualFunctions()
     // 0 is signalPropertyChangedConnected(), 1 and 2 are the destructor.
     const std::vector<std::size_t> expected = {3, 4, 5, 6, 7, 8};
     QCOMPARE(Slots::inOrder(), expected);
+}
+
+void tst_Property::keepsItsEmptyReference()
+{
+    /// A property that lets the test look at the members that a derived class sees.
+    class Open : public Property<int>
+    {
+    public:
+        bool refersToNothing() const { return m_trackedSelf.expired(); }
+    };
+    const auto property = boost::make_shared<Open>();
+    property->setValue(2);
+    QVERIFY(property->refersToNothing());
+    QCOMPARE(sizeof(PropertyAbstract<int>), sizeof(PropertyItemInterface) + sizeof(PropertyAbstract<int>::Signal)
+                                                + sizeof(boost::shared_ptr<void>) + sizeof(boost::weak_ptr<void>));
 }
 
 CORE_TEST_MAIN(tst_Property)

@@ -41,7 +41,7 @@ QString addNode(const QString& path, mode_t mode, dev_t device = 0)
     return path;
 }
 
-/// A device that swallows what is written, as the system's own, but made for the test: nothing here touches /dev.
+/// Creates a device for the test that discards what is written to it, like /dev/null, so that no test touches /dev.
 QString addNullDevice(const QString& path, mode_t mode)
 {
     return addNode(path, S_IFCHR | mode, makedev(1, 3));
@@ -59,7 +59,7 @@ void makeReadOnly(const QString& path)
     checkFault(mount("none", native(path).constData(), "tmpfs", MS_REMOUNT | MS_RDONLY, "mode=0777") == 0, "remount");
 }
 
-/// Takes all that is left of the file system at `folder`.
+/// Fills all free space of the file system at `folder`.
 void fill(const QString& folder)
 {
     QFile file(folder + QStringLiteral("/filler"));
@@ -84,11 +84,11 @@ std::vector<SaveFault> fileFaults()
          [](const QString& f) { return addLink(at(f, "link.dat"), addFile(at(f, "old.dat"), Access::NoWriting)); },
          {"overwrite", "unable"},
          false},
-        // Behind these names nothing exists, so that their folder is what has to be writable. That the name itself
-        // leads nowhere comes out when the caller writes.
+        // The targets of these links do not exist, so the probe only tests whether their folder is writable. The caller
+        // discovers the dangling link when it writes.
         {"dangling link", [](const QString& f) { return addLink(at(f, "link.dat"), at(f, "nowhere.dat")); }, {}, true},
         {"loop of links", [](const QString& f) { return addLink(at(f, "loop.dat"), at(f, "loop.dat")); }, {}, true},
-        // Elsewhere a folder stays as long as a dialog shows it.
+        // On other systems a folder cannot be removed while a dialog shows it.
         {"folder deleted after the choice",
          [](const QString& f) { return addFolder(at(f, "short-lived")) + QStringLiteral("/new.dat"); },
          {"unable"},
@@ -122,7 +122,7 @@ std::vector<SaveFault> mountedFaults()
          [](const QString& f) {
              const QString mounted = mountFolder(f + QLatin1String(mountPoint), "size=64k,mode=0777");
              fill(mounted);
-             return mounted + QStringLiteral("/new.dat"); // that there is room is not proved
+             return mounted + QStringLiteral("/new.dat"); // the probe does not test for free space
          },
          {},
          true},
@@ -163,7 +163,8 @@ std::vector<SaveFault> mountedFaults()
     };
 }
 
-/// A view of the mounted file systems that only this thread has: what it mounts goes with it.
+/// Moves this thread into a mount namespace of its own, which unmounts everything when it ends. Returns the reason for
+/// a failure, or an empty text.
 QString enterOwnMounts()
 {
     if (unshare(CLONE_NEWNS) != 0 || mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0)
@@ -220,5 +221,5 @@ void removeSaveFaults(const QString& folder)
         if (entry.symlink_status().type() == std::filesystem::file_type::directory)
             std::filesystem::permissions(entry.path(), std::filesystem::perms::owner_all);
     }
-    std::filesystem::remove_all(path); // Qt cannot remove a file whose name is no UTF-8
+    std::filesystem::remove_all(path); // Qt cannot remove a file whose name is not valid UTF-8
 }

@@ -23,7 +23,8 @@ EXPLICIT_ACCESSW entryForEverybody(ACCESS_MODE mode, DWORD rights)
     return entry;
 }
 
-/// What is not refused is allowed. The rights themselves can be changed in any case, or there would be no way back.
+/// Allows everything that is not denied. The right to change the access rights is never denied, so that they can be
+/// restored.
 DWORD refusedRights(Access access)
 {
     const DWORD writing = FILE_WRITE_DATA | FILE_APPEND_DATA | FILE_DELETE_CHILD;

@@ -4,7 +4,7 @@
 
 #include <windows.h>
 
-// Windows has its locales built in; the C library knows them by their English names.
+// The locales are part of Windows; its C library finds them by their English names.
 BuiltLocales::BuiltLocales() = default;
 
 BuiltLocales::~BuiltLocales()

@@ -7,7 +7,7 @@
 
 namespace {
 
-/// Rights hold for administrators, too, but not where Windows is played by a program that the superuser runs.
+/// Access rights restrict administrators as well, but not under Wine if the superuser runs it.
 bool rightsHold()
 {
     const QTemporaryDir folder;
@@ -19,10 +19,10 @@ bool rightsHold()
 
 } // namespace
 
-// Nobody has to become another one here.
+// Windows needs no change of the user.
 OrdinaryUser::OrdinaryUser() = default;
 
-OrdinaryUser::~OrdinaryUser() = default; // NOLINT(performance-trivially-destructible): not on every system
+OrdinaryUser::~OrdinaryUser() = default; // NOLINT(performance-trivially-destructible): differs by system
 
 bool OrdinaryUser::isOrdinary() const
 {

@@ -11,7 +11,7 @@
 
 namespace {
 
-/// Opens `path` as a program that lets nobody else open it, until `holder` goes.
+/// Opens `path` exclusively until `holder` is destroyed, like a program that denies sharing.
 QString hold(const QString& path, std::shared_ptr<void>& holder)
 {
     const std::wstring name = QDir::toNativeSeparators(path).toStdWString();
@@ -21,7 +21,7 @@ QString hold(const QString& path, std::shared_ptr<void>& holder)
     return path;
 }
 
-/// What a fault holds until its folder goes.
+/// The resources that a fault holds until its folder is removed.
 std::shared_ptr<void>& heldFile()
 {
     static std::shared_ptr<void> file;

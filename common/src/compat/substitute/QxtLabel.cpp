@@ -9,25 +9,25 @@
 
 namespace {
 
-bool breaksTheLine(QChar letter)
+bool isControlOrLineBreak(QChar codeUnit)
 {
-    const QChar::Category category = letter.category();
+    const QChar::Category category = codeUnit.category();
     return category == QChar::Other_Control || category == QChar::Separator_Line
            || category == QChar::Separator_Paragraph;
 }
 
-/// `text` as it can stand in one line.
-QString inOneLine(QString text)
+/// Returns `text` with each line break and control character replaced by a blank, and CR LF by a single one.
+QString toSingleLine(QString text)
 {
     text.replace(QStringLiteral("\r\n"), QStringLiteral(" "));
-    for (QChar& letter : text) {
-        if (breaksTheLine(letter))
-            letter = QLatin1Char(' ');
+    for (QChar& codeUnit : text) {
+        if (isControlOrLineBreak(codeUnit))
+            codeUnit = QLatin1Char(' ');
     }
     return text;
 }
 
-/// However the font writes an ellipsis: as one letter, or as three dots.
+/// Returns the width of an ellipsis in pixels, whether it is drawn as U+2026 or as three dots.
 int ellipsisWidth(const QFontMetrics& metrics)
 {
     return qMax(metrics.horizontalAdvance(QChar(0x2026)), metrics.horizontalAdvance(QStringLiteral("...")));
@@ -39,39 +39,41 @@ struct QxtLabel::Impl
 {
     QxtLabel& label;
     QString text = {};
-    QString line = {}; ///< the text in one line
+    QString line = {}; ///< the text as a single line
     Qt::Alignment alignment = Qt::AlignLeft | Qt::AlignVCenter;
     Qt::TextElideMode elideMode = Qt::ElideRight;
 
     int lineWidth() const { return label.fontMetrics().horizontalAdvance(line); }
 
-    /// Whether it fits is asked in whole pixels, and first: QFontMetrics::elidedText() minds fractions, and so elides a
-    /// text in the very width that horizontalAdvance() says it has.
+    /// Returns the text to draw in `width` pixels. Compares whole pixels before eliding, because
+    /// QFontMetrics::elidedText() counts fractions and would elide a text in exactly its horizontalAdvance().
     QString shownText(int width) const
     {
         return elideMode == Qt::ElideNone || lineWidth() <= width ? line : elidedText(width);
     }
 
-    /// A blank between letters of two fonts may be wider in what is left than it was in the whole: then there is less
-    /// room than Qt has counted with.
+    /// Returns the line elided to at most `width` pixels. A blank between characters of two fonts can become wider by
+    /// eliding, which Qt does not take into account. The loop then elides to a smaller width.
     QString elidedText(int width) const
     {
         const QFontMetrics metrics = label.fontMetrics();
         QString elided = metrics.elidedText(line, elideMode, width);
-        for (int room = width - 1; room > 0 && metrics.horizontalAdvance(elided) > width; --room)
-            elided = metrics.elidedText(line, elideMode, room);
+        for (int reduced = width - 1; reduced > 0 && metrics.horizontalAdvance(elided) > width; --reduced)
+            elided = metrics.elidedText(line, elideMode, reduced);
         return elided;
     }
 
-    /// The direction of the whole text holds for what is left of it, which may begin in the other one.
+    /// Returns the flags for drawing. They force the direction of the full text, because the elided text may begin with
+    /// characters of the other direction.
     int drawingFlags() const
     {
-        const Qt::Alignment sides = QStyle::visualAlignment(label.layoutDirection(), alignment);
+        const Qt::Alignment visual = QStyle::visualAlignment(label.layoutDirection(), alignment);
         const int direction = line.isRightToLeft() ? Qt::TextForceRightToLeft : Qt::TextForceLeftToRight;
-        return int(sides) | Qt::TextSingleLine | direction;
+        return int(visual) | Qt::TextSingleLine | direction;
     }
 
-    /// Around `textWidth` pixels of the text, which may have letters of other fonts, and larger ones.
+    /// Returns the size of the label for `textWidth` pixels of text. The height includes fallback fonts, whose
+    /// characters may be taller than those of the label's font.
     QSize sizeAround(int textWidth) const
     {
         const QFontMetrics metrics = label.fontMetrics();
@@ -85,7 +87,7 @@ QxtLabel::QxtLabel(QWidget* parent, Qt::WindowFlags flags)
     : QFrame(parent, flags)
     , m_impl(new Impl{*this})
 {
-    makeQxtLabelsAccessible();
+    zelmar::makeQxtLabelsAccessible();
 }
 
 QxtLabel::~QxtLabel() = default;
@@ -100,7 +102,7 @@ void QxtLabel::setText(const QString& text)
     if (text == m_impl->text)
         return;
     m_impl->text = text;
-    m_impl->line = inOneLine(text);
+    m_impl->line = toSingleLine(text);
     updateGeometry();
     update();
     QAccessibleEvent nameChange(this, QAccessible::NameChanged);

@@ -7,20 +7,20 @@
 
 #include <memory>
 
-/// A line of plain text that is shortened with an ellipsis where it does not fit. Stands in for LibQxt's class of this
-/// name where that is not installed, with those of its members that the library needs. Include it as
+/// A label that shows one line of plain text and elides it if it does not fit. It replaces LibQxt's class of the same
+/// name if that is not installed, and has those of its members that the library needs. Include it as
 /// "compat/QxtLabel.h".
 ///
 ///     auto* label = new QxtLabel(window);
 ///     label->setElideMode(Qt::ElideMiddle);
 ///     label->setText("/measurements/2024/run 17/flow.csv");
 ///
-/// The text is shown letter by letter: "<b>" and "&" mean nothing. It is one line: a line break, a tab or another
-/// control character is shown as a blank, CR and LF together as one. text() has them all. An ellipsis stands between
-/// whole letters, with their accents.
+/// The text is drawn literally: "<b>" and "&" have no special meaning. Each line break, tab or other control character
+/// is shown as a blank, and CR LF as a single blank; text() still contains them. Eliding never separates a character
+/// from its accents.
 ///
-/// A layout may make the label as narrow as an ellipsis; its size hint is the whole text. Assistive technology gets the
-/// whole text, too, at any width.
+/// A layout may make the label as narrow as an ellipsis. The size hint has room for the full text. Assistive technology
+/// receives the full text at any width.
 ///
 /// GUI thread only.
 class COMMON_UI_QT_EXPORT QxtLabel : public QFrame
@@ -34,17 +34,18 @@ public:
     explicit QxtLabel(QWidget* parent = nullptr, Qt::WindowFlags flags = Qt::WindowFlags());
     ~QxtLabel() override;
 
-    /// The whole text, as it was set. Empty at first.
+    /// Returns the full text exactly as it was set. It is empty by default.
     QString text() const;
     void setText(const QString& text);
 
-    /// Where the text stands in contentsRect(). Left and right change sides with the widget's layout direction, unless
-    /// Qt::AlignAbsolute is set; without a vertical flag the text is at the top. Left and vertically centred at first.
+    /// Returns the alignment of the text within contentsRect(). In a right-to-left layout left and right are swapped,
+    /// unless Qt::AlignAbsolute is set. Without a vertical flag the text is at the top. The default is left and
+    /// vertically centred.
     Qt::Alignment alignment() const;
     void setAlignment(Qt::Alignment alignment);
 
-    /// Which part of a text that is too long gives way to the ellipsis, in the order of reading: the left part of a
-    /// text from right to left is its beginning, too. Qt::ElideNone cuts the text off. Qt::ElideRight at first.
+    /// Returns which part of an over-long text the ellipsis replaces. Qt::ElideLeft replaces the beginning in reading
+    /// order, also of a right-to-left text. Qt::ElideNone clips the text. The default is Qt::ElideRight.
     Qt::TextElideMode elideMode() const;
     void setElideMode(Qt::TextElideMode mode);
 

@@ -7,7 +7,7 @@ namespace zelmar::ui {
 
 void AutoFilterItemView::keyPressEvent(QKeyEvent* e)
 {
-    // Whoever is told that editing has ended may delete the editor at once, and the list with it.
+    // Slots may delete the editor, which owns the list.
     const QPointer<AutoFilterItemView> self(this);
     const int key = e->key();
     if (key == Qt::Key_Return || key == Qt::Key_Enter)
@@ -16,8 +16,7 @@ void AutoFilterItemView::keyPressEvent(QKeyEvent* e)
         Q_EMIT editingCanceled();
     if (!self)
         return;
-    // Not QListView's, which does nothing more with these keys.
-    QAbstractItemView::keyPressEvent(e);
+    QAbstractItemView::keyPressEvent(e); // QListView's own handler adds nothing for these keys
     if (key == Qt::Key_Up || key == Qt::Key_Down)
         Q_EMIT currentIndexChanged(currentIndex());
 }

@@ -4,7 +4,7 @@
 
 namespace zelmar::ui {
 
-/// The drop-down list of a ComboBoxAutoFilter: tells what the keyboard does in it.
+/// The drop-down list of a ComboBoxAutoFilter. It emits signals for the keys that the box handles.
 class AutoFilterItemView : public QListView
 {
     Q_OBJECT
@@ -13,11 +13,11 @@ public:
     using QListView::QListView;
 
 Q_SIGNALS:
-    /// Return or Enter.
+    /// Emitted when the user presses Return or Enter, before the list handles the key.
     void editingFinished();
-    /// Escape.
+    /// Emitted when the user presses Escape, before the list handles the key.
     void editingCanceled();
-    /// Up or Down: the index that is current now.
+    /// Emitted after the user has pressed Up or Down, with the index that is current after the move.
     void currentIndexChanged(const QModelIndex& index);
 
 protected:

@@ -14,30 +14,31 @@ bool finishesEditing(int key)
     return key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Tab;
 }
 
-/// A string-based connection that is cut as long as this lives. Not made where there was none.
+/// A guard that disconnects a string-based connection and restores it in its destructor, unless there was no such
+/// connection or one of the two objects has been destroyed.
 class CutConnection
 {
 public:
     CutConnection(QObject& sender, const char* signal, QObject& receiver, const char* slot)
-        : m_sender(sender)
+        : m_sender(&sender)
         , m_signal(signal)
-        , m_receiver(receiver)
+        , m_receiver(&receiver)
         , m_slot(slot)
         , m_wasThere(QObject::disconnect(&sender, signal, &receiver, slot))
     {
     }
     ~CutConnection()
     {
-        if (m_wasThere)
-            QObject::connect(&m_sender, m_signal, &m_receiver, m_slot);
+        if (m_wasThere && m_sender && m_receiver)
+            QObject::connect(m_sender, m_signal, m_receiver, m_slot);
     }
     CutConnection(const CutConnection&) = delete;
     CutConnection& operator=(const CutConnection&) = delete;
 
 private:
-    QObject& m_sender;
+    QPointer<QObject> m_sender;
     const char* m_signal;
-    QObject& m_receiver;
+    QPointer<QObject> m_receiver;
     const char* m_slot;
     bool m_wasThere;
 };
@@ -63,7 +64,7 @@ bool AutoFilterLineEdit::event(QEvent* e)
 
 void AutoFilterLineEdit::keyPressEvent(QKeyEvent* e)
 {
-    // Whoever is told that editing has finished may delete the editor at once.
+    // Slots may delete the editor.
     const QPointer<AutoFilterLineEdit> self(this);
     if (finishesEditing(e->key()))
         Q_EMIT editingFinished();
@@ -73,23 +74,26 @@ void AutoFilterLineEdit::keyPressEvent(QKeyEvent* e)
         markCurrentCompletion();
 }
 
-/// Without the two connections through which QLineEdit would take its text over.
+/// Highlights the completer's current completion. Disconnects meanwhile the two connections by which QLineEdit would
+/// copy the completion into the text. Slots connected to the selection may replace or delete the completer.
 void AutoFilterLineEdit::markCurrentCompletion()
 {
-    QCompleter* const current = completer();
+    const QPointer<QCompleter> current(completer());
     if (!current || !current->popup() || current->completionModel()->rowCount() == 0)
         return;
-    // Made again in the reverse order of being cut.
+    // Destructors restore the connections in reverse order: activated() first, as QLineEdit connected them.
     const CutConnection highlighted(*current, SIGNAL(highlighted(QString)), *this,
                                     SLOT(_q_completionHighlighted(QString)));
     const CutConnection activated(*current, SIGNAL(activated(QString)), *this, SLOT(setText(QString)));
     current->popup()->selectionModel()->select(current->currentIndex(), QItemSelectionModel::Select);
-    current->popup()->setCurrentIndex(current->currentIndex());
+    if (current && current->popup())
+        current->popup()->setCurrentIndex(current->currentIndex());
 }
 
-/// QLineEdit would finish editing and part with its completer when the list of completions opens.
+/// Does nothing. QLineEdit would finish editing and disconnect its completer when the list of completions opens.
 void AutoFilterLineEdit::focusOutEvent(QFocusEvent*)
 {
+    // Compatibility: no-end-by-focus
 }
 
 } // namespace zelmar::ui

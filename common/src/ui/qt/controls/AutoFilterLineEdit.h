@@ -4,14 +4,15 @@
 
 namespace zelmar::ui {
 
-/// The text field of a ComboBoxAutoFilter: Return, Enter and Tab finish editing and do nothing else, losing the focus
-/// does not, and the current completion is marked in the list without being written over what was typed.
+/// The text field of a ComboBoxAutoFilter. Return, Enter and Tab only finish editing. Losing the keyboard focus does
+/// not finish it. The current completion is highlighted in the list of completions but does not replace the typed text.
 class AutoFilterLineEdit : public QLineEdit
 {
 public:
     using QLineEdit::QLineEdit;
 
-    /// Whether `event` is a press of Tab that QWidget would make into a change of focus before keyPressEvent() sees it.
+    /// Returns whether `event` is a press of Tab for which QWidget::event() would move the focus instead of calling
+    /// keyPressEvent().
     static bool isTab(const QEvent& event);
 
 protected:

@@ -1,37 +1,39 @@
 #include "ui/qt/controls/ComboBoxAutoFilter.h"
 
 #include "compat/ctkCompleter.h"
-#include "compat/filter/ModelTexts.h"
-#include "compat/filter/TextSearch.h"
+#include "textsearch/ModelTexts.h"
+#include "textsearch/TextSearch.h"
 #include "ui/qt/controls/AutoFilterItemView.h"
 #include "ui/qt/controls/AutoFilterLineEdit.h"
+#include "ui/qt/controls/PopupColumn.h"
 #include "ui/qt/controls/PopupFit.h"
 
 #include <QKeyEvent>
 #include <QStyle>
 #include <QStyleOptionComboBox>
 
+#include <utility>
+
 namespace zelmar::ui {
 
 namespace {
 
-/// Up to so many items are all measured for the size of the box, of more a few.
+/// Up to this number of items, the size hint depends on all of them. Beyond, it depends on the first `fewMeasured`.
 constexpr int allMeasured = 1000;
 constexpr int fewMeasured = 100;
 
-/// As many as are laid out before anybody notices. Much smaller ones would show less, not sooner: while the rest of
-/// them is laid out, a list that has changed meanwhile stays empty.
+/// Few enough items to be laid out without a noticeable delay. Much smaller batches show nothing sooner, because a list
+/// that has changed stays empty until its last batch is laid out.
 constexpr int batchSize = 100000;
 
-/// Lays out what is shown first, and the rest when there is time.
+/// Makes `list` lay out the first batch of items at once and the others from its event loop.
 void layOutInBatches(QListView& list)
 {
-    list.setUniformItemSizes(true);
     list.setLayoutMode(QListView::Batched);
     list.setBatchSize(batchSize);
 }
 
-/// The first batch as far as `row`, which is to be seen at once.
+/// Extends the first batch of `list` to `row`, because the list scrolls to that row when it opens.
 void layOutUpTo(QListView& list, int row)
 {
     list.setBatchSize(qMax(row, 0) + batchSize);
@@ -40,8 +42,8 @@ void layOutUpTo(QListView& list, int row)
         list.doItemsLayout();
 }
 
-/// Whether `event` asks for Escape, which the list takes. QComboBox would close the list at this question, and the key
-/// go to the box.
+/// Returns whether `event` is the shortcut override of Escape, and accepts it so that the list receives the key press.
+/// QComboBox would close the list at this event, and the box would receive the key press.
 bool leavesToList(QEvent& event)
 {
     if (event.type() != QEvent::ShortcutOverride || static_cast<QKeyEvent&>(event).key() != Qt::Key_Escape)
@@ -56,11 +58,10 @@ ComboBoxAutoFilter::ComboBoxAutoFilter(QWidget* parent)
     : QComboBox(parent)
 {
     auto* const list = new AutoFilterItemView;
-    // Before the combo box filters them, and so behind it: only what it does not take as a choice arrives here.
-    list->viewport()->installEventFilter(this);
     setView(list);
-    // After the combo box filters it, and so before it.
+    // Event filters are called in reverse order of installation, so this object filters before QComboBox's container.
     list->installEventFilter(this);
+    list->viewport()->installEventFilter(this);
     layOutInBatches(*list);
     connect(view(), SIGNAL(pressed(const QModelIndex&)), this, SLOT(onItemClicked(const QModelIndex&)));
     connect(view(), SIGNAL(editingFinished()), this, SLOT(onEditingFinished()));
@@ -72,7 +73,13 @@ ComboBoxAutoFilter::ComboBoxAutoFilter(QWidget* parent)
 
 ComboBoxAutoFilter::~ComboBoxAutoFilter()
 {
-    delete m_completer;
+    // QCompleter passes key presses to the box and accesses its own members afterwards, so it must outlive the call.
+    if (m_completer && m_isInKeyPress) {
+        m_completer->setParent(nullptr);
+        m_completer->deleteLater();
+    } else {
+        delete m_completer;
+    }
 }
 
 void ComboBoxAutoFilter::setList(const QStringList& items)
@@ -101,16 +108,18 @@ void ComboBoxAutoFilter::init(bool editable, QCompleter::CompletionMode mode, Qt
     setEditable(editable);
     setLineEdit(new AutoFilterLineEdit);
     auto* const completer = new ctkCompleter(model(), this);
-    m_completer = completer;
+    m_completer = completer; // Compatibility: former-completers-stay
     m_completedModel = model();
-    completer->setModelFiltering(ctkCompleter::FilterContains);
+    completer->setModelFiltering(ctkCompleter::FilterContains); // Compatibility: match-flag-unused
     completer->setCompletionMode(mode);
     completer->setCompletionColumn(modelColumn());
     if (completer->popup()) {
         completer->popup()->setTextElideMode(elideMode);
         if (auto* const list = qobject_cast<QListView*>(completer->popup())) {
+            list->setUniformItemSizes(true);
             layOutInBatches(*list);
             new PopupFit(*list, *this);
+            new PopupColumn(*list, *completer);
         }
     }
     completer->setCaseSensitivity(caseSensitivity);
@@ -122,20 +131,28 @@ void ComboBoxAutoFilter::init(bool editable, QCompleter::CompletionMode mode, Qt
     setInsertPolicy(QComboBox::NoInsert);
 }
 
-// Looking for items
+// Finding items
 
-/// As findText() with Qt::MatchContains, in the texts that are looked through for completions, too.
+/// Returns the same index as findText() with Qt::MatchContains, but searches the cached texts that the completer uses.
 int ComboBoxAutoFilter::findContaining(const QString& text) const
 {
     if (text.isEmpty() || count() == 0 || rootModelIndex().isValid())
         return findText(text, Qt::MatchContains);
-    ModelTexts& items = ModelTexts::of(*model(), modelColumn(), Qt::DisplayRole);
-    return TextSearch(text, Qt::CaseInsensitive).firstIn(items.texts());
+    const QPointer<ModelTexts> items(&ModelTexts::of(*model(), modelColumn(), Qt::DisplayRole));
+    const TextSearch search(text, Qt::CaseInsensitive);
+    // QComboBox announces a new text of the current item before the cache receives dataChanged().
+    items->refresh(currentIndex());
+    if (!items)
+        return -1;
+    const quint64 generation = items->generation();
+    const int found = search.firstIn(items->texts());
+    items->refresh(found);
+    return !items || items->generation() == generation ? found : search.firstIn(items->texts());
 }
 
 bool ComboBoxAutoFilter::selectContaining()
 {
-    const int index = findContaining(lineEdit()->text());
+    const int index = findContaining(lineEdit()->text()); // Compatibility: first-containing-item-wins
     if (index < 0)
         return false;
     setCurrentIndex(index);
@@ -145,7 +162,7 @@ bool ComboBoxAutoFilter::selectContaining()
 bool ComboBoxAutoFilter::validateEntry()
 {
     if (m_escapePressed)
-        return true;
+        return true; // Compatibility: valid-after-escape
     return lineEdit() ? selectContaining() : currentIndex() >= 0;
 }
 
@@ -185,8 +202,10 @@ void ComboBoxAutoFilter::showPopup()
         selectContaining();
     if (m_indexAtEditStart == -1)
         m_indexAtEditStart = currentIndex();
-    // Unless the application has put another kind of view in its place.
+    // The application may have replaced the view by one of another class.
     if (auto* const list = qobject_cast<QListView*>(view())) {
+        if (list->modelColumn() != modelColumn())
+            list->setModelColumn(modelColumn()); // QListView refused the column while the model did not have it
         list->setMinimumWidth(PopupFit::widthOf(*list, currentIndex()));
         layOutUpTo(*list, currentIndex());
     }
@@ -195,18 +214,18 @@ void ComboBoxAutoFilter::showPopup()
 
 void ComboBoxAutoFilter::leave()
 {
-    hidePopup(); // which gives the keyboard back to the box, and so to where it goes from there
+    hidePopup(); // returns the keyboard focus to the box, so that close() can pass it on
     if (m_completer && m_completer->popup())
         m_completer->popup()->hide();
     close();
-    // Where the system has taken the list for a window with the keyboard, that comes back later, and to the hidden box.
+    // If the window system has activated the list as a window, the focus returns later, and to the hidden box.
     if (!isWindow() && parentWidget() && window()->focusWidget() == this)
         parentWidget()->setFocus();
 }
 
 void ComboBoxAutoFilter::finishEditing()
 {
-    validateEntry();
+    validateEntry(); // Compatibility: completed-without-a-match
     leave();
     Q_EMIT selectionComplete();
 }
@@ -232,11 +251,14 @@ void ComboBoxAutoFilter::onItemActivated(int index)
 {
     if (m_indexAtEditStart == -1)
         m_indexAtEditStart = index;
-    // The keyboard activates, too, and finishes on its own.
+    // Items are also activated by the keyboard. The list then finishes editing by its own signal.
     if (!m_itemClicked)
         return;
     m_itemClicked = false;
-    finishEditing();
+    if (m_click == Click::UnderWay)
+        m_click = Click::EndsEditing;
+    else
+        finishEditing();
 }
 
 void ComboBoxAutoFilter::onCurrentIndexChanged(const QModelIndex& currentIndex)
@@ -258,10 +280,24 @@ bool ComboBoxAutoFilter::eventFilter(QObject* watched, QEvent* e)
 {
     if (watched == view())
         return leavesToList(*e);
-    // Pressed on an item, and let go elsewhere: no click.
-    if (e->type() == QEvent::MouseButtonRelease)
-        m_itemClicked = false;
+    if (e->type() == QEvent::MouseButtonRelease && watched == view()->viewport())
+        return takesAsChoice(*watched, *e);
     return QComboBox::eventFilter(watched, e);
+}
+
+/// Passes `release` to QComboBox's container first and finishes editing after that. QComboBox emits two more signals
+/// after activated(int), and a slot connected to selectionComplete() may delete the box.
+bool ComboBoxAutoFilter::takesAsChoice(QObject& viewport, QEvent& release)
+{
+    const QPointer<ComboBoxAutoFilter> self(this);
+    m_click = Click::UnderWay;
+    const bool isTaken = view()->parent()->eventFilter(&viewport, &release);
+    if (!self)
+        return true;
+    m_itemClicked = false; // a press on an item that is released elsewhere is not a click
+    if (std::exchange(m_click, Click::None) == Click::EndsEditing)
+        finishEditing();
+    return isTaken;
 }
 
 void ComboBoxAutoFilter::inputMethodEvent(QInputMethodEvent* e)
@@ -273,18 +309,21 @@ void ComboBoxAutoFilter::inputMethodEvent(QInputMethodEvent* e)
 void ComboBoxAutoFilter::keyPressEvent(QKeyEvent* e)
 {
     letCompleterFollow();
-    // Whoever is told that editing was cancelled may delete the box at once.
+    // Slots may delete the box.
     const QPointer<ComboBoxAutoFilter> self(this);
+    const bool wasInKeyPress = std::exchange(m_isInKeyPress, true);
     if (e->key() == Qt::Key_Escape) {
         m_escapePressed = true;
-        leave();
+        leave(); // without restoring the index. Compatibility: escape-keeps-the-index
         Q_EMIT editingCanceled();
     }
     if (self)
         QComboBox::keyPressEvent(e);
+    if (self)
+        m_isInKeyPress = wasInKeyPress;
 }
 
-/// Qt hands the keyboard of a widget that is hidden on to the next field; nobody has asked for that here.
+/// Gives the focus to the parent when the box is hidden. Qt would give it to the next widget in the tab order.
 bool ComboBoxAutoFilter::focusNextPrevChild(bool next)
 {
     if (isVisible() || isWindow() || !parentWidget())

@@ -28,9 +28,10 @@ CopyHandlerAbstract::~CopyHandlerAbstract()
 
 bool CopyHandlerAbstract::eventFilter(QObject* /*watched*/, QEvent* event)
 {
+    // Compatibility: copy-filter-ignores-watched
     if (!isCopyKeyPress(*event))
         return false;
-    copyToClipboard(); // nothing of this object is touched from here on: it may be gone
+    copyToClipboard(); // may delete this object
     return true;
 }
 

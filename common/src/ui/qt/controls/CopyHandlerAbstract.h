@@ -7,8 +7,8 @@
 namespace zelmar { // NOLINT(modernize-concat-nested-namespaces): C++14 here
 namespace ui {
 
-/// Gives an object, as a rule a view, the platform's Copy keys: a derived class says what is copied. The handler is a
-/// child of the object and dies with it, so nobody has to keep it.
+/// An event filter that gives an object, usually a view, the platform's Copy key sequence. A derived class implements
+/// what is copied. The handler is a child of the watched object, which deletes it.
 ///
 ///     class ListCopyHandler : public zelmar::ui::CopyHandlerAbstract
 ///     {
@@ -27,32 +27,36 @@ namespace ui {
 ///     new ListCopyHandler(*list);
 ///
 /// Known traps:
-/// - A shortcut comes before a key press: where an action of the window has the Copy keys, the action is triggered and
-///   the handler is not asked. Connect such an action to copyToClipboard().
-/// - Two handlers of one object: the one that was made last takes the keys.
-/// - The handler is watching as long as it lives. Do not give it a parent that lives longer than the object.
-/// - When a derived class is destroyed together with the object, the object is no more than a QObject by then.
+/// - Shortcuts are handled before key presses. If an action of the window has the Copy keys, Qt triggers the action and
+///   does not call the handler. Connect such an action to copyToClipboard().
+/// - If an object has two handlers, only the one that was created last receives the keys.
+/// - The handler must not outlive the watched object, so do not give it another parent that does.
+/// - If the watched object deletes the handler, only the QObject part of the watched object still exists when the
+///   destructor of a derived class runs.
 ///
-/// GUI thread only, where the object is a widget; always the thread of the object.
+/// Use a handler on the thread of the watched object only, which is the GUI thread for widgets.
 class COMMON_UI_QT_EXPORT CopyHandlerAbstract : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Watches the key presses of `watched`, which becomes the parent.
+    /// Installs the handler as an event filter on `watched`, which becomes its parent.
     explicit CopyHandlerAbstract(QObject& watched);
-    /// Stops watching.
+    /// Removes the event filter from the watched object.
     ~CopyHandlerAbstract() override;
 
-    /// A key press that is the platform's Copy is answered by copyToClipboard() and consumed: true. Everything else
-    /// passes: false. `watched` is not examined, so the handler can be installed on further objects, too.
+    /// Calls copyToClipboard() and returns true for a key press that matches QKeySequence::Copy. Returns false for
+    /// every other event, which then reaches the object. copyToClipboard() may delete the handler or the watched
+    /// object.
     ///
-    /// copyToClipboard() may delete the handler, or the watched object with it.
+    /// `watched` is ignored, so the filter can be installed on further objects.
+    ///
+    /// Kept for existing callers, see docs/compatibility.md: copy-filter-ignores-watched.
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 public Q_SLOTS:
-    /// Puts what is to be copied on the clipboard. Called for the Copy keys, and open to whoever offers copying in
-    /// another way, such as an action of a context menu.
+    /// Copies to the clipboard. Called when the Copy keys are pressed; it may also be connected to other triggers, such
+    /// as an action of a context menu.
     virtual void copyToClipboard() = 0;
 
 private:

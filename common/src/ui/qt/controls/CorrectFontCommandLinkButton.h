@@ -7,20 +7,21 @@
 namespace zelmar { // NOLINT(modernize-concat-nested-namespaces): C++14 here
 namespace ui {
 
-/// A QCommandLinkButton that no layout makes smaller than its title and description need: its smallest size is its size
-/// hint. Qt's own button reports a smallest size without the description, which low windows then cut off. In more width
-/// than that a description needs less height, and layouts give it just that.
+/// A QCommandLinkButton that a layout never makes smaller than its title and description need: its minimum size hint is
+/// its size hint. The minimum size hint of Qt's own button ignores the description, which is then cut off in a small
+/// window. If the button is wider than its size hint, layouts still use heightForWidth(), so that a description which
+/// wraps into fewer lines takes less height.
 ///
 ///     auto* open = new zelmar::ui::CorrectFontCommandLinkButton(window);
 ///     open->setText("Open a run");
 ///     open->setDescription("Reads the files of one run. Nothing is changed.");
 ///
 /// Known traps:
-/// - The title sets the width, and the description is wrapped within it: a long one below a short title makes a high
-///   button, and so a high window.
-/// - Qt does not count line breaks in the description when it measures: what they push down is cut off.
-/// - QCommandLinkButton hides its sizeHint(); ask for minimumSizeHint().
-/// - It has no meta-object of its own: in style sheets and qobject_cast it is a QCommandLinkButton.
+/// - The title determines the width, and the description is wrapped within it. A long description below a short title
+///   makes the button, and so the window, tall.
+/// - Qt ignores line breaks in the description when it computes the size hint. The lines that they add are cut off.
+/// - QCommandLinkButton::sizeHint() is protected; call minimumSizeHint() instead.
+/// - The class has no meta-object of its own: style sheets and qobject_cast treat it as a QCommandLinkButton.
 ///
 /// GUI thread only.
 class COMMON_UI_QT_EXPORT CorrectFontCommandLinkButton : public QCommandLinkButton
@@ -29,7 +30,7 @@ public:
     explicit CorrectFontCommandLinkButton(QWidget* parent = nullptr);
     ~CorrectFontCommandLinkButton() override;
 
-    /// QCommandLinkButton::sizeHint().
+    /// Returns QCommandLinkButton::sizeHint().
     QSize minimumSizeHint() const override;
 };
 

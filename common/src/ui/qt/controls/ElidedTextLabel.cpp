@@ -6,7 +6,7 @@
 ElidedTextLabel::ElidedTextLabel(QWidget* parent, Qt::WindowFlags flags)
     : QxtLabel(parent, flags)
 {
-    makeQxtLabelsAccessible();
+    zelmar::makeQxtLabelsAccessible();
     setAlignment(Qt::AlignLeft);
     setElideMode(Qt::ElideLeft);
 }

@@ -3,35 +3,36 @@
 #include "common_ui_qt_export.h"
 #include "compat/QxtLabel.h"
 
-/// A label for a text whose end says most, such as a path: where the text does not fit, an ellipsis takes the place of
-/// its beginning, and the whole text is the tool tip.
+/// A label for texts whose end matters most, such as paths. If the text does not fit, an ellipsis replaces its
+/// beginning and the tool tip shows the full text.
 ///
 ///     auto* path = new ElidedTextLabel(window);
 ///     path->setText("/measurements/2024/run 17/flow.csv"); // in a narrow window: "\u2026run 17/flow.csv"
 ///
-/// A tool tip of the application's own is never touched: one that is neither empty nor the text. The label's own is set
-/// and cleared when it is painted.
+/// The label updates its tool tip whenever it is painted. It never changes a tool tip that the application has set,
+/// that is, one that is neither empty nor equal to the text.
 ///
 /// Known traps:
-/// - The label takes a tool tip that is no longer its text for the application's. Before a text that may have been
-///   elided is replaced, clear it: setToolTip(QString()).
-/// - Qt shows a tool tip that looks like rich text as such: "<b>run</b>" is bold there, and literal in the label.
-/// - The text is at the top of its room. In a row with higher widgets add the label with Qt::AlignVCenter.
-/// - Line breaks have no width for the tool tip, and tabs a large one, while each is shown as a blank: with these in
-/// the text
-///   the tool tip comes and goes a few pixels from where the ellipsis does.
+/// - If the text changes while the old text is the tool tip, the label treats that as a tool tip of the application and
+///   keeps it. Before you replace a text that may be elided, clear the tool tip with setToolTip(QString()).
+///   Kept for existing callers, see docs/compatibility.md: stale-tool-tip.
+/// - Qt interprets a tool tip that looks like rich text: "<b>run</b>" is bold in the tool tip and literal in the label.
+/// - The text is at the top of the contents rectangle. Add the label to a row of taller widgets with Qt::AlignVCenter.
+/// - The width for the tool tip is measured with the original text, in which line breaks have no width and tabs a large
+///   one, although the label draws each as a blank. With such characters the tool tip appears and disappears at a width
+///   a few pixels away from the width at which the ellipsis does.
 ///
-/// Plain text in one line; GUI thread only. See QxtLabel for the rest.
+/// The label shows a single line of plain text, see QxtLabel. GUI thread only.
 class COMMON_UI_QT_EXPORT ElidedTextLabel : public QxtLabel
 {
     Q_OBJECT
 
 public:
-    /// Aligned to the left, elided at the left.
+    /// Constructs a label with Qt::AlignLeft and Qt::ElideLeft.
     explicit ElidedTextLabel(QWidget* parent = nullptr, Qt::WindowFlags flags = Qt::WindowFlags());
     ~ElidedTextLabel() override;
 
 protected:
-    /// Paints, and brings the tool tip up to date.
+    /// Paints the label and updates its tool tip.
     void paintEvent(QPaintEvent* event) override;
 };

@@ -9,6 +9,7 @@ ElidedTextUtil::~ElidedTextUtil() = default;
 void ElidedTextUtil::updateToolTip(QWidget* widget, int availableWidth, const QString& shownText,
                                    const QString& fullText)
 {
+    // Compatibility: stale-tool-tip
     const QString current = widget->toolTip();
     if (!current.isEmpty() && current != fullText)
         return;

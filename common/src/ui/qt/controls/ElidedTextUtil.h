@@ -5,7 +5,7 @@
 class QString;
 class QWidget;
 
-/// Keeps the tool tip of a widget that elides its text in step with what can be read of it.
+/// A helper for widgets that elide their text: it shows the full text as tool tip while the text is elided.
 class COMMON_UI_QT_INTERNAL_EXPORT ElidedTextUtil
 {
 public:
@@ -14,9 +14,10 @@ public:
     ElidedTextUtil(const ElidedTextUtil&) = delete;
     ElidedTextUtil& operator=(const ElidedTextUtil&) = delete;
 
-    /// The tool tip becomes `fullText` when `shownText` is wider than `availableWidth` pixels in the widget's font, and
-    /// empty when it is not. A tool tip that is neither empty nor `fullText` is the application's and stays.
+    /// Sets the tool tip to `fullText` if `shownText` is wider than `availableWidth` pixels in the widget's font, and
+    /// clears it otherwise. A tool tip that is neither empty nor equal to `fullText` belongs to the application and is
+    /// not changed.
     ///
-    /// Without a change nothing is set: it may be called while the widget is painted, and wakes nobody who watches it.
+    /// Sets the tool tip only if it changes, so that a call from a paint event sends no needless QEvent::ToolTipChange.
     virtual void updateToolTip(QWidget* widget, int availableWidth, const QString& shownText, const QString& fullText);
 };

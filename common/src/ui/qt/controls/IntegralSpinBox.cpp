@@ -10,7 +10,8 @@ struct IntegralSpinBox::Impl
     boost::signals2::signal<void()>* increment;
     boost::signals2::signal<void()>* decrement;
 
-    /// In 64 bits, where it cannot overflow, and bounded here: setValue() would wrap a sum beyond the range.
+    /// Returns the value after `steps` steps. Computes it in 64 bits, which cannot overflow, and bounds it to the
+    /// range, because setValue() may wrap values beyond it.
     int valueAfter(int steps) const
     {
         const qint64 sum = spinBox->value() + qint64(spinBox->singleStep()) * steps;
@@ -30,7 +31,7 @@ IntegralSpinBox::~IntegralSpinBox() = default;
 void IntegralSpinBox::stepBy(int steps)
 {
     if (!isStepTakenOver(steps, *m_impl->increment, *m_impl->decrement))
-        setValue(m_impl->valueAfter(steps));
+        stepTo(*this, m_impl->valueAfter(steps));
 }
 
 void IntegralSpinBox::signalIncrementConnected() const

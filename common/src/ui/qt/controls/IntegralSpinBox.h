@@ -11,8 +11,9 @@
 namespace zelmar { // NOLINT(modernize-concat-nested-namespaces): C++14 here
 namespace ui {
 
-/// A spin box for integers whose steps the application may take over: as long as anything is connected to the signal of
-/// a direction, a step in that direction (arrow, key, page key, wheel) emits the signal and does not change the value.
+/// A spin box for integers whose steps the application can take over. While a slot is connected to the signal for a
+/// direction, a step in that direction (by arrow, key, page key or wheel) emits the signal instead of changing the
+/// value.
 ///
 ///     auto* run = new zelmar::ui::IntegralSpinBox(window);
 ///     run->setRange(0, 9999);
@@ -20,37 +21,44 @@ namespace ui {
 ///     run->signalDecrement.connect([=] { run->setValue(lastRunBefore(run->value())); });
 ///     connect(run, SIGNAL(valueChanged(int)), this, SLOT(showRun(int)));
 ///
-/// The value changes when editing finishes (Return, focus loss) and not with each key: keyboard tracking is off.
-/// Otherwise it is a QSpinBox: range 0 to 99, single step 1.
+/// Keyboard tracking is off: a typed value is set when editing finishes (by Return or by losing the focus) and not with
+/// each key. The range and the single step are those of QSpinBox: initially 0 to 99, and 1.
 ///
 /// Known traps:
-/// - At a bound of the range Qt offers no further step in that direction, so nothing is emitted there: give a field
-///   whose steps are taken over a range that has room, or setWrapping(true).
-/// - A step starts from value(), not from digits that were typed and are not committed yet: it replaces them.
-///   A slot that wants them calls interpretText() first.
-/// - setWrapping(true) does not make steps wrap, only what setValue() is given.
+/// - At a bound of the range Qt performs no further step in that direction, so no signal is emitted. If steps are taken
+///   over, set a range whose bounds are never reached, or call setWrapping(true).
+/// - A step starts from value() and discards digits that were typed but not committed. A slot that needs these digits
+///   calls interpretText() first.
+/// - setWrapping(true) affects setValue() but does not make steps wrap.
+/// - A slot must delete the box by deleteLater(), because Qt uses the box after a step by key or arrow.
 ///
-/// GUI thread only. Slots run on it, within the step.
+/// GUI thread only. Slots are called on this thread, within the step.
 class COMMON_UI_QT_EXPORT IntegralSpinBox : public QSpinBox
 {
 public:
     explicit IntegralSpinBox(QWidget* parent);
     ~IntegralSpinBox() override;
 
-    /// `steps` from 1 on emits signalIncrement, any other (0 included) signalDecrement, once and whatever the number
-    /// is, if anything is connected to it. Otherwise adds `steps` times the single step to the value; a sum beyond the
-    /// range is the bound on its side, also with wrapping on.
+    /// Emits signalIncrement once if `steps` is 1 or more, or signalDecrement once otherwise, provided that a slot is
+    /// connected to that signal. If none is, adds `steps` times the single step to the value, bounds the sum to the
+    /// range even if wrapping is on, and selects the number as QSpinBox does, even if the value stays the same.
+    ///
+    /// Kept for existing callers, see docs/compatibility.md: zero-steps-go-down.
+    ///
+    /// Kept for existing callers, see docs/compatibility.md: step-count-not-told.
     void stepBy(int steps) override;
 
-    /// Emitted in place of a step up.
+    /// Emitted instead of a step up.
     boost::signals2::signal<void()> signalIncrement;
-    /// Emitted in place of a step down.
+    /// Emitted instead of a step down.
     boost::signals2::signal<void()> signalDecrement;
 
 private:
     struct Impl;
 
-    /// For derived classes; do nothing, and nothing here calls them.
+    /// Do nothing. Hooks for derived classes, which the library neither calls nor overrides.
+    ///
+    /// Kept for existing callers, see docs/compatibility.md: step-signal-hooks.
     virtual void signalIncrementConnected() const;
     virtual void signalDecrementConnected() const;
 

@@ -7,18 +7,19 @@
 namespace zelmar { // NOLINT(modernize-concat-nested-namespaces): C++14 here
 namespace ui {
 
-/// Shows one cursor over every window of the application for as long as it lives.
+/// A guard that shows an override cursor over all windows of the application during its lifetime.
 ///
 ///     {
 ///         const zelmar::ui::OverrideCursor cursor(Qt::WaitCursor);
 ///         readLargeFile(); // may throw
-///     } // the cursor from before is back
+///     } // the previous cursor is restored
 ///
-/// It pushes one entry on QGuiApplication's stack of override cursors and pops one, so guards have to go in reverse
-/// order of their making: keep them in blocks, never on the heap. The entry that it pops is the top one, whoever has
-/// pushed it; code in the block has to leave the stack as deep as it was.
+/// The guard pushes one entry onto the override cursor stack of QGuiApplication and pops one entry when it is
+/// destroyed. Guards must be destroyed in the reverse order of their creation: create them in blocks, never on the
+/// heap. The destructor pops the top entry, whoever pushed it, so code within the block must leave the stack at the
+/// same depth.
 ///
-/// The cursor alone keeps nobody from clicking. While the event loop runs on, use Qt::BusyCursor or none.
+/// The cursor does not prevent mouse clicks. If the event loop keeps running, use Qt::BusyCursor or no guard.
 ///
 /// GUI thread only, with a running QGuiApplication.
 class COMMON_UI_QT_EXPORT OverrideCursor

@@ -7,23 +7,23 @@
 namespace zelmar { // NOLINT(modernize-concat-nested-namespaces): C++14 here
 namespace ui {
 
-/// Takes the application's override cursor away for as long as it lives, and puts it back: for a question that is asked
-/// in the middle of a wait.
+/// A guard that removes the application's override cursor during its lifetime and restores it afterwards, for example
+/// while a question is asked during a long operation.
 ///
 ///     const zelmar::ui::OverrideCursor wait(Qt::WaitCursor);
 ///     ...
 ///     {
 ///         const zelmar::ui::OverrideCursorRestorer usual;
 ///         QMessageBox::question(window, ...);
-///     } // the wait cursor is back
+///     } // the wait cursor is restored
 ///
-/// It takes exactly one entry off QGuiApplication's stack of override cursors, the top one, and pushes that one back.
-/// An entry below it is what the user sees meanwhile.
+/// The guard pops exactly one entry, the top one, from the override cursor stack of QGuiApplication and pushes the same
+/// cursor again when it is destroyed. If the stack has further entries, the next one is shown meanwhile.
 ///
-/// Known trap: there has to be an override cursor when it is made. An empty stack is an error of the caller that is not
-/// looked for, and undefined behaviour.
+/// Known trap: an override cursor must be active when the guard is created. An empty stack is an error of the caller,
+/// which is not checked and causes undefined behaviour.
 ///
-/// Guards have to go in reverse order of their making: keep them in blocks. GUI thread only.
+/// Guards must be destroyed in the reverse order of their creation: create them in blocks. GUI thread only.
 class COMMON_UI_QT_EXPORT OverrideCursorRestorer
 {
 public:
@@ -35,7 +35,7 @@ public:
     OverrideCursorRestorer& operator=(OverrideCursorRestorer&&) = delete;
 
 private:
-    QCursor m_cursor; ///< what was on top
+    QCursor m_cursor; ///< the cursor to restore
 };
 
 } // namespace ui

@@ -9,7 +9,7 @@ namespace zelmar::ui {
 
 namespace {
 
-/// About as many as are to be seen at a time, and those next to them.
+/// More items than are visible at a time. Measuring all items of a long list would delay the pop-up.
 constexpr int measuredItems = 100;
 
 QRect screenOf(const QWidget& widget)
@@ -17,7 +17,8 @@ QRect screenOf(const QWidget& widget)
     return widget.screen()->availableGeometry();
 }
 
-/// Of what pops up with the list in it; 0 when that is the list itself.
+/// Returns the width of the left and right margins of the pop-up that contains `list`, or 0 if the list itself is the
+/// pop-up.
 int frameWidthAround(const QWidget& list)
 {
     if (list.isWindow() || !list.parentWidget())
@@ -31,7 +32,7 @@ int frameWidthAround(const QWidget& list)
 PopupFit::PopupFit(QListView& list, QWidget& field)
     : QObject(&list)
     , m_list(list)
-    , m_field(field)
+    , m_field(&field)
 {
     list.installEventFilter(this);
 }
@@ -53,19 +54,20 @@ int PopupFit::widthOf(const QListView& list, int shownRow)
 
 bool PopupFit::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() == QEvent::Show || event->type() == QEvent::Move || event->type() == QEvent::Resize)
+    if (m_field && (event->type() == QEvent::Show || event->type() == QEvent::Move || event->type() == QEvent::Resize))
         fit();
     return QObject::eventFilter(watched, event);
 }
 
-/// To the left where there is no room on the right; from the field's edge on, where the desktop reads that way.
+/// Sets the width of the list. Aligns the list with the right edge of the field in a right-to-left layout, and moves it
+/// horizontally if it would leave the screen.
 void PopupFit::fit()
 {
-    const QRect screen = screenOf(m_field);
+    const QRect screen = screenOf(*m_field);
     QRect place = m_list.geometry();
-    place.setWidth(qMax(m_field.width(), widthOf(m_list, 0)));
-    if (m_field.layoutDirection() == Qt::RightToLeft)
-        place.moveRight(m_field.mapToGlobal(m_field.rect().bottomRight()).x());
+    place.setWidth(qMax(m_field->width(), widthOf(m_list, 0)));
+    if (m_field->layoutDirection() == Qt::RightToLeft)
+        place.moveRight(m_field->mapToGlobal(m_field->rect().bottomRight()).x());
     if (place.right() > screen.right())
         place.moveRight(screen.right());
     if (place.left() < screen.left())

@@ -1,13 +1,15 @@
 #pragma once
 
 #include <QObject>
+#include <QPointer>
 
 class QListView;
 class QWidget;
 
 namespace zelmar::ui {
 
-/// Keeps a list that pops up below a narrow field as wide as its items need, and on the screen. Belongs to the list.
+/// An event filter that makes a pop-up list at least as wide as its items and its field, and keeps it on the screen. It
+/// is a child of the list.
 class PopupFit : public QObject
 {
     Q_OBJECT
@@ -15,7 +17,8 @@ class PopupFit : public QObject
 public:
     PopupFit(QListView& list, QWidget& field);
 
-    /// What the items of `list` around `shownRow` need, in pixels; not more than the screen has.
+    /// Returns the width in pixels that about 100 items of `list` around row `shownRow` need, including the scroll bar
+    /// and the frame. It is at most what the screen has room for. Returns 0 if the list has no model.
     static int widthOf(const QListView& list, int shownRow);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -24,7 +27,7 @@ private:
     void fit();
 
     QListView& m_list;
-    QWidget& m_field;
+    QPointer<QWidget> m_field; ///< may be destroyed before the list
 };
 
 } // namespace zelmar::ui

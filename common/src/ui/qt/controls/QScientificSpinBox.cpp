@@ -16,10 +16,13 @@ namespace {
 
 constexpr int mostDigits = 12;
 
-/// More than Qt allows, which makes it as many as Qt allows: the base class rounds each value to them.
+/// More digits after the decimal point than QDoubleSpinBox supports. It uses its maximum then, so that it rounds values
+/// as little as possible.
 constexpr int allDecimals = 1000;
 
-/// Shared on purpose: the same text has one answer all over the program.
+/// Returns the validation cache of all boxes of the process.
+///
+/// Compatibility: shared-validation-cache
 NumberReading& lastReading()
 {
     static NumberReading reading;
@@ -32,8 +35,8 @@ NumberRules rulesOf(const QDoubleSpinBox& spinBox, int digits)
             spinBox.prefix(),  spinBox.suffix(),  spinBox.specialValueText()};
 }
 
-/// Decides about each key. Takes what the spin box takes, and what is on the way to it: "1e", and numbers that only an
-/// exponent brings into the range.
+/// A validator for each key press. It accepts what the spin box accepts, and also the beginnings of such texts: "1e",
+/// and numbers that only an exponent brings into the range.
 class TypingValidator : public QDoubleValidator
 {
 public:
@@ -48,7 +51,7 @@ public:
 
     State validate(QString& text, int& position) const override
     {
-        // The text stays as it was typed, and so does the cursor in it.
+        // Neither the typed text nor the cursor position may change.
         int ignored = position;
         const State state = m_spinBox.validate(text, ignored);
         if (state != Invalid)
@@ -106,7 +109,7 @@ void QScientificSpinBox::setDecimals(int d)
     const bool showsValue = cleanText() == textFromValue(value());
     m_impl->decimals = qMin(d, mostDigits);
     if (showsValue)
-        setSuffix(suffix()); // writes the value anew
+        setSuffix(suffix()); // makes the base class format the value again
 }
 
 QString QScientificSpinBox::textFromValue(double value) const
@@ -132,7 +135,7 @@ void QScientificSpinBox::fixup(QString& /*text*/) const
 void QScientificSpinBox::stepBy(int steps)
 {
     if (!isStepTakenOver(steps, *m_impl->increment, *m_impl->decrement))
-        setValue(value() + singleStep() * steps);
+        stepTo(*this, value() + singleStep() * steps);
 }
 
 void QScientificSpinBox::signalIncrementConnected() const

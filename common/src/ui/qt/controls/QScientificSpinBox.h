@@ -13,9 +13,9 @@
 namespace zelmar { // NOLINT(modernize-concat-nested-namespaces): C++14 here
 namespace ui {
 
-/// A spin box for any double, in scientific notation where a number is long: 1.5E-07. The shown text is rounded to a
-/// number of significant digits; the value is not, as long as nobody commits that text. Steps may be taken over by the
-/// application, as in IntegralSpinBox.
+/// A spin box for any double that shows and accepts scientific notation, for example 1.5E-07. The text is rounded to a
+/// number of significant digits, but the value is not. The application can take over the steps, as with
+/// IntegralSpinBox.
 ///
 ///     auto* flow = new zelmar::ui::QScientificSpinBox(window);
 ///     flow->setDecimals(4);
@@ -23,73 +23,88 @@ namespace ui {
 ///     flow->signalIncrement.connect([=] { flow->setValue(flow->value() * 10); });
 ///     connect(flow, SIGNAL(valueChanged(double)), this, SLOT(setFlow(double)));
 ///
-/// The decimal point is "." and digits are grouped by ",", shown and typed, whatever the locale of user, widget and C
-/// library is. The range is that of a double at first, and the value changes when editing finishes (Return, focus
-/// loss), not with each key: keyboard tracking is off.
+/// The decimal point is "." and the group separator is ",", regardless of the locales of the user, the widget and the C
+/// library. The initial range is that of a double. Keyboard tracking is off: a typed value is set when editing finishes
+/// (by Return or by losing the focus) and not with each key.
 ///
-/// What is typed:
-/// - Text that cannot become a number is refused. A number outside the range can be typed, because a longer one may lie
-///   inside ("5" on the way to "5e-3"), but is not taken: the field goes back to its value.
-/// - "1,234" is 1234. "1,23" may be meant as a decimal fraction: it stays as it is typed and is not taken, neither as
+/// The box handles typed text as follows:
+/// - Text that cannot become a number is refused. A number outside the range can be typed, because a longer number may
+///   be inside ("5" on the way to "5e-3"), but it is not set: the box returns to its value when editing finishes.
+/// - "1,234" is read as 1234. "1,23" may be meant as a decimal fraction. It can be typed, but it is set neither as
 ///   1.23 nor as 123.
+///   Kept for existing callers, see docs/compatibility.md: commas-never-final.
 ///
 /// Known traps:
-/// - decimals() and setDecimals() hide those of QDoubleSpinBox, which are not virtual: called through a QDoubleSpinBox,
-///   and set as the property "decimals", they round the value to digits behind the point and leave the shown digits
-///   alone.
-/// - Return commits the text that is shown, also when nothing was typed: the value then is the rounded one. Moving the
-///   focus away does not.
-/// - All fields share the reading of the text that was validated last, by any of them: the same text gets the same
-///   answer right after that, whatever the other field's range is, and "123" is not taken right after "1,23", which is
-///   kept without its comma.
-/// - setValue() keeps 323 digits behind the point, the most that Qt offers: what is below 1E-307 loses its last bits,
-///   and -0 is 0. Infinities are the bounds of the range.
-/// - A step starts from value(), not from a number that was typed and is not committed yet: it replaces it. A slot that
-///   wants that number calls interpretText() first.
-/// - At a bound of the range Qt offers no further step in that direction, so nothing is emitted there.
+/// - decimals() and setDecimals() hide the non-virtual functions of QDoubleSpinBox. Calls through a QDoubleSpinBox and
+///   the property "decimals" still reach the base class, whose setDecimals() rounds the value to digits after the
+///   decimal point and does not change the number of shown digits.
+/// - Return commits the shown text even if nothing was typed, and the value becomes the rounded number. Losing the
+///   focus does not commit it.
+/// - Next to the largest double, the shown text may be rounded to a number that is no double, such as 1.798E+308 with
+///   four digits. The value is right, but the text cannot be committed.
+/// - All boxes of a process share the result of the last validation. If a box validates the same text next, it gets
+///   this result even if its range differs. The text is stored without its group separators, so "123" is not accepted
+///   directly after "1,23".
+///   Kept for existing callers, see docs/compatibility.md: shared-validation-cache.
+/// - setValue() rounds to 323 digits after the decimal point, the maximum that Qt supports: numbers below 1E-307 lose
+///   their last bits, and -0 becomes 0. Infinities become the bounds of the range.
+/// - A step starts from value() and discards a number that was typed but not committed. A slot that needs this number
+///   calls interpretText() first.
+/// - At a bound of the range Qt performs no further step in that direction, so no signal is emitted. setWrapping(true)
+///   makes Qt perform it.
+/// - A slot must delete the box by deleteLater(), because Qt uses the box after a step by key or arrow.
 ///
-/// GUI thread only. Slots run on it, within the step.
+/// GUI thread only. Slots are called on this thread, within the step.
 class COMMON_UI_QT_EXPORT QScientificSpinBox : public QDoubleSpinBox
 {
 public:
-    /// 0, with 8 digits.
+    /// Constructs a box with the value 0 that shows up to 8 significant digits.
     explicit QScientificSpinBox(QWidget* parent = nullptr);
     ~QScientificSpinBox() override;
 
-    /// The number of significant digits that are shown at most, as it was set.
+    /// Returns the number that setDecimals() has stored, initially 8.
     int decimals() const;
 
-    /// Shows up to `d` significant digits: above 12 it is 12; 0 shows one digit, a negative number six. The value
-    /// stays as it is. A text that the user is typing stays, too.
+    /// Sets the maximum number of significant digits that are shown. If `d` is above 12, 12 is stored. 0 shows one
+    /// digit, and a negative number shows six. Neither the value nor a text that the user is typing changes.
     void setDecimals(int d);
 
-    /// The text for `value`, without prefix and suffix.
+    /// Returns the text for `value`, without prefix and suffix.
     QString textFromValue(double value) const override;
 
-    /// The number that `text` stands for. A text that is not acceptable gives the minimum if the maximum is above 0,
-    /// and the maximum otherwise.
+    /// Returns the number that `text` represents. If `text` is not acceptable, returns the minimum of the range if its
+    /// maximum is above 0, and the maximum otherwise.
     double valueFromText(const QString& text) const override;
 
-    /// Whether `text` is a number in the range (Acceptable), may become one (Intermediate), or not. `text` is never
-    /// changed; `pos`, the cursor in it, moves by white space and "," in front of it that do not count.
+    /// Returns Acceptable if `text` is a number in the range, Intermediate if it may become one, and Invalid otherwise.
+    /// Never changes `text`. Moves `pos`, the cursor position as a code unit index, back by the number of surrounding
+    /// white space characters and group separators that had to be removed in order to read the number.
     QValidator::State validate(QString& text, int& pos) const override;
 
-    /// Leaves `text` alone: the base class takes out the locale's group separators, and makes 15 of "1.5" in German.
+    /// Does nothing. The base class would remove the locale's group separators and turn "1.5" into 15 in a German
+    /// locale.
     void fixup(QString& text) const override;
 
-    /// `steps` from 1 on emits signalIncrement, any other (0 included) signalDecrement, once and whatever the number
-    /// is, if anything is connected to it. Otherwise adds `steps` times the single step to the value.
+    /// Emits signalIncrement once if `steps` is 1 or more, or signalDecrement once otherwise, provided that a slot is
+    /// connected to that signal. If none is, adds `steps` times the single step to the value and selects the number as
+    /// QDoubleSpinBox does, even if the value stays the same.
+    ///
+    /// Kept for existing callers, see docs/compatibility.md: zero-steps-go-down.
+    ///
+    /// Kept for existing callers, see docs/compatibility.md: step-count-not-told.
     void stepBy(int steps) override;
 
-    /// Emitted in place of a step up.
+    /// Emitted instead of a step up.
     boost::signals2::signal<void()> signalIncrement;
-    /// Emitted in place of a step down.
+    /// Emitted instead of a step down.
     boost::signals2::signal<void()> signalDecrement;
 
 private:
     struct Impl;
 
-    /// For derived classes; do nothing, and nothing here calls them.
+    /// Do nothing. Hooks for derived classes, which the library neither calls nor overrides.
+    ///
+    /// Kept for existing callers, see docs/compatibility.md: step-signal-hooks.
     virtual void signalIncrementConnected() const;
     virtual void signalDecrementConnected() const;
 

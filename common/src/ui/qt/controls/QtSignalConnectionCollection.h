@@ -10,21 +10,22 @@
 namespace zelmar { // NOLINT(modernize-concat-nested-namespaces): C++14 here
 namespace ui {
 
-/// Owns Qt signal connections and cuts them, from the first added to the last, when it dies: for connections that are
-/// to end before sender and receiver do.
+/// An owner of Qt signal connections that disconnects them when it is destroyed, in the order in which they were added.
+/// Use it for connections that must end before their sender and receiver are destroyed.
 ///
 ///     m_whileSaving = std::make_unique<zelmar::ui::QtSignalConnectionCollection>();
 ///     m_whileSaving->add(connect(model, &Model::dataChanged, this, &Editor::noteEdit));
 ///     ...
-///     m_whileSaving.reset(); // noteEdit() is not called any more
+///     m_whileSaving.reset(); // disconnects noteEdit()
 ///
-/// It does not keep senders or receivers alive: a connection that has ended already, or was never made, is harmless. A
-/// single connection cannot be taken out; there is nothing but the end of all.
+/// The collection does not extend the life of senders or receivers. A connection that has already ended, or that failed
+/// to be established, is ignored. A single connection cannot be removed.
 ///
-/// It may die in a slot of one of its own connections: slots that the same emission has not reached yet are not called.
-/// The slot that is running runs on; if it is a lambda, what it has captured lives until it returns.
+/// The collection may be destroyed in a slot of one of its own connections. Slots that the same emission has not
+/// reached yet are not called. The running slot continues; if it is a lambda, its captures stay valid until it returns.
 ///
-/// A queued connection still delivers what was emitted before it was cut: so Qt has it. GUI thread only.
+/// As always in Qt, a queued connection still delivers signals that were emitted before it was disconnected. GUI thread
+/// only.
 class COMMON_UI_QT_EXPORT QtSignalConnectionCollection
 {
 public:
@@ -35,8 +36,8 @@ public:
     QtSignalConnectionCollection& operator=(const QtSignalConnectionCollection&) = delete;
     QtSignalConnectionCollection& operator=(QtSignalConnectionCollection&&) = delete;
 
-    /// Any handle, also one that QObject::connect() could not make. If it throws (std::bad_alloc), the collection is as
-    /// it was and the connection stays, owned by nobody.
+    /// Adds a copy of `connection`, which may be invalid. If this function throws std::bad_alloc, the collection is
+    /// unchanged and the connection stays established without an owner.
     void add(const QMetaObject::Connection& connection);
 
 private:

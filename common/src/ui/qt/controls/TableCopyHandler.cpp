@@ -18,7 +18,7 @@ namespace zelmar::ui {
 
 namespace {
 
-/// What a QItemSelectionRange says, looked up once.
+/// A copy of a QItemSelectionRange that saves repeated lookups through its persistent indexes.
 struct Range
 {
     explicit Range(const QItemSelectionRange& range)
@@ -39,7 +39,7 @@ struct Range
     QModelIndex parent;
 };
 
-/// In the order of their first cells.
+/// Returns the ranges in the order of their top left cells.
 std::vector<Range> sortedRanges(const QItemSelection& selection)
 {
     std::vector<Range> ranges(selection.cbegin(), selection.cend());
@@ -49,8 +49,9 @@ std::vector<Range> sortedRanges(const QItemSelection& selection)
     return ranges;
 }
 
-/// Walks through the cells of a selection row by row. They are those of QItemSelection::indexes(), in the order of
-/// QModelIndex, and never more than a row of them at once: a list of all takes longer to make than the text.
+/// An iterator over the rows of a selection. It visits the cells of QItemSelection::indexes() in the order of
+/// QModelIndex, but collects only one row at a time, because building the list of all cells takes longer than building
+/// the text.
 class RowWalk
 {
 public:
@@ -60,7 +61,7 @@ public:
     {
     }
 
-    /// Goes on to the next row that has ranges; false when there is none.
+    /// Advances to the next row that ranges cover. Returns false if there is none.
     bool next()
     {
         leaveFinishedRanges();
@@ -73,7 +74,7 @@ public:
         return true;
     }
 
-    /// Of the row; none if all are disabled or not selectable.
+    /// Returns the enabled and selectable cells of the current row, of which there may be none.
     const std::vector<QModelIndex>& cells() const { return m_cells; }
 
 private:
@@ -88,7 +89,7 @@ private:
         m_cells.clear();
         for (const Range* range : m_current)
             collectCells(*range);
-        // As a rule they are: a row of several ranges that have not begun in it from left to right is the exception.
+        // They are sorted already unless ranges that start in different rows overlap this one.
         if (!std::is_sorted(m_cells.cbegin(), m_cells.cend()))
             std::sort(m_cells.begin(), m_cells.end());
     }
@@ -104,13 +105,13 @@ private:
     }
 
     std::vector<Range> m_ranges;
-    std::vector<Range>::const_iterator m_nextRange; ///< the first that begins below the row
-    std::vector<const Range*> m_current;            ///< those that have cells in the row
+    std::vector<Range>::const_iterator m_nextRange; ///< the first range that begins below the current row
+    std::vector<const Range*> m_current;            ///< the ranges that cover the current row
     std::vector<QModelIndex> m_cells;
     int m_row = -1;
 };
 
-/// What QVariant::toString() gives.
+/// Appends the text that QVariant::toString() returns.
 void appendText(QString& text, const QVariant& value)
 {
     if (value.userType() == QMetaType::Double)
@@ -119,13 +120,14 @@ void appendText(QString& text, const QVariant& value)
         text += value.toString();
 }
 
-/// Nothing when the model is deleted by its own data().
+/// Returns the text of the selection, or nothing if the model is deleted by its own data().
 std::optional<QString> textOf(const QItemSelectionModel& selectionModel)
 {
     const QPointer<const QAbstractItemModel> model = selectionModel.model();
     RowWalk rows(selectionModel.selection());
     QString text;
     bool isFirst = true;
+    // Compatibility: copied-cells-without-padding
     while (rows.next()) {
         QChar separator = QLatin1Char('\n');
         for (const QModelIndex& cell : rows.cells()) {
@@ -154,8 +156,9 @@ TableCopyHandler::~TableCopyHandler() = default;
 void TableCopyHandler::copyToClipboard()
 {
     const QItemSelectionModel* selectionModel = m_view->selectionModel();
+    // Compatibility: empty-selection-clears-the-clipboard
     const std::optional<QString> text = selectionModel != nullptr ? textOf(*selectionModel) : QString();
-    // The view may be gone, and this handler with it.
+    // data() may have deleted the view and this handler, so members are not used from here on.
     if (text)
         QGuiApplication::clipboard()->setText(*text, QClipboard::Clipboard);
 }

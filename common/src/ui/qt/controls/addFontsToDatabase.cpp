@@ -8,7 +8,7 @@ namespace zelmar::ui {
 
 void addFontToDatabase(const std::string& path)
 {
-    // Not qWarning(), which tells where in this source the message is from.
+    // Does not use the macro qWarning(), which adds this source location to the message.
     if (QFontDatabase::addApplicationFont(QString::fromStdString(path)) == -1)
         QMessageLogger().warning("Warning: Failed to load TrueType font from %s", path.c_str());
 }
@@ -16,6 +16,7 @@ void addFontToDatabase(const std::string& path)
 void addFontsToDatabase(const std::string& directory)
 {
     const QString folder = QString::fromStdString(directory);
+    // Compatibility: every-file-is-tried-as-font, doubled-font-separator
     const QStringList names = QDir(folder).entryList(QDir::Files, QDir::NoSort);
     for (const QString& name : names)
         addFontToDatabase(QStringLiteral("%1%2%3").arg(folder, QString(QDir::separator()), name).toStdString());

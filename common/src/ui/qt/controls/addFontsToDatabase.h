@@ -7,27 +7,35 @@
 namespace zelmar { // NOLINT(modernize-concat-nested-namespaces): C++14 here
 namespace ui {
 
-/// Fonts that an application ships beside itself, made known to it without being installed in the system. They stay
-/// until the application ends, and no other program sees them.
-///
-///     zelmar::ui::addFontsToDatabase(QCoreApplication::applicationDirPath().toStdString() + "/fonts");
-///     QApplication::setFont(QFont("Our Sans"));
-///
-/// Paths are UTF-8 on every platform. Nothing is thrown or returned: what cannot be loaded is a warning on Qt's message
-/// logger, "Warning: Failed to load TrueType font from " and the path. Despite these words any kind of font that Qt can
-/// load will do.
-///
-/// GUI thread only, with a running QGuiApplication.
+// Functions that register fonts shipped with the application, so that it can use them without installing them in the
+// system. The fonts stay registered until the application ends. Other programs do not see them.
+//
+//     zelmar::ui::addFontsToDatabase(QCoreApplication::applicationDirPath().toStdString() + "/fonts");
+//     QApplication::setFont(QFont("Our Sans"));
+//
+// Paths are UTF-8 on every platform. Neither function returns a result or throws for a file that cannot be loaded. It
+// logs the warning "Warning: Failed to load TrueType font from <path>" through Qt's message logger. Despite its wording
+// the functions load every font format that Qt supports.
+//
+// GUI thread only, with a running QGuiApplication.
 
-/// Registers the font file `path`.
+/// Registers the font file `path` (UTF-8). Logs a warning if it cannot be loaded.
 COMMON_UI_QT_EXPORT void addFontToDatabase(const std::string& path);
 
-/// Registers each file in `directory`, in no certain order, whatever its name. A file that is no font is a warning,
-/// too. Sub-directories are not entered and hidden files are left out. A directory that is missing or cannot be read is
-/// as good as an empty one, without a warning.
+/// Registers every file in `directory` (UTF-8), in unspecified order. Subdirectories and hidden files are ignored. If
+/// the directory does not exist or cannot be read, the function does nothing and logs nothing.
 ///
-/// `directory` stands in the paths as it is: one with a separator at its end yields two in a row, which does no harm.
-/// The empty one is a trap: it lists the current directory and looks for these names in the root.
+/// Files are not filtered by name, so a file that is not a font causes a warning.
+///
+/// Kept for existing callers, see docs/compatibility.md: every-file-is-tried-as-font.
+///
+/// The path of a file is `directory`, a separator and the file name. A `directory` that ends with a separator yields
+/// two separators in a row, which is harmless.
+///
+/// Kept for existing callers, see docs/compatibility.md: doubled-font-separator.
+///
+/// Known trap: an empty `directory` lists the current directory, but its files are then looked for in the root
+/// directory.
 COMMON_UI_QT_EXPORT void addFontsToDatabase(const std::string& directory);
 
 } // namespace ui

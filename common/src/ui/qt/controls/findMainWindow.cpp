@@ -22,12 +22,13 @@ QMainWindow* firstMainWindow()
 
 QMainWindow* findMainWindow(bool refresh)
 {
-    static QMainWindow* known = nullptr;
-    if (known && !refresh)
-        return known;
+    static QMainWindow* cached = nullptr;
+    if (cached && !refresh)
+        return cached;
+    // Compatibility: main-window-never-forgotten
     if (QMainWindow* found = firstMainWindow())
-        known = found;
-    return known;
+        cached = found;
+    return cached;
 }
 
 } // namespace zelmar::ui

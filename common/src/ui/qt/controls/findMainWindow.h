@@ -7,18 +7,21 @@ class QMainWindow;
 namespace zelmar { // NOLINT(modernize-concat-nested-namespaces): C++14 here
 namespace ui {
 
-/// The application's main window: the first QMainWindow that is a window among QApplication::topLevelWidgets(), in
-/// their order. Null until one was found. For dialogs that need a parent and are given none.
+/// Returns the application's main window, for example as the parent of a dialog: the first widget in
+/// QApplication::topLevelWidgets() that is a QMainWindow and for which isWindow() is true. Returns null as long as no
+/// such window has been found.
 ///
 ///     QMessageBox::information(zelmar::ui::findMainWindow(false), "Run", "The run is over.");
 ///
-/// The window that was found is remembered for the whole process. With `refresh` false it is returned without another
-/// look, even if it is hidden or there are others now; with `refresh` true it is looked for again.
+/// The result is cached for the whole process. If `refresh` is false, a cached window is returned without a search,
+/// even if it is hidden or other main windows exist. If `refresh` is true, the function searches again.
 ///
-/// Known trap: the memory is a plain pointer that is never cleared, on purpose: a search that finds nothing returns the
-/// window that was found last. Once that window was destroyed, the pointer points to nothing, and using it is undefined
-/// behaviour; it is only good for being compared. An application whose main window may go while dialogs are still shown
-/// asks with `refresh` true after another main window is there, and not at all while there is none.
+/// Known trap: the cached pointer is never cleared. A search that finds nothing returns the window that was found last,
+/// and after that window has been destroyed the returned pointer dangles. An application whose main window may be
+/// destroyed while it still shows dialogs must call this function with `refresh` true once the next main window exists,
+/// and must not call it in between.
+///
+/// Kept for existing callers, see docs/compatibility.md: main-window-never-forgotten.
 ///
 /// GUI thread only, with a running QApplication.
 COMMON_UI_QT_EXPORT QMainWindow* findMainWindow(bool refresh);

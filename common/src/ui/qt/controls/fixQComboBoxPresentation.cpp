@@ -4,6 +4,7 @@ namespace zelmar::ui {
 
 void fixQComboBoxPresentation(QComboBox& /*box*/)
 {
+    // Compatibility: combo-box-hook-does-nothing
 }
 
 } // namespace zelmar::ui

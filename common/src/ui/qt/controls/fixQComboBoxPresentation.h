@@ -7,9 +7,11 @@ class QComboBox;
 namespace zelmar { // NOLINT(modernize-concat-nested-namespaces): C++14 here
 namespace ui {
 
-/// A hook for corrections to how combo boxes look on a platform. On purpose it does nothing now: no Qt that the library
-/// is built with needs any. Applications call it for each of their combo boxes, and get a correction without being
-/// changed, or compiled anew, if one is needed again.
+/// Does nothing. A hook for corrections to the appearance of combo boxes, of which the supported versions of Qt need
+/// none. An application that calls it for each of its combo boxes receives such a correction with a newer library,
+/// without being recompiled.
+///
+/// Kept for existing callers, see docs/compatibility.md: combo-box-hook-does-nothing.
 COMMON_UI_QT_EXPORT void fixQComboBoxPresentation(QComboBox& box);
 
 } // namespace ui

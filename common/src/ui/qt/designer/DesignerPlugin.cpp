@@ -9,7 +9,7 @@ namespace zelmar::ui {
 
 namespace {
 
-/// One line of the table, in the words of Qt Designer.
+/// An adapter that presents one entry of designerWidgets() to Qt Designer.
 class TableEntry : public QDesignerCustomWidgetInterface
 {
 public:

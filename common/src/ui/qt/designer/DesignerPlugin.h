@@ -6,7 +6,7 @@
 
 namespace zelmar::ui {
 
-/// Offers the widgets of designerWidgets() to Qt Designer, and to QUiLoader.
+/// A plugin that makes the widgets of designerWidgets() available in Qt Designer and QUiLoader.
 class DesignerPlugin : public QObject, public QDesignerCustomWidgetCollectionInterface
 {
     Q_OBJECT

@@ -7,17 +7,17 @@ class QWidget;
 
 namespace zelmar::ui {
 
-/// A widget that Qt Designer offers.
+/// The description of a widget for Qt Designer.
 struct DesignerWidget
 {
-    const char* className; ///< as a form has it: with its namespaces
-    const char* baseClass; ///< the class of Qt whose properties it has
-    const char* header;    ///< as a source that is made of a form includes it
-    const char* toolTip;
+    const char* className; ///< with its namespaces, as forms contain it
+    const char* baseClass; ///< the Qt class whose properties Qt Designer shows
+    const char* header;    ///< the include path in sources that are generated from forms
+    const char* toolTip;   ///< English, translatable in the context "DesignerPlugin"
     QWidget* (*create)(QWidget* parent);
 };
 
-/// All of them: what is added here is in Qt Designer and can be loaded from forms.
+/// Returns the descriptions of all widgets that Qt Designer offers and that forms can contain.
 const QVector<DesignerWidget>& designerWidgets();
 
 } // namespace zelmar::ui

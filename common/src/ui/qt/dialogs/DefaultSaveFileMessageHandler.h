@@ -4,8 +4,10 @@
 
 namespace zelmar {
 
-/// The texts of a save flow that is given no others. They name the file in full, as it stands, and are in English
-/// whatever the application's language is; derive from this class to translate them.
+/// The message handler that a save flow uses by default. Its texts contain the full file name unchanged and are English
+/// in every language of the application. Derive from SaveFileMessageHandlerInterface to translate them.
+///
+/// Kept for existing callers, see docs/compatibility.md: untranslated-questions.
 class COMMON_UI_QT_EXPORT DefaultSaveFileMessageHandler : public SaveFileMessageHandlerInterface
 {
 public:
@@ -18,7 +20,10 @@ public:
     std::string filenameToCheck(const std::string& filename) override;
 
     std::string okToOverwriteMessage() const override;
+
+    /// Advises to check access permissions whatever the reason is, also in a folder that does not exist.
     std::string unableToOverwriteMessage() const override;
+
     std::string systemAccessError(const std::string& error) const override;
 
 private:

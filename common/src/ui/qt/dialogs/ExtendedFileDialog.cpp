@@ -12,11 +12,17 @@ ExtendedFileDialog::ExtendedFileDialog(QWidget& parent, const std::string& capti
     if (m_useNativeFileDialog)
         m_winDialog =
             std::make_unique<ExtendedWinFileDialog>(parent, caption, directory, filter, helpTopic, mode, false);
-    else
+    else {
         m_qtDialog = std::make_unique<QExtendedFileDialog>(parent, caption, directory, filter, helpTopic, mode);
+        m_qtDialog->outliveParent();
+    }
 }
 
-ExtendedFileDialog::~ExtendedFileDialog() = default;
+ExtendedFileDialog::~ExtendedFileDialog()
+{
+    if (m_qtDialog && m_qtDialog->m_running)
+        m_qtDialog.release()->cancelRunAndDelete();
+}
 
 int ExtendedFileDialog::exec()
 {
@@ -74,10 +80,9 @@ void ExtendedFileDialog::setDontConfirmOverwrite(bool on)
                 : m_qtDialog->setOption(QFileDialog::DontConfirmOverwrite, on);
 }
 
-/// Not handed to the system's dialog, which would only ignore it.
 void ExtendedFileDialog::setShowDirectoriesOnly(bool on)
 {
-    if (!m_winDialog)
+    if (!m_winDialog) // Compatibility: directories-only-ignored
         m_qtDialog->setOption(QFileDialog::ShowDirsOnly, on);
 }
 

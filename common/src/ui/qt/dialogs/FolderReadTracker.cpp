@@ -18,8 +18,8 @@ bool FolderReadTracker::rootIsBeingRead() const
 void FolderReadTracker::onDirectoryLoaded(const QString& path)
 {
     const QModelIndex folder = m_model.index(path);
-    // What can be fetched was left since: the announcement is a late one, and the folder is read again when it is
-    // entered.
+    // If more can be fetched, the folder was left before this announcement was delivered, and the model will read it
+    // again when it is entered.
     if (folder.isValid() && !m_model.canFetchMore(folder))
         m_announced.insert(folder);
 }

@@ -7,21 +7,22 @@
 #include <QPersistentModelIndex>
 #include <QSet>
 
-/// Tells whether a file system model still has to announce, with directoryLoaded(), a folder that it made its root.
+/// A tracker that knows whether a file system model still has to announce its root folder with directoryLoaded().
 ///
-/// The model reads each folder once and then keeps it, so a return to a folder may be announced with
-/// rootPathChanged() alone. Worse, leaving a folder makes the model forget that it was read, but a view that still
-/// shows it may have it read again at once. Nothing in the model's interface tells the cases apart afterwards, so
-/// they are followed from the start.
+/// The model reads each folder once and caches it, so that a return to a folder may emit rootPathChanged() alone. When
+/// the root changes, the model forgets that it has read the former root, but a view that still shows that folder may
+/// make the model read it again at once. The model has no function that distinguishes these cases afterwards. The
+/// tracker therefore follows its signals from the start.
 class COMMON_UI_QT_INTERNAL_EXPORT FolderReadTracker : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Follows `model`, which becomes the parent.
+    /// Creates a tracker of `model`, which becomes its parent.
     explicit FolderReadTracker(QFileSystemModel& model);
 
-    /// True until the model has announced the folder that is its root now.
+    /// Returns true until the model has emitted directoryLoaded() for its current root folder. Returns false if that
+    /// folder does not exist.
     bool rootIsBeingRead() const;
 
 private Q_SLOTS:
@@ -31,7 +32,7 @@ private Q_SLOTS:
 private:
     QFileSystemModel& m_model;
     QString m_root;
-    /// Folders that were announced and not left since. Indexes and not paths: a folder that is deleted and made again
-    /// is another one, and has to be read.
+    /// The folders that were announced and have not been left since. They are stored as indexes, because a folder that
+    /// is deleted and created again under the same path is read again.
     QSet<QPersistentModelIndex> m_announced;
 };

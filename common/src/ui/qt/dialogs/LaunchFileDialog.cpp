@@ -13,12 +13,14 @@ namespace {
 QFileDialog::FileMode fileMode(bool save, bool multipleFiles)
 {
     if (multipleFiles)
-        return QFileDialog::ExistingFiles; // for saving, too: as the caller asked
+        return QFileDialog::ExistingFiles; // Compatibility: several-files-win-over-saving
     return save ? QFileDialog::AnyFile : QFileDialog::ExistingFile;
 }
 
-/// Whether the filter is selected before the file: under "*.*" selecting it afterwards would take the extension of the
-/// preselected name away.
+/// Returns whether the filter is selected before the file. Under "*.*", selecting it afterwards would remove the
+/// extension of the preselected name.
+///
+/// Compatibility: filter-before-file
 bool selectsFilterFirst(bool save, const std::vector<std::string>& nameFilters)
 {
     return save && !nameFilters.empty() && nameFilters.front().find("*.*") != std::string::npos;
@@ -54,7 +56,7 @@ bool LaunchFileDialog(std::vector<std::string>& selectedFiles, int& selectedFilt
                       const std::vector<std::string>& nameFilters, const std::vector<std::string>& initialFiles,
                       bool save, bool multipleFiles, int initialFilterIndex)
 {
-    QWidget nobody; // stands in where no window is active
+    QWidget nobody; // is the parent if no window is active
     QWidget* const parent = QApplication::activeWindow();
     ExtendedFileDialog dialog(parent ? *parent : nobody, caption, "", joinNameFilters(nameFilters), "",
                               save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);

@@ -2,10 +2,17 @@
 
 #include "platform/ApplicationSettings.h"
 #include "platform/HelpLauncher.h"
+#include "ui/qt/dialogs/AcceptButtonGuide.h"
 #include "ui/qt/dialogs/FolderReadTracker.h"
+#include "ui/qt/dialogs/acceptTypedName.h"
 #include "ui/qt/dialogs/addDefaultSidebarPlaces.h"
+#include "ui/qt/dialogs/closeWithQuestions.h"
+#include "ui/qt/dialogs/hideOutdatedCompletions.h"
 #include "ui/qt/dialogs/letAcceptButtonFollowFolder.h"
+#include "ui/qt/dialogs/mnemonics.h"
 #include "ui/qt/dialogs/rules/temporaryNameFilter.h"
+#include "ui/qt/dialogs/selectTypedName.h"
+#include "ui/qt/dialogs/typedName.h"
 #include "ui/qt/dialogs/unselectShownFolder.h"
 
 #include <QComboBox>
@@ -17,9 +24,13 @@
 #include <QListView>
 #include <QPointer>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <QSignalBlocker>
+#include <QThread>
 #include <QTimer>
+#include <QUrl>
 
+#include <optional>
 #include <utility>
 
 using zelmar::ApplicationSettings;
@@ -27,7 +38,7 @@ using zelmar::HelpLauncher;
 
 namespace {
 
-/// An arrow above whatever cursor the program has set.
+/// An arrow on top of the override cursor stack as long as this object exists.
 class ArrowCursor
 {
 public:
@@ -66,14 +77,26 @@ QExtendedFileDialog::QExtendedFileDialog(QWidget* parent, const std::string& cap
 
 QExtendedFileDialog::~QExtendedFileDialog()
 {
+    releaseQuestions(*this);
+    releaseFileNameEdit();
     restoreCursor();
+}
+
+/// Lets the file-name box outlive the dialog until control returns to the event loop. The dialog may be deleted by what
+/// the Return key in the box has led to, and QLineEdit continues with the key afterwards.
+void QExtendedFileDialog::releaseFileNameEdit()
+{
+    if (QThread::currentThread()->loopLevel() == 0)
+        return;
+    m_fileNameEdit->setParent(nullptr);
+    m_fileNameEdit->deleteLater();
 }
 
 void QExtendedFileDialog::init(QFileDialog::AcceptMode mode)
 {
     setAcceptMode(mode);
     setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
-    // The children looked up below are there only when Qt draws the dialog.
+    // The child widgets that are looked up below exist only if Qt draws the dialog.
     setOption(QFileDialog::DontUseNativeDialog, true);
 
     m_fileTypeCombo = findChild<QComboBox*>(QStringLiteral("fileTypeCombo"));
@@ -81,11 +104,14 @@ void QExtendedFileDialog::init(QFileDialog::AcceptMode mode)
     const auto* listView = findChild<QListView*>(QStringLiteral("listView"));
     auto* model = qobject_cast<QFileSystemModel*>(listView->model());
 
-    // Before the dialog's own connections: its slots ask the tracker.
+    // The tracker must be connected before the dialog, whose slots use it.
     m_folderReadTracker = new FolderReadTracker(*model);
     connect(model, SIGNAL(directoryLoaded(const QString&)), SLOT(onDirectoryLoaded(const QString&)));
     connect(model, SIGNAL(rootPathChanged(const QString&)), SLOT(onRootPathChanged(const QString&)));
+    selectTypedName(*this);
     letAcceptButtonFollowFolder(*this);
+    new AcceptButtonGuide(*this);
+    hideOutdatedCompletions(*this);
 }
 
 void QExtendedFileDialog::performSelectedFileValidation(bool on)
@@ -124,10 +150,12 @@ void QExtendedFileDialog::show()
 
 int QExtendedFileDialog::exec()
 {
+    if (m_running)
+        return Rejected;
     prepareToRun();
 
-    // A folder that is being read already has its wait cursor above the arrow, or the end of reading would take the
-    // arrow away and leave the wait cursor over an idle dialog.
+    // The wait cursor of a folder that is being read already must be above the arrow. Otherwise the end of reading
+    // would pop the arrow and leave the wait cursor over an idle dialog.
     const bool reading = m_waitCursorShown;
     restoreCursor();
     const ArrowCursor arrow;
@@ -135,13 +163,65 @@ int QExtendedFileDialog::exec()
         showWaitCursor();
 
     const QPointer<QExtendedFileDialog> self(this);
+    m_running = true;
+    m_runCancelled = false;
+    const auto end = qScopeGuard([self] { endRun(self); });
     const int result = QDialog::exec();
-    // Whoever deletes a running dialog gets its result; the destructor has taken back the wait cursor.
-    if (self) {
-        restoreCursor();
-        saveSizeAndPosition();
-    }
-    return result;
+    if (!self) // The dialog was deleted, and its destructor has popped the wait cursor.
+        return result;
+    hide(); // If the application quits, the event loop ends while the window is still on the screen.
+    restoreCursor();
+    saveSizeAndPosition();
+    return m_runCancelled ? int(Rejected) : result;
+}
+
+/// Ends exec(), also when an exception leaves it. `dialog` is null if the dialog was deleted meanwhile.
+void QExtendedFileDialog::endRun(QExtendedFileDialog* dialog)
+{
+    if (!dialog)
+        return;
+    dialog->m_running = false;
+    if (dialog->m_deleteAfterRun)
+        delete dialog;
+}
+
+/// Makes a running exec() return QDialog::Rejected.
+void QExtendedFileDialog::cancelRun()
+{
+    if (!m_running)
+        return;
+    m_runCancelled = true;
+    closeWithQuestions(*this);
+}
+
+/// Ends the run of a dialog on the heap that has lost its owner, and deletes the dialog at the end of exec(). It cannot
+/// be deleted here, because the caller may be a slot on a signal of QFileDialog, which accesses the dialog afterwards.
+void QExtendedFileDialog::cancelRunAndDelete()
+{
+    m_deleteAfterRun = true;
+    cancelRun();
+}
+
+/// Prevents the parent from deleting this dialog. Its run ends when the parent is destroyed.
+void QExtendedFileDialog::outliveParent()
+{
+    connect(parentWidget(), &QObject::destroyed, this, [this] {
+        cancelRun();
+        setParent(nullptr, windowFlags());
+    });
+}
+
+/// Delays the deletion of a dialog on the heap by its parent to the end of a run that is in progress.
+void QExtendedFileDialog::outliveParentWhileRunning()
+{
+    if (!parentWidget())
+        return;
+    connect(parentWidget(), &QObject::destroyed, this, [this] {
+        if (!m_running)
+            return;
+        cancelRunAndDelete();
+        setParent(nullptr, windowFlags());
+    });
 }
 
 void QExtendedFileDialog::prepareToRun()
@@ -171,7 +251,7 @@ void QExtendedFileDialog::restoreSizeAndPosition()
 
 void QExtendedFileDialog::addSidebarUrls()
 {
-    // A kept geometry tells that the user has met this dialog before, and may have tidied the sidebar since.
+    // A stored geometry means that the dialog was shown before. The user may have edited the sidebar since.
     const bool shownBefore = !ApplicationSettings::getInstance().getByteArrayValue(m_geometryPersistenceKey).isEmpty();
     if (!shownBefore)
         addDefaultSidebarPlaces(*this, QStandardPaths::standardLocations);
@@ -183,12 +263,29 @@ void QExtendedFileDialog::accept()
 {
     const QString name = m_fileNameEdit->text();
     unselectShownFolder(*this);
-    if (name.contains(QLatin1Char('*')))
+    if (name.contains(QLatin1Char('*'))) // Compatibility: question-mark-is-no-pattern
         applyTypedPattern(name);
     else if (m_performSelectedFileValidation)
-        QFileDialog::accept();
+        acceptValidated();
     else
-        QDialog::accept(); // NOLINT(bugprone-parent-virtual-call): past QFileDialog's checks
+        QDialog::accept(); // NOLINT(bugprone-parent-virtual-call): skips QFileDialog's checks
+}
+
+void QExtendedFileDialog::acceptValidated()
+{
+    if (!typedNameIsTooLong(*this) && !acceptTypedName(*this))
+        QFileDialog::accept();
+}
+
+QStringList QExtendedFileDialog::selectedFiles() const
+{
+    return chosenFiles(*this);
+}
+
+QList<QUrl> QExtendedFileDialog::selectedUrls() const
+{
+    const std::optional<QString> name = typedNameWithQuotes(*this);
+    return name ? QList<QUrl>{QUrl::fromLocalFile(*name)} : QFileDialog::selectedUrls();
 }
 
 void QExtendedFileDialog::applyTypedPattern(const QString& pattern)
@@ -209,14 +306,27 @@ void QExtendedFileDialog::applyTypedPattern(const QString& pattern)
         const QSignalBlocker blocker(m_fileTypeCombo);
         replaceNameFilters(filters, m_modifiedNameFilter);
     }
+    listWhatMatches(pattern);
     connect(m_fileTypeCombo, SIGNAL(activated(QString)), SLOT(revertModifiedFilterAndSelect(QString)));
+}
+
+/// Lists what matches `pattern`. QFileDialog recognises only some characters in the patterns of a name filter, among
+/// them neither quotes nor umlauts.
+void QExtendedFileDialog::listWhatMatches(const QString& pattern)
+{
+    findChild<QFileSystemModel*>(QStringLiteral("qt_filesystem_model"))
+        ->setNameFilters(pattern.split(QLatin1Char(' '), Qt::SkipEmptyParts));
 }
 
 void QExtendedFileDialog::revertModifiedFilterAndSelect(QString filter) // NOLINT(performance-unnecessary-value-param)
 {
-    if (m_modifiedNameFilter.isEmpty() || isTemporaryFilter(filter))
+    if (m_modifiedNameFilter.isEmpty())
         return;
-    // Once for all connections that patterns typed one after the other have made.
+    if (isTemporaryFilter(filter)) {
+        listWhatMatches(patternOf(m_modifiedNameFilter));
+        return;
+    }
+    // Removes one connection for each pattern that was typed since the filters were last restored.
     disconnect(m_fileTypeCombo, SIGNAL(activated(QString)), this, SLOT(revertModifiedFilterAndSelect(QString)));
     restoreFilters();
 }
@@ -229,7 +339,8 @@ void QExtendedFileDialog::restoreFilters()
     m_modifiedNameFilter.clear();
 }
 
-/// False also when the caller has set filters of its own since: those are not to be replaced by older ones.
+/// Returns whether the name filters contain the temporary one. They do not if the caller has set new filters since,
+/// which must not be replaced by older ones.
 bool QExtendedFileDialog::temporaryFilterInForce() const
 {
     return !m_modifiedNameFilter.isEmpty() && nameFilters().contains(m_modifiedNameFilter);
@@ -237,25 +348,26 @@ bool QExtendedFileDialog::temporaryFilterInForce() const
 
 bool QExtendedFileDialog::isTemporaryFilter(const QString& filter) const
 {
-    // The box of a dialog that hides its patterns shows the bare description, which the replaced filter has too.
+    // If the dialog hides the patterns, the file-type box shows only the description, which the replaced filter has,
+    // too.
     return filter == m_modifiedNameFilter
            || (testOption(QFileDialog::HideNameFilterDetails) && currentNameFilter() == m_modifiedNameFilter);
 }
 
-/// The selected filter as it is in nameFilters(). selectedNameFilter() is the bare description in a dialog that hides
-/// its patterns.
+/// Returns the selected filter as it is in nameFilters(). selectedNameFilter() returns only the description if the
+/// dialog hides the patterns.
 QString QExtendedFileDialog::currentNameFilter() const
 {
     return nameFilters().value(m_fileTypeCombo->currentIndex());
 }
 
-/// Replaces the filters and selects `selected`, or the first one if it is not among them. In save mode QFileDialog
-/// gives the typed name the suffix of each filter that is selected on the way; here the name stays as it is.
+/// Replaces the name filters and selects `selected`, or the first filter if `selected` is not among them. Restores the
+/// typed name, because in save mode QFileDialog gives it the suffix of each filter that is selected on the way.
 void QExtendedFileDialog::replaceNameFilters(const QStringList& filters, const QString& selected)
 {
     const QString name = m_fileNameEdit->text();
     setNameFilters(filters);
-    if (filters.isEmpty()) // QFileDialog would leave the last filter active in the list
+    if (filters.isEmpty()) // QFileDialog would leave the last filter active in the model.
         findChild<QFileSystemModel*>(QStringLiteral("qt_filesystem_model"))->setNameFilters({});
     selectNameFilter(selected);
     if (m_fileNameEdit->text() != name)
@@ -267,22 +379,25 @@ void QExtendedFileDialog::replaceNameFilters(const QStringList& filters, const Q
 void QExtendedFileDialog::setHelpAction()
 {
     auto* buttonBox = findChild<QDialogButtonBox*>(QStringLiteral("buttonBox"));
-    if (buttonBox->button(QDialogButtonBox::Help))
-        return;
-    buttonBox->addButton(QDialogButtonBox::Help);
-    connect(buttonBox, SIGNAL(helpRequested()), this, SLOT(launchHelp()), Qt::UniqueConnection);
+    QPushButton* help = buttonBox->button(QDialogButtonBox::Help);
+    if (!help) {
+        help = buttonBox->addButton(QDialogButtonBox::Help);
+        connect(buttonBox, SIGNAL(helpRequested()), this, SLOT(launchHelp()), Qt::UniqueConnection);
+    }
+    help->setText(withAnyFreeMnemonic(help->text(), mnemonicsBeside(*help, *this)));
 }
 
 void QExtendedFileDialog::launchHelp()
 {
-    HelpLauncher::getInstance().showHelp(m_helpTopic);
+    const std::string topic = m_helpTopic; // The help handler may delete the dialog.
+    HelpLauncher::getInstance().showHelp(topic);
 }
 
 // Cursor
 
 void QExtendedFileDialog::onDirectoryLoaded(const QString& /*path*/)
 {
-    restoreCursor();
+    restoreCursor(); // Compatibility: any-folder-ends-the-wait
 }
 
 void QExtendedFileDialog::onRootPathChanged(const QString& newPath)
@@ -291,7 +406,7 @@ void QExtendedFileDialog::onRootPathChanged(const QString& newPath)
         return;
     if (!m_waitCursorShown)
         showWaitCursor();
-    // A folder that the model knows already is shown without being read, and nothing will tell of its end.
+    // A folder that the model has read before emits no directoryLoaded().
     QTimer::singleShot(0, this, [this] { restoreCursorUnlessReading(); });
 }
 

@@ -16,16 +16,19 @@ class SaveFileQtDialog::Impl : public SaveFlow
 public:
     Impl(QWidget* parent, const std::string& caption, const std::string& directory, const std::string& filter,
          const std::string& helpTopic, std::unique_ptr<SaveFileMessageHandlerInterface> messageHandler);
+    ~Impl() override;
+    Q_DISABLE_COPY(Impl)
 
     void setFilters(const std::vector<std::string>& filters, int selected);
     void finishSetUp(const std::string& defaultFileName);
 
+    bool canGoOn() const override;
     bool run() override;
     QStringList selectedFiles() const override;
     QString selectedNameFilter() const override;
     QWidget* questionParent() const override;
 
-    const QPointer<QExtendedFileDialog> dialog; // its parent's to delete
+    const QPointer<QExtendedFileDialog> dialog; // owned by its parent. Compatibility: native-dialog-outlives-the-flow
 
 private:
     QStringList nameFilters() const override;
@@ -37,20 +40,34 @@ SaveFileQtDialog::Impl::Impl(QWidget* parent, const std::string& caption, const 
     : SaveFlow(caption, std::move(messageHandler))
     , dialog(new QExtendedFileDialog(parent, caption, directory, filter, helpTopic, QFileDialog::AcceptSave))
 {
+    dialog->outliveParentWhileRunning();
+}
+
+SaveFileQtDialog::Impl::~Impl()
+{
+    if (dialog && isLaunched())
+        dialog->cancelRun();
 }
 
 void SaveFileQtDialog::Impl::setFilters(const std::vector<std::string>& filters, int selected)
 {
     dialog->setNameFilters(fromUtf8(filters));
-    dialog->selectNameFilter(dialog->nameFilters().value(selected)); // as the dialog keeps it, without needless blanks
+    // Selects the filter in the form that the dialog stores, which may have fewer blanks than the caller's.
+    dialog->selectNameFilter(dialog->nameFilters().value(selected));
 }
 
-/// After the filters: selecting one of them would give the preselected name its suffix.
+/// Preselects the name and sets the options. Must be called after the filters are set, because selecting a filter would
+/// give the preselected name the suffix of that filter.
 void SaveFileQtDialog::Impl::finishSetUp(const std::string& defaultFileName)
 {
     dialog->selectFile(QString::fromStdString(defaultFileName));
-    // The loop asks before overwriting; asked here too, the user would be asked about the name without its extension.
+    // The save loop asks before overwriting. The dialog would ask about the name without its extension.
     dialog->setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::DontConfirmOverwrite);
+}
+
+bool SaveFileQtDialog::Impl::canGoOn() const
+{
+    return dialog;
 }
 
 bool SaveFileQtDialog::Impl::run()

@@ -15,71 +15,87 @@ namespace zelmar {
 class SaveFileMessageHandlerInterface;
 }
 
-/// Asks for a name to save to, with the Qt-drawn file dialog, and does not give in before the name is good: it appends
-/// the extension of the chosen filter to a name without one, asks before an existing file is replaced, and proves that
-/// the place can be written; where it cannot, the user may choose another.
+/// A save flow over the Qt-drawn file dialog. It shows the dialog again and again until the user has chosen a name that
+/// can be written, or has given up. For each name it appends the extension of the selected filter if the name has none,
+/// asks before an existing file is replaced, and checks that the file can be written. If the file cannot be written,
+/// the user may choose another location.
 ///
 ///     SaveFileQtDialog dialog(window, "Save run", "", "run1", {"Data files (*.dat)", "Tables (*.csv)"}, 0, "");
 ///     if (dialog.launch())
 ///         writers[dialog.selectedWriter()]->write(dialog.selectedFilename());
 ///
 /// Known traps:
-/// - the caller writes the file, and may still fail: that there is room on the disk is not proved;
-/// - the file dialog belongs to the parent widget and not to this object; without a parent it is never freed;
-/// - a filter without an extension gives one all the same: under "All files (*)" the name "run" becomes
-///   "run.Allfiles", under "All files (*.*)" it becomes "run.". Give the dialog filters that name an extension.
-/// - the chosen filter is the one that the dialog shows, also when it stands for a typed pattern: after "run*" under
-///   "Tables (*.csv)" the name "foo" becomes "foo.Tablesrun", after "run*.csv" it becomes "foo.csv".
+/// - The caller writes the file, which may still fail. The flow does not check for free space on the disk.
+/// - The parent widget owns the file dialog and deletes it, not this object. Without a parent the file dialog is never
+///   freed.
+///   Kept for existing callers, see docs/compatibility.md: native-dialog-outlives-the-flow.
+/// - The last pattern of a filter gives the extension: under "Images (*.png *.jpg)" the name "run" becomes "run.jpg",
+///   and under "All files (*.*)" it becomes "run.".
+///   Kept for existing callers, see docs/compatibility.md: last-pattern-gives-the-extension.
+/// - A filter without a "." gives an extension, too: under "All files (*)" the name "run" becomes "run.Allfiles". Use
+///   filters that name an extension.
+///   Kept for existing callers, see docs/compatibility.md: extension-of-the-whole-filter.
+/// - A "." anywhere in the path counts as the start of an extension, so that "/data/v1.2/run" stays as it is. So do
+///   ".run", and "run.txt" under "Data files (*.dat)".
+///   Kept for existing callers, see docs/compatibility.md: dot-in-a-folder-counts.
+/// - A typed pattern becomes the selected filter and gives the extension: after "run*" was typed under "Tables (*.csv)"
+///   the name "foo" becomes "foo.Tablesrun", and after "run*.csv" it becomes "foo.csv".
 ///
 /// Texts and names are UTF-8. GUI thread only.
 class COMMON_UI_QT_EXPORT SaveFileQtDialog : public QObject
 {
 public:
-    /// A dialog over `parent` (null for none) with the title `caption`, which is the title of all questions too, in
-    /// the folder `directory` (empty: the default folder), with `defaultFileName` preselected and one `filter` in
-    /// QFileDialog's syntax, or several joined by ";;". A `helpTopic` that is not empty adds a Help button. The
-    /// questions are worded by a zelmar::DefaultSaveFileMessageHandler.
+    /// Creates a flow whose dialog is over `parent`, which may be null. `caption` is the title of the dialog and of all
+    /// questions. The dialog starts in the folder `directory` (the default folder if empty) with `defaultFileName`
+    /// preselected. `filter` is one name filter in QFileDialog's syntax, or several joined by ";;". A `helpTopic` that
+    /// is not empty adds a Help button. A zelmar::DefaultSaveFileMessageHandler words the questions.
     SaveFileQtDialog(QWidget* parent, const std::string& caption, const std::string& directory,
                      const std::string& defaultFileName, const std::string& filter, const std::string& helpTopic);
 
-    /// The same with questions worded by `messageHandler`, which must not be null.
+    /// Creates the same flow with questions worded by `messageHandler`, which must not be null.
     SaveFileQtDialog(QWidget* parent, const std::string& caption, const std::string& directory,
                      const std::string& defaultFileName, const std::string& filter, const std::string& helpTopic,
                      std::unique_ptr<zelmar::SaveFileMessageHandlerInterface> messageHandler);
 
-    /// A dialog with one filter for each of the caller's writers; the one at `selectedFilter` (from 0) is preselected.
-    /// There must be one at least, and `selectedFilter` must be the index of one.
+    /// Creates a flow with one name filter for each of the caller's writers. The filter with the index `selectedFilter`
+    /// (from 0) is preselected. `filters` must not be empty, and the index must be valid.
     SaveFileQtDialog(QWidget* parent, const std::string& caption, const std::string& directory,
                      const std::string& defaultFileName, const std::vector<std::string>& filters, int selectedFilter,
                      const std::string& helpTopic);
 
-    /// The same with questions worded by `messageHandler`, which must not be null.
+    /// Creates the same flow with questions worded by `messageHandler`, which must not be null.
     SaveFileQtDialog(QWidget* parent, const std::string& caption, const std::string& directory,
                      const std::string& defaultFileName, const std::vector<std::string>& filters, int selectedFilter,
                      const std::string& helpTopic,
                      std::unique_ptr<zelmar::SaveFileMessageHandlerInterface> messageHandler);
 
-    /// Destroys the message handler, and leaves the file dialog to its parent.
+    /// Destroys the message handler. The parent widget deletes the file dialog.
     ~SaveFileQtDialog() override;
 
-    /// Runs the dialog and its questions modally. True when there is a name that may be written, see
-    /// selectedFilename(); false when the user cancelled or gave up. May be called again: the dialog comes back with
-    /// the folder and the selection that it was left with.
+    /// Runs the dialog and its questions modally. Returns true if the user has chosen a name that may be written, see
+    /// selectedFilename(), and false if the user cancelled or gave up. May be called again: the dialog then opens with
+    /// the folder and the selection that it had when it closed.
+    ///
+    /// The flow and the parent may be deleted while launch() runs: while the dialog or a question is open, and in the
+    /// functions of the message handler. launch() then closes the open windows, returns false and does not touch
+    /// deleted objects. It also returns false when the application quits, and when the parent was destroyed earlier.
+    /// While launch() is running already, a second call does nothing and returns false.
     virtual bool launch();
 
-    /// The chosen name, absolute, with its extension. Only to be used after launch() has returned true; later it is
-    /// the name of the last round in which the dialog was accepted.
+    /// Returns the chosen name as an absolute path with its extension. Use it only after launch() has returned true:
+    /// it is the name of the last round in which the user accepted the dialog, whether or not it may be written.
     std::string selectedFilename() const;
 
-    /// The filter that is selected in the dialog now.
+    /// Returns the name filter that is selected in the dialog now.
     std::string selectedFilter() const;
 
-    /// The index (from 0) of that filter in the list of filters, and so of the caller's writer; -1 when it is not in
-    /// the list. Of equal filters, the first.
+    /// Returns the index (from 0) of the selected filter in the list of filters, which is the index of the caller's
+    /// writer. Returns the first index if filters are equal, and -1 if the selected filter is not in the list.
     int selectedWriter() const;
 
 protected:
-    /// The file dialog, for a derived class to adjust before launch(). Null once the parent has destroyed it.
+    /// Returns the file dialog, so that a derived class can adjust it before launch(). Null once the parent has
+    /// destroyed it.
     QExtendedFileDialog* dialog();
 
 private:

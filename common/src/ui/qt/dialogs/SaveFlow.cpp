@@ -2,6 +2,9 @@
 
 #include "ui/qt/dialogs/SaveFileMessageHandlerInterface.h"
 
+#include <QPointer>
+#include <QScopeGuard>
+
 #include <utility>
 
 SaveFlow::SaveFlow(const std::string& caption, std::unique_ptr<zelmar::SaveFileMessageHandlerInterface> messageHandler)
@@ -14,6 +17,13 @@ SaveFlow::~SaveFlow() = default;
 
 bool SaveFlow::launch()
 {
+    if (m_launched)
+        return false;
+    m_launched = true;
+    const auto launchEnds = qScopeGuard([this, alive = QPointer<const QObject>(&life())] {
+        if (alive)
+            m_launched = false;
+    });
     return SaveLoop(*this, *m_messageHandler, m_caption, m_selectedFileName).run();
 }
 

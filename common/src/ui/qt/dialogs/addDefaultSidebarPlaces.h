@@ -9,12 +9,12 @@
 
 class QFileDialog;
 
-/// The folders of a standard place, as QStandardPaths::standardLocations() gives them.
+/// A function that returns the folders of a standard location, as QStandardPaths::standardLocations() does.
 using StandardLocations = std::function<QStringList(QStandardPaths::StandardLocation)>;
 
-/// Adds the user's desktop, documents and home folders, in this order, behind the places that the sidebar of `dialog`
-/// has. A place without a folder is left out; a folder that is there already is added all the same.
+/// Appends the user's desktop, documents and home folders, in this order, to the sidebar of `dialog`. Skips a location
+/// without a folder. Does not check whether the sidebar has a folder already.
 ///
-/// A boost::filesystem::filesystem_error on the way is a debug message, and the sidebar stays as it was; the
-/// dialog is of more use without its places than not at all. Other exceptions pass.
+/// Logs a boost::filesystem::filesystem_error as a debug message and leaves the sidebar unchanged, because a dialog
+/// without these places is better than none. Propagates other exceptions.
 COMMON_UI_QT_INTERNAL_EXPORT void addDefaultSidebarPlaces(QFileDialog& dialog, const StandardLocations& locations);

@@ -8,7 +8,8 @@
 
 namespace {
 
-/// Otherwise Qt has looked already; looking again would also word the button anew.
+/// Returns whether the Open button is disabled although a name is typed. In all other cases the button is up to date,
+/// and another update would replace its label.
 bool waitsForAFile(const QFileDialog& dialog)
 {
     const auto* edit = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));

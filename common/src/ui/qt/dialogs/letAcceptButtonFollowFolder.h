@@ -4,6 +4,6 @@
 
 class QFileDialog;
 
-/// For a dialog drawn by Qt, whose accept button is enabled when the typed name exists: Qt looks for it when the text
-/// changes, and not again when the folder has been read, or filtered anew, since.
+/// Makes a Qt-drawn dialog update its accept button also when a folder has been read or filtered. The button is enabled
+/// if the typed name exists, but Qt checks this only when the text changes.
 COMMON_UI_QT_INTERNAL_EXPORT void letAcceptButtonFollowFolder(QFileDialog& dialog);

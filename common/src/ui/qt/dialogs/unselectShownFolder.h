@@ -2,7 +2,9 @@
 
 class QFileDialog;
 
-/// For a dialog drawn by Qt, before it is accepted with a name in its box: takes the folder that it shows out of the
-/// selection. Qt selects it when the box is emptied, and under some orders of setting up keeps it selected behind the
-/// name that is typed then; the name would be lost, and the dialog would stay open for the folder.
+/// Deselects the folder that a Qt-drawn dialog shows if there is a name in the file-name box. Call this function before
+/// the dialog is accepted.
+///
+/// Qt selects the shown folder when the box is cleared, and in some orders of configuration it stays selected while a
+/// name is typed. The name would then be ignored, and the dialog would stay open for the folder.
 void unselectShownFolder(QFileDialog& dialog);

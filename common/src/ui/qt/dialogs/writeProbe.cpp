@@ -16,13 +16,13 @@ namespace {
 
 bool opensForAppending(const QString& name)
 {
-    // Only an existing file: one that somebody deletes right now is not to come back empty.
+    // ExistingOnly ensures that a file that is deleted at this moment is not created again empty.
     QFile file(name);
     return file.open(QIODevice::Append | QIODevice::ExistingOnly);
 }
 
 #ifdef Q_OS_UNIX
-/// The same for pipes, sockets and devices, whose open() would wait: for the other end, or for a line to come up.
+/// Does the same for pipes, sockets and devices, whose open() would block until the other end or the line is ready.
 bool opensWithoutWaiting(const QString& name)
 {
     const int file = ::open(QFile::encodeName(name).constData(), // NOLINT(cppcoreguidelines-pro-type-vararg)
@@ -39,7 +39,7 @@ bool opensWithoutWaiting(const QString& name)
 bool takesANewFile(const QDir& folder)
 {
     QTemporaryFile file(folder.path() + QStringLiteral("/CheckingForWritePermissionsXXXXXX"));
-    // Where the system can, Qt makes a file without a name, which does not exist before its name is asked for.
+    // Where the system supports it, Qt creates an unnamed file, which exists only after its name was requested.
     return file.open() && !file.fileName().isEmpty() && file.exists();
 }
 

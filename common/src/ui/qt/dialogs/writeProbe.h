@@ -4,9 +4,9 @@
 
 #include <string>
 
-/// Whether the file `name` (UTF-8, absolute or relative to the current folder) can be written now: an existing one is
-/// opened for appending and closed again; for a new one a temporary file is made in its folder and removed.
+/// Returns whether the file `name` (UTF-8, absolute or relative to the current folder) can be written now. Opens an
+/// existing file for appending and closes it again; for a new one, makes a temporary file in its folder and removes it.
 ///
-/// Nothing that exists is changed, and nothing new stays. That there is room for the contents is not proved. Never
-/// waits for a reader or a device.
+/// Changes no existing file and leaves no new one behind. Does not check for free space. Never waits for the reader of
+/// a pipe or for a device.
 COMMON_UI_QT_INTERNAL_EXPORT bool canBeWritten(const std::string& name);

@@ -100,6 +100,7 @@ void tst_ComboBoxAutoFilter::startsWithoutACompleter()
     QVERIFY(!box.isEditable());
     QVERIFY(!box.completer());
     QVERIFY(qobject_cast<QListView*>(box.view()));
+    QVERIFY(!qobject_cast<QListView*>(box.view())->uniformItemSizes());
     QCOMPARE(box.currentIndex(), -1);
     QVERIFY(!box.validateEntry());
     box.setSelectedText(QStringLiteral("Blue"));
@@ -222,7 +223,7 @@ void tst_ComboBoxAutoFilter::validates()
     QFETCH(int, index);
 
     const auto box = makeBox();
-    setUp(*box, Qt::CaseSensitive); // concerns completions only
+    setUp(*box, Qt::CaseSensitive); // the case sensitivity affects completions only
     box->setCurrentIndex(2);
     box->lineEdit()->setText(text);
     QCOMPARE(box->validateEntry(), valid);
@@ -250,7 +251,7 @@ void tst_ComboBoxAutoFilter::validatesLikeFindText()
         box->lineEdit()->setText(text);
         QCOMPARE(box->validateEntry(), expected >= 0);
         QCOMPARE(box->currentIndex(), expected >= 0 ? expected : 5);
-        box->setItemText(qMax(expected, 0), QStringLiteral("another")); // and the model changes
+        box->setItemText(qMax(expected, 0), QStringLiteral("another")); // the next search must find the change
     }
 }
 
@@ -261,7 +262,7 @@ void tst_ComboBoxAutoFilter::selectsText()
     QCOMPARE(box->currentIndex(), 2);
     QCOMPARE(box->lineEdit()->selectedText(), QStringLiteral("Blue"));
 
-    // Exactly, and otherwise as many letters of what is there.
+    // Without an exactly equal item, as many code units of the present text are selected.
     box->setSelectedText(QStringLiteral("val"));
     QCOMPARE(box->currentIndex(), 2);
     QCOMPARE(box->lineEdit()->selectedText(), QStringLiteral("Blu"));
@@ -413,7 +414,7 @@ void tst_ComboBoxAutoFilter::measuresAFewOfManyItems()
     QCOMPARE(box.minimumSizeHint(), size);
     QVERIFY2(list.reads < 1000, qPrintable(QString::number(list.reads)));
 
-    // As for a list that is measured as a whole.
+    // The size equals that for a short list, all items of which are measured.
     list.setStringList(names.mid(0, 900));
     ComboBoxAutoFilter small(nullptr);
     small.setListModel(&list, true, QCompleter::PopupCompletion, Qt::CaseInsensitive, Qt::ElideRight,

@@ -19,13 +19,13 @@
 
 using zelmar::ui::CopyHandlerAbstract;
 
-static_assert(std::is_base_of<QObject, CopyHandlerAbstract>::value, "the watched object owns it");
-static_assert(std::is_abstract<CopyHandlerAbstract>::value, "what is copied is a derived class's to say");
-static_assert(!std::is_constructible<CopyHandlerAbstract, QObject*>::value, "there is always an object to watch");
+static_assert(std::is_base_of<QObject, CopyHandlerAbstract>::value, "the watched object owns the handler");
+static_assert(std::is_abstract<CopyHandlerAbstract>::value, "a derived class implements what is copied");
+static_assert(!std::is_constructible<CopyHandlerAbstract, QObject*>::value, "the watched object cannot be null");
 
 namespace {
 
-/// Counts the calls, and does something in them.
+/// A handler that counts the calls and performs an action in each.
 class Recorder : public CopyHandlerAbstract
 {
 public:
@@ -38,7 +38,7 @@ public:
             action(); // may delete this
     }
 
-    /// The last virtual function of QObject, which is protected.
+    /// Returns the slot of the last virtual function of QObject, which is protected.
     static std::size_t lastSlotOfQObject() { return virtualSlot(&Recorder::disconnectNotify); }
 
     int calls = 0;
@@ -50,7 +50,7 @@ bool isModifier(int key)
     return key == Qt::Key_Control || key == Qt::Key_Shift || key == Qt::Key_Alt;
 }
 
-/// Keeps the key presses that reach it, those of modifiers apart.
+/// A widget that records the key presses that reach it, except those of modifiers.
 class KeyWidget : public QWidget
 {
 public:
@@ -92,13 +92,13 @@ private Q_SLOTS:
     void letsOtherKeysPass();
     void letsOtherEventsPass_data();
     void letsOtherEventsPass();
-    void doesNotExamineTheObject();
-    void watchesWhatIsNoWidget();
-    void stopsWatchingAtItsEnd();
-    void diesWithTheWatchedObject();
-    void diesInTheCopy();
-    void watchedObjectDiesInTheCopy();
-    void lastOneOfTwoTakesTheKeys();
+    void ignoresTheWatchedArgument();
+    void watchesAnObjectThatIsNoWidget();
+    void stopsWatchingWhenDestroyed();
+    void isDeletedWithTheWatchedObject();
+    void isDeletedInTheCopy();
+    void watchedObjectIsDeletedInTheCopy();
+    void lastHandlerReceivesTheKeys();
     void shortcutsComeFirst();
     void isASlot();
     void keepsTheOrderOfVirtualFunctions();
@@ -182,7 +182,7 @@ void tst_CopyHandlerAbstract::letsOtherEventsPass_data()
     QTest::newRow("shortcut override") << QEvent::ShortcutOverride;
 }
 
-/// Of the same keys. An accepted override would keep the application's own shortcuts from working.
+/// Sends other events of the Copy keys. An accepted shortcut override would disable the application's own shortcuts.
 void tst_CopyHandlerAbstract::letsOtherEventsPass()
 {
     QFETCH(QEvent::Type, type);
@@ -193,7 +193,7 @@ void tst_CopyHandlerAbstract::letsOtherEventsPass()
     QCOMPARE(m_handler->calls, 0);
 }
 
-void tst_CopyHandlerAbstract::doesNotExamineTheObject()
+void tst_CopyHandlerAbstract::ignoresTheWatchedArgument()
 {
     QKeyEvent copy(QEvent::KeyPress, Qt::Key_C, Qt::ControlModifier);
     QVERIFY(m_handler->eventFilter(nullptr, &copy));
@@ -204,7 +204,7 @@ void tst_CopyHandlerAbstract::doesNotExamineTheObject()
     QCOMPARE(m_handler->calls, 2);
 }
 
-void tst_CopyHandlerAbstract::watchesWhatIsNoWidget()
+void tst_CopyHandlerAbstract::watchesAnObjectThatIsNoWidget()
 {
     QObject object;
     const auto* handler = new Recorder(object);
@@ -213,21 +213,21 @@ void tst_CopyHandlerAbstract::watchesWhatIsNoWidget()
     QCOMPARE(handler->calls, 1);
 }
 
-void tst_CopyHandlerAbstract::stopsWatchingAtItsEnd()
+void tst_CopyHandlerAbstract::stopsWatchingWhenDestroyed()
 {
     delete static_cast<QObject*>(m_handler);
     press(*m_widget, QKeySequence::Copy);
     QCOMPARE(m_widget->pressed.size(), 1);
 }
 
-void tst_CopyHandlerAbstract::diesWithTheWatchedObject()
+void tst_CopyHandlerAbstract::isDeletedWithTheWatchedObject()
 {
     const QPointer<Recorder> handler = m_handler;
     delete m_widget;
     QVERIFY(!handler);
 }
 
-void tst_CopyHandlerAbstract::diesInTheCopy()
+void tst_CopyHandlerAbstract::isDeletedInTheCopy()
 {
     const QPointer<Recorder> handler = m_handler;
     m_handler->action = [this] { delete m_handler; };
@@ -236,7 +236,7 @@ void tst_CopyHandlerAbstract::diesInTheCopy()
     QVERIFY(m_widget->pressed.isEmpty());
 }
 
-void tst_CopyHandlerAbstract::watchedObjectDiesInTheCopy()
+void tst_CopyHandlerAbstract::watchedObjectIsDeletedInTheCopy()
 {
     const QPointer<Recorder> handler = m_handler;
     m_handler->action = [this] { delete m_widget; };
@@ -244,7 +244,7 @@ void tst_CopyHandlerAbstract::watchedObjectDiesInTheCopy()
     QVERIFY(!handler);
 }
 
-void tst_CopyHandlerAbstract::lastOneOfTwoTakesTheKeys()
+void tst_CopyHandlerAbstract::lastHandlerReceivesTheKeys()
 {
     const auto* other = new Recorder(*m_widget);
     press(*m_widget, QKeySequence::Copy);

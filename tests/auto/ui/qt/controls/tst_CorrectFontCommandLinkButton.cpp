@@ -14,13 +14,13 @@
 using zelmar::ui::CorrectFontCommandLinkButton;
 
 static_assert(std::has_virtual_destructor<CorrectFontCommandLinkButton>::value,
-              "widgets are deleted through their bases");
-static_assert(std::is_default_constructible<CorrectFontCommandLinkButton>::value, "a parent is not needed");
+              "widgets are deleted through their base classes");
+static_assert(std::is_default_constructible<CorrectFontCommandLinkButton>::value, "the parent is optional");
 static_assert(sizeof(CorrectFontCommandLinkButton) == sizeof(QCommandLinkButton), "it has no fields");
 
 namespace {
 
-/// Shows what Qt protects.
+/// Makes the protected size hint accessible to the test.
 class OpenButton : public CorrectFontCommandLinkButton
 {
 public:
@@ -28,7 +28,7 @@ public:
     using QCommandLinkButton::sizeHint;
 };
 
-/// Qt's own button, with what it protects.
+/// Qt's own button with accessible size hints.
 class PlainButton : public QCommandLinkButton
 {
 public:
@@ -57,10 +57,10 @@ class tst_CorrectFontCommandLinkButton : public QObject
 
 private Q_SLOTS:
     void hasNoMetaObjectOfItsOwn();
-    void isNeverSmallerThanItsHint_data();
-    void isNeverSmallerThanItsHint();
+    void isNeverSmallerThanItsSizeHint_data();
+    void isNeverSmallerThanItsSizeHint();
     void followsItsTexts();
-    void qtsOwnButtonIsSqueezed();
+    void plainButtonHasASmallerMinimum();
 };
 
 void tst_CorrectFontCommandLinkButton::hasNoMetaObjectOfItsOwn()
@@ -71,7 +71,7 @@ void tst_CorrectFontCommandLinkButton::hasNoMetaObjectOfItsOwn()
     QCOMPARE(button->metaObject(), &QCommandLinkButton::staticMetaObject);
 }
 
-void tst_CorrectFontCommandLinkButton::isNeverSmallerThanItsHint_data()
+void tst_CorrectFontCommandLinkButton::isNeverSmallerThanItsSizeHint_data()
 {
     QTest::addColumn<QString>("style");
     QTest::addColumn<QFont>("font");
@@ -100,13 +100,13 @@ void tst_CorrectFontCommandLinkButton::isNeverSmallerThanItsHint_data()
             for (const auto& [descriptionName, description] : descriptions)
                 QTest::addRow("%s, %s, %s", qPrintable(style), fontName, descriptionName)
                     << style << font << title << description;
-            QTest::addRow("%s, %s, nothing at all", qPrintable(style), fontName)
+            QTest::addRow("%s, %s, no text at all", qPrintable(style), fontName)
                 << style << font << QString() << QString();
         }
     }
 }
 
-void tst_CorrectFontCommandLinkButton::isNeverSmallerThanItsHint()
+void tst_CorrectFontCommandLinkButton::isNeverSmallerThanItsSizeHint()
 {
     QFETCH(QString, style);
     QFETCH(QFont, font);
@@ -154,8 +154,8 @@ void tst_CorrectFontCommandLinkButton::followsItsTexts()
     QCOMPARE(button.minimumSizeHint(), titled);
 }
 
-/// What the class is there for.
-void tst_CorrectFontCommandLinkButton::qtsOwnButtonIsSqueezed()
+/// Verifies the behaviour of Qt's button that the class corrects.
+void tst_CorrectFontCommandLinkButton::plainButtonHasASmallerMinimum()
 {
     PlainButton plain;
     plain.setText(QStringLiteral("Open a run"));

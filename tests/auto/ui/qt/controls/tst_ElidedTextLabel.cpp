@@ -12,7 +12,7 @@
 #include <memory>
 #include <type_traits>
 
-static_assert(std::has_virtual_destructor<ElidedTextLabel>::value, "widgets are deleted through their bases");
+static_assert(std::has_virtual_destructor<ElidedTextLabel>::value, "widgets are deleted through their base classes");
 static_assert(std::is_base_of<QxtLabel, ElidedTextLabel>::value, "it is a QxtLabel");
 static_assert(sizeof(ElidedTextLabel) == sizeof(QxtLabel), "it has no fields");
 
@@ -31,7 +31,7 @@ private Q_SLOTS:
     void init();
 
     void startsElidedAtTheLeft();
-    void hasAMetaObjectWithNothingInIt();
+    void hasAnEmptyMetaObject();
     void keepsTheEnd();
     void toolTipFollowsTheWidth();
     void toolTipFollowsTheText_data();
@@ -39,14 +39,14 @@ private Q_SLOTS:
     void toolTipFollowsTheFont();
     void toolTipCountsFrameAndMargins();
     void applicationsToolTipStays();
-    void applicationsToolTipMayGo();
-    void anElidedTextThatIsReplacedLeavesItsToolTip();
+    void applicationMayClearItsToolTip();
+    void keepsTheToolTipOfAReplacedText();
     void doesNotRepaintItself();
-    void doesNotRepaintWhenWatched();
-    void accessibleNameIsTheWholeText();
+    void doesNotRepaintForAnUnchangedToolTip();
+    void accessibleNameIsTheFullText();
 
 private:
-    /// Gives the label this much more width than its text needs, and lets it be painted.
+    /// Makes the label `pixels` wider than its text needs and paints it.
     void paintWithSpareWidth(int pixels);
 
     std::unique_ptr<ElidedTextLabel> m_label;
@@ -77,7 +77,7 @@ void tst_ElidedTextLabel::startsElidedAtTheLeft()
     QCOMPARE(label.toolTip(), QString());
 }
 
-void tst_ElidedTextLabel::hasAMetaObjectWithNothingInIt()
+void tst_ElidedTextLabel::hasAnEmptyMetaObject()
 {
     const QMetaObject& own = ElidedTextLabel::staticMetaObject;
     QCOMPARE(m_label->metaObject(), &own);
@@ -109,7 +109,7 @@ void tst_ElidedTextLabel::toolTipFollowsTheWidth()
     paintWithSpareWidth(0);
     QCOMPARE(m_label->toolTip(), QString());
 
-    // Ellipsis and tool tip come together.
+    // The ellipsis and the tool tip appear at the same width.
     for (int spare = 5; spare > -5; --spare) {
         paintWithSpareWidth(spare);
         QCOMPARE(m_label->toolTip().isEmpty(), !PaintedText(*m_label).text().contains(ellipsis));
@@ -122,9 +122,10 @@ void tst_ElidedTextLabel::toolTipFollowsTheText_data()
 
     QTest::newRow("mark-up") << "<b>runs</b> &amp; more";
     QTest::newRow("a mnemonic") << "&File && more";
-    QTest::newRow("right to left") << QStringLiteral("\u05e9\u05dc\u05d5\u05dd \u05e2\u05d5\u05dc\u05dd").repeated(3);
+    QTest::newRow("right-to-left text")
+        << QStringLiteral("\u05e9\u05dc\u05d5\u05dd \u05e2\u05d5\u05dc\u05dd").repeated(3);
     QTest::newRow("accents") << QStringLiteral("e\u0301").repeated(20);
-    QTest::newRow("lines") << "one line\nand another one\r\nand a third";
+    QTest::newRow("several lines") << "one line\nand another one\r\nand a third";
     QTest::newRow("blanks") << "   ";
 }
 
@@ -178,7 +179,7 @@ void tst_ElidedTextLabel::applicationsToolTipStays()
     }
 }
 
-void tst_ElidedTextLabel::applicationsToolTipMayGo()
+void tst_ElidedTextLabel::applicationMayClearItsToolTip()
 {
     m_label->setToolTip(QStringLiteral("Opened at noon"));
     paintWithSpareWidth(-1);
@@ -187,8 +188,8 @@ void tst_ElidedTextLabel::applicationsToolTipMayGo()
     QCOMPARE(m_label->toolTip(), path);
 }
 
-/// Nothing tells it from the application's own. Who replaces the text clears it.
-void tst_ElidedTextLabel::anElidedTextThatIsReplacedLeavesItsToolTip()
+/// The label cannot distinguish the old text from a tool tip of the application, which therefore has to clear it.
+void tst_ElidedTextLabel::keepsTheToolTipOfAReplacedText()
 {
     paintWithSpareWidth(-1);
     const QString next = path + QStringLiteral(".old");
@@ -202,7 +203,8 @@ void tst_ElidedTextLabel::anElidedTextThatIsReplacedLeavesItsToolTip()
 
 namespace {
 
-/// Counts how often it is painted, and is repainted for each change of its tool tip, as a watchful application may do.
+/// A label that counts its paint events and, like an application that observes it, can repaint for each change of its
+/// tool tip.
 class WatchedLabel : public ElidedTextLabel
 {
 public:
@@ -224,7 +226,7 @@ protected:
     }
 };
 
-/// How often the label is painted for being made this much narrower, until nothing is left to do.
+/// Makes the label `pixels` narrower and returns the number of paint events until no events are pending.
 int paintsOfNarrowing(WatchedLabel& label, int pixels)
 {
     const auto settle = [] {
@@ -252,7 +254,7 @@ void show(WatchedLabel& label)
 
 void tst_ElidedTextLabel::doesNotRepaintItself()
 {
-    // In a window that keeps its size, so that only the label is resized.
+    // The label is in a window, so that no window manager resizes it.
     QWidget window;
     window.resize(600, 100);
     auto* label = new WatchedLabel;
@@ -265,7 +267,7 @@ void tst_ElidedTextLabel::doesNotRepaintItself()
     QCOMPARE(label->toolTip(), QString());
 }
 
-void tst_ElidedTextLabel::doesNotRepaintWhenWatched()
+void tst_ElidedTextLabel::doesNotRepaintForAnUnchangedToolTip()
 {
     QWidget window;
     window.resize(600, 100);
@@ -278,7 +280,7 @@ void tst_ElidedTextLabel::doesNotRepaintWhenWatched()
     QCOMPARE(paintsOfNarrowing(*label, 1), 1);
 }
 
-void tst_ElidedTextLabel::accessibleNameIsTheWholeText()
+void tst_ElidedTextLabel::accessibleNameIsTheFullText()
 {
     paintWithSpareWidth(-100);
     QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(m_label.get());

@@ -12,7 +12,7 @@
 
 #include <type_traits>
 
-static_assert(std::has_virtual_destructor<ElidedTextUtil>::value, "to be derived from");
+static_assert(std::has_virtual_destructor<ElidedTextUtil>::value, "derived classes are deleted through this class");
 static_assert(sizeof(ElidedTextUtil) == sizeof(void*), "no state");
 
 namespace {
@@ -20,7 +20,7 @@ namespace {
 const QString text = QStringLiteral("/measurements/2024/run 17/flow.csv");
 const QString other = QStringLiteral("the application's");
 
-/// Counts the changes of its own tool tip.
+/// A widget that counts the changes of its tool tip.
 class Watched : public QWidget
 {
 public:
@@ -53,7 +53,7 @@ void tst_ElidedTextUtil::keepsTheOrderOfVirtualFunctions()
 {
     if (systemLimits::noVirtualSlots)
         QSKIP(systemLimits::noVirtualSlots);
-    // The compilers that we build with give a destructor two places.
+    // The destructor occupies two slots in the ABI of the supported compilers.
     QCOMPARE(virtualSlot(&ElidedTextUtil::updateToolTip), std::size_t(2));
 }
 
@@ -64,15 +64,15 @@ void tst_ElidedTextUtil::updatesTheToolTip_data()
     QTest::addColumn<QString>("after");
 
     QTest::newRow("fits to the pixel") << QString() << 0 << QString();
-    QTest::newRow("one pixel too many") << QString() << 1 << text;
-    QTest::newRow("no room at all") << QString() << 10000 << text;
+    QTest::newRow("one pixel too wide") << QString() << 1 << text;
+    QTest::newRow("no width at all") << QString() << 10000 << text;
     QTest::newRow("fits again") << text << 0 << QString();
-    QTest::newRow("fits again with room") << text << -100 << QString();
+    QTest::newRow("fits again with spare width") << text << -100 << QString();
     QTest::newRow("still does not fit") << text << 1 << text;
-    QTest::newRow("the application's, fits") << other << 0 << other;
-    QTest::newRow("the application's, does not fit") << other << 1 << other;
-    QTest::newRow("differs in a blank") << text + QLatin1Char(' ') << 1 << text + QLatin1Char(' ');
-    QTest::newRow("differs in case") << text.toUpper() << 0 << text.toUpper();
+    QTest::newRow("tool tip of the application, fits") << other << 0 << other;
+    QTest::newRow("tool tip of the application, does not fit") << other << 1 << other;
+    QTest::newRow("tool tip differs in a blank") << text + QLatin1Char(' ') << 1 << text + QLatin1Char(' ');
+    QTest::newRow("tool tip differs in case") << text.toUpper() << 0 << text.toUpper();
 }
 
 void tst_ElidedTextUtil::updatesTheToolTip()

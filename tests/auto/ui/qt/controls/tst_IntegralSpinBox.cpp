@@ -22,7 +22,7 @@ static_assert(std::has_virtual_destructor<IntegralSpinBox>::value, "widgets are 
 
 namespace {
 
-/// Overrides the hooks, to see where they are and that nobody calls them.
+/// A spin box that overrides the hooks, to test their position and that they are never called.
 class Hooked : public IntegralSpinBox
 {
 public:
@@ -138,7 +138,7 @@ void tst_IntegralSpinBox::steps_data()
     // clang-format on
 }
 
-/// Wrapping makes no difference.
+/// Tests each row with wrapping off and on.
 void tst_IntegralSpinBox::steps()
 {
     QFETCH(int, minimum);

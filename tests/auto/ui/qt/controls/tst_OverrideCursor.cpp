@@ -24,15 +24,16 @@ constexpr bool isNeitherCopiedNorMoved()
            && !std::is_copy_assignable<Guard>::value && !std::is_move_assignable<Guard>::value;
 }
 
-static_assert(isNeitherCopiedNorMoved<OverrideCursor>(), "each entry of the stack has one guard");
-static_assert(isNeitherCopiedNorMoved<OverrideCursorRestorer>(), "each cursor is put back once");
-static_assert(std::is_empty<OverrideCursor>::value, "all its state is on the application's stack");
-static_assert(sizeof(OverrideCursorRestorer) == sizeof(QCursor), "the cursor is all that is kept");
-static_assert(!std::is_convertible<Qt::CursorShape, OverrideCursor>::value, "a shape is no guard");
-static_assert(!std::has_virtual_destructor<OverrideCursor>::value, "nothing to derive from");
-static_assert(!std::has_virtual_destructor<OverrideCursorRestorer>::value, "nothing to derive from");
+static_assert(isNeitherCopiedNorMoved<OverrideCursor>(), "each stack entry has one guard");
+static_assert(isNeitherCopiedNorMoved<OverrideCursorRestorer>(), "each cursor is restored once");
+static_assert(std::is_empty<OverrideCursor>::value, "the state is on the override cursor stack");
+static_assert(sizeof(OverrideCursorRestorer) == sizeof(QCursor), "the cursor is the only member");
+static_assert(!std::is_convertible<Qt::CursorShape, OverrideCursor>::value,
+              "a shape does not convert to a guard implicitly");
+static_assert(!std::has_virtual_destructor<OverrideCursor>::value, "the class is no base class");
+static_assert(!std::has_virtual_destructor<OverrideCursorRestorer>::value, "the class is no base class");
 
-/// From the top of the stack of override cursors downwards; takes the stack apart and puts it back.
+/// Returns the shapes on the override cursor stack, top first. Pops all entries and pushes them again.
 QVector<Qt::CursorShape> stack()
 {
     QVector<QCursor> cursors;
@@ -52,7 +53,7 @@ using Shapes = QVector<Qt::CursorShape>;
 
 } // namespace
 
-/// Both guards, which are there to be nested.
+/// Tests both guards together, because they are meant to be nested.
 class tst_OverrideCursor : public QObject
 {
     Q_OBJECT
@@ -60,13 +61,13 @@ class tst_OverrideCursor : public QObject
 private Q_SLOTS:
     void cleanup();
 
-    void showsTheCursorInItsBlock();
+    void showsTheCursorWithinItsBlock();
     void popsOneEntryOnly();
-    void theSameShapeTwiceIsTwoEntries();
+    void sameShapeTwiceMakesTwoEntries();
     void nestedGuardsUnwindWithAnException();
-    void restorerTakesTheTopAway();
-    void restorerKeepsAPixmap();
-    void guardInARestorerGoesFirst();
+    void restorerRemovesTheTopEntry();
+    void restorerRestoresAPixmapCursor();
+    void guardWithinARestorerIsPoppedFirst();
     void restorerUnwindsWithAnException();
 };
 
@@ -75,7 +76,7 @@ void tst_OverrideCursor::cleanup()
     QCOMPARE(stack(), Shapes());
 }
 
-void tst_OverrideCursor::showsTheCursorInItsBlock()
+void tst_OverrideCursor::showsTheCursorWithinItsBlock()
 {
     {
         const OverrideCursor cursor(Qt::WaitCursor);
@@ -97,7 +98,7 @@ void tst_OverrideCursor::popsOneEntryOnly()
     QGuiApplication::restoreOverrideCursor();
 }
 
-void tst_OverrideCursor::theSameShapeTwiceIsTwoEntries()
+void tst_OverrideCursor::sameShapeTwiceMakesTwoEntries()
 {
     const OverrideCursor outer(Qt::WaitCursor);
     {
@@ -122,7 +123,7 @@ void tst_OverrideCursor::nestedGuardsUnwindWithAnException()
     QCOMPARE(stack(), Shapes({Qt::BusyCursor}));
 }
 
-void tst_OverrideCursor::restorerTakesTheTopAway()
+void tst_OverrideCursor::restorerRemovesTheTopEntry()
 {
     const OverrideCursor outer(Qt::BusyCursor);
     const OverrideCursor inner(Qt::WaitCursor);
@@ -138,8 +139,8 @@ void tst_OverrideCursor::restorerTakesTheTopAway()
     QCOMPARE(stack(), Shapes({Qt::WaitCursor, Qt::BusyCursor}));
 }
 
-/// It is the cursor that comes back, not only its shape.
-void tst_OverrideCursor::restorerKeepsAPixmap()
+/// Verifies that the cursor itself is restored and not only its shape.
+void tst_OverrideCursor::restorerRestoresAPixmapCursor()
 {
     QPixmap pixmap(8, 8);
     pixmap.fill(Qt::red);
@@ -154,7 +155,7 @@ void tst_OverrideCursor::restorerKeepsAPixmap()
     QGuiApplication::restoreOverrideCursor();
 }
 
-void tst_OverrideCursor::guardInARestorerGoesFirst()
+void tst_OverrideCursor::guardWithinARestorerIsPoppedFirst()
 {
     const OverrideCursor wait(Qt::WaitCursor);
     {

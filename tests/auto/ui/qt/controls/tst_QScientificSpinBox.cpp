@@ -41,10 +41,10 @@ QValidator::State stateOf(const QScientificSpinBox& box, const QString& text)
     QString copy = text;
     int position = 0;
     const QValidator::State state = box.validate(copy, position);
-    return copy == text ? state : QValidator::Invalid; // never rewritten
+    return copy == text ? state : QValidator::Invalid; // the text must not be changed
 }
 
-/// Below this Qt's 323 digits behind the point do not tell one double from the next.
+/// Qt's 323 digits after the decimal point do not distinguish all doubles below this number.
 const double smallestExact = std::ldexp(1.0, -1020);
 
 } // namespace
@@ -86,7 +86,7 @@ private:
 void tst_QScientificSpinBox::init()
 {
     m_box = std::make_unique<QScientificSpinBox>();
-    stateOf(*m_box, QStringLiteral("none of the texts below")); // forgets what the function before has read
+    stateOf(*m_box, QStringLiteral("none of the texts below")); // overwrites the shared validation cache
 }
 
 void tst_QScientificSpinBox::cleanup()
@@ -311,7 +311,7 @@ void tst_QScientificSpinBox::steps()
     QCOMPARE(m_box->value(), expected);
 }
 
-/// The base class rounds to 323 digits behind the point, and a zero has no sign then.
+/// The base class rounds to 323 digits after the decimal point, which also removes the sign of a zero.
 void tst_QScientificSpinBox::losesBitsOnlyWhereQtDoes()
 {
     m_box->setValue(smallestExact);
@@ -335,7 +335,8 @@ void tst_QScientificSpinBox::largestNumberMayBeShownAsTooLarge_data()
     QTest::newRow("rounded up") << 4 << "1.798E+308" << QValidator::Invalid;
 }
 
-/// Rounded to the set digits it may be no double any more. The value is there all the same.
+/// Rounded to the number of shown digits, the largest double may exceed the range of a double. The value is not
+/// changed.
 void tst_QScientificSpinBox::largestNumberMayBeShownAsTooLarge()
 {
     QFETCH(int, digits);

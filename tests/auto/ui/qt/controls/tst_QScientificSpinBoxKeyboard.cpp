@@ -17,7 +17,7 @@ using zelmar::ui::QScientificSpinBox;
 
 namespace {
 
-/// How a user ends editing.
+/// The way in which the user ends editing.
 enum class End { Return, FocusLoss };
 
 } // namespace
@@ -75,7 +75,7 @@ void tst_QScientificSpinBoxKeyboard::init()
     m_window->show();
     takeKeyboardFocus(*m_box);
     QVERIFY(m_box->hasFocus());
-    m_box->valueFromText(QStringLiteral("none of the texts below")); // forgets what the function before has read
+    m_box->valueFromText(QStringLiteral("none of the texts below")); // overwrites the shared validation cache
 }
 
 void tst_QScientificSpinBoxKeyboard::cleanup()
@@ -84,7 +84,7 @@ void tst_QScientificSpinBoxKeyboard::cleanup()
     QLocale::setDefault(QLocale::c());
 }
 
-/// Over what is there, key by key.
+/// Replaces the text by single key presses.
 void tst_QScientificSpinBoxKeyboard::type(const QString& text)
 {
     m_box->selectAll();
@@ -167,7 +167,7 @@ void tst_QScientificSpinBoxKeyboard::typingUnderEveryLocale()
     QCOMPARE(m_box->text(), QStringLiteral("1,23 mm"));
     end(End::Return);
     QCOMPARE(m_box->value(), 12.345);
-    // Not 5, as where "." separates groups.
+    // "0.5" is not read as 5, as it is in a locale with "." as group separator.
     m_box->setRange(10, 20);
     type(QStringLiteral("0.5"));
     end(End::FocusLoss);
@@ -265,7 +265,7 @@ void tst_QScientificSpinBoxKeyboard::takesNothingThatIsNotAcceptable_data()
     }
 }
 
-/// Such a text is there until editing ends; then the value is what it was, and told to nobody.
+/// A text that is not acceptable stays until editing ends. The value does not change, and no signal is emitted.
 void tst_QScientificSpinBoxKeyboard::takesNothingThatIsNotAcceptable()
 {
     QFETCH(QString, prefix);
@@ -304,8 +304,8 @@ void tst_QScientificSpinBoxKeyboard::tellsOnceAndAtTheEnd()
     QCOMPARE(ends.count(), 1);
 }
 
-/// The shared last answer has its text without commas: the same digits get the same answer right after that. Any other
-/// key between them forgets it.
+/// The shared validation cache stores the text without commas. The same digits without a comma therefore get the same
+/// result, until another text has been validated.
 void tst_QScientificSpinBoxKeyboard::commaTakenOutIsNoNumberYet()
 {
     type(QStringLiteral("1,23"));
@@ -341,7 +341,7 @@ void tst_QScientificSpinBoxKeyboard::returnCommitsTheShownText()
     m_box->setValue(1.0 / 3);
     QTest::keyClick(m_box, Qt::Key_Return);
     QCOMPARE(m_box->value(), 0.33333333);
-    // Shown as more than a double has: nothing to commit.
+    // The shown number exceeds the range of a double, so it cannot be committed.
     m_box->setDecimals(4);
     m_box->setValue(m_box->maximum());
     QTest::keyClick(m_box, Qt::Key_Return);

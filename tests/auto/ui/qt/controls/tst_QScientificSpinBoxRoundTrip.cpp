@@ -18,7 +18,7 @@ using zelmar::ui::QScientificSpinBox;
 
 namespace {
 
-/// The digits of a number before its exponent, leading zeros apart.
+/// Returns the number of digits before the exponent, without leading zeros.
 int significantDigits(const QString& text)
 {
     QString digits = text.section(QLatin1Char('E'), 0, 0);
@@ -28,7 +28,7 @@ int significantDigits(const QString& text)
     return digits.size();
 }
 
-/// The double nearest to `number` rounded to `digits`, by the C library alone.
+/// Returns the double nearest to `number` rounded to `digits` significant digits, computed by the C library alone.
 double rounded(double number, int digits)
 {
     char text[64];
@@ -36,7 +36,7 @@ double rounded(double number, int digits)
     return std::strtod(text, nullptr);
 }
 
-/// Any finite double has the same chance.
+/// A generator of finite doubles that are all equally probable.
 class RandomDoubles
 {
 public:
@@ -60,14 +60,14 @@ private:
     std::mt19937_64 m_engine;
 };
 
-/// Below this Qt's 323 digits behind the point do not tell one double from the next.
+/// Qt's 323 digits after the decimal point do not distinguish all doubles below this number.
 const double smallestExact = std::ldexp(1.0, -1020);
 
 const int numbersPerDigits = 83334;
 
 } // namespace
 
-/// 1,000,000 doubles of all magnitudes.
+/// Tests 1,000,000 doubles of all magnitudes.
 class tst_QScientificSpinBoxRoundTrip : public QObject
 {
     Q_OBJECT
@@ -103,7 +103,7 @@ void tst_QScientificSpinBoxRoundTrip::keepsEveryBit()
         const QString text = box.text();
         if (significantDigits(text) > digits)
             QFAIL(qPrintable(QStringLiteral("%1 has too many digits").arg(text)));
-        // Next to the largest double a text may be rounded to what is none any more.
+        // Next to the largest double, rounding may exceed the range of a double.
         const double nearest = rounded(box.value(), digits);
         if (std::isfinite(nearest) && !sameBits(box.valueFromText(text), nearest))
             QFAIL(qPrintable(QStringLiteral("%1 is not read as %2").arg(text).arg(nearest, 0, 'e', 17)));

@@ -13,21 +13,21 @@
 using zelmar::ui::QtSignalConnectionCollection;
 
 static_assert(!std::is_copy_constructible<QtSignalConnectionCollection>::value, "each connection has one owner");
-static_assert(!std::is_move_constructible<QtSignalConnectionCollection>::value, "an owner stays where it is");
+static_assert(!std::is_move_constructible<QtSignalConnectionCollection>::value, "a collection is not moved");
 static_assert(!std::is_copy_assignable<QtSignalConnectionCollection>::value, "each connection has one owner");
-static_assert(!std::is_move_assignable<QtSignalConnectionCollection>::value, "an owner stays where it is");
-static_assert(sizeof(QtSignalConnectionCollection) == sizeof(void*), "the handles are on the heap");
-static_assert(!std::has_virtual_destructor<QtSignalConnectionCollection>::value, "nothing to derive from");
+static_assert(!std::is_move_assignable<QtSignalConnectionCollection>::value, "a collection is not moved");
+static_assert(sizeof(QtSignalConnectionCollection) == sizeof(void*), "the only member is a pointer to the handles");
+static_assert(!std::has_virtual_destructor<QtSignalConnectionCollection>::value, "the class is no base class");
 
 namespace {
 
-/// Says something, and writes down which of its connections were cut.
+/// A sender that records which of its signals were disconnected.
 class Sender : public QObject
 {
     Q_OBJECT
 
 public:
-    QStringList cut;
+    QStringList disconnected;
 
 Q_SIGNALS:
     void first();
@@ -35,7 +35,7 @@ Q_SIGNALS:
     void third();
 
 protected:
-    void disconnectNotify(const QMetaMethod& signal) override { cut += QString::fromLatin1(signal.name()); }
+    void disconnectNotify(const QMetaMethod& signal) override { disconnected += QString::fromLatin1(signal.name()); }
 };
 
 } // namespace
@@ -46,13 +46,13 @@ class tst_QtSignalConnectionCollection : public QObject
 
 private Q_SLOTS:
     void emptyDoesNothing();
-    void cutsItsConnectionsWhenItDies();
-    void cutsFromTheFirstToTheLast();
-    void leavesOtherConnections();
-    void endsMayDieBefore();
-    void handlesMayBeInvalidOrTwice();
-    void diesInASlotOfItsOwn();
-    void queuedCallsStillArrive();
+    void disconnectsWhenDestroyed();
+    void disconnectsInTheOrderOfAdding();
+    void keepsOtherConnections();
+    void sendersAndReceiversMayBeDestroyedBefore();
+    void handlesMayBeInvalidOrDuplicate();
+    void mayBeDestroyedInOneOfItsSlots();
+    void queuedCallsAreStillDelivered();
 };
 
 void tst_QtSignalConnectionCollection::emptyDoesNothing()
@@ -60,7 +60,7 @@ void tst_QtSignalConnectionCollection::emptyDoesNothing()
     const QtSignalConnectionCollection empty;
 }
 
-void tst_QtSignalConnectionCollection::cutsItsConnectionsWhenItDies()
+void tst_QtSignalConnectionCollection::disconnectsWhenDestroyed()
 {
     Sender sender;
     int heard = 0;
@@ -77,7 +77,7 @@ void tst_QtSignalConnectionCollection::cutsItsConnectionsWhenItDies()
     QCOMPARE(heard, 11);
 }
 
-void tst_QtSignalConnectionCollection::cutsFromTheFirstToTheLast()
+void tst_QtSignalConnectionCollection::disconnectsInTheOrderOfAdding()
 {
     Sender sender;
     {
@@ -85,12 +85,13 @@ void tst_QtSignalConnectionCollection::cutsFromTheFirstToTheLast()
         connections.add(connect(&sender, &Sender::second, this, [] {}));
         connections.add(connect(&sender, &Sender::third, this, [] {}));
         connections.add(connect(&sender, &Sender::first, this, [] {}));
-        QCOMPARE(sender.cut, QStringList());
+        QCOMPARE(sender.disconnected, QStringList());
     }
-    QCOMPARE(sender.cut, QStringList({QStringLiteral("second"), QStringLiteral("third"), QStringLiteral("first")}));
+    QCOMPARE(sender.disconnected,
+             QStringList({QStringLiteral("second"), QStringLiteral("third"), QStringLiteral("first")}));
 }
 
-void tst_QtSignalConnectionCollection::leavesOtherConnections()
+void tst_QtSignalConnectionCollection::keepsOtherConnections()
 {
     Sender sender;
     int heard = 0;
@@ -106,7 +107,7 @@ void tst_QtSignalConnectionCollection::leavesOtherConnections()
     QCOMPARE(heard, 3);
 }
 
-void tst_QtSignalConnectionCollection::endsMayDieBefore()
+void tst_QtSignalConnectionCollection::sendersAndReceiversMayBeDestroyedBefore()
 {
     auto deadSender = std::make_unique<Sender>();
     auto deadReceiver = std::make_unique<QObject>();
@@ -129,7 +130,7 @@ void tst_QtSignalConnectionCollection::endsMayDieBefore()
     QCOMPARE(heard, 1);
 }
 
-void tst_QtSignalConnectionCollection::handlesMayBeInvalidOrTwice()
+void tst_QtSignalConnectionCollection::handlesMayBeInvalidOrDuplicate()
 {
     Sender sender;
     int heard = 0;
@@ -139,17 +140,17 @@ void tst_QtSignalConnectionCollection::handlesMayBeInvalidOrTwice()
         const auto connection = connect(&sender, &Sender::first, this, [&heard] { ++heard; });
         connections.add(connection);
         connections.add(connection);
-        const auto cutBefore = connect(&sender, &Sender::second, this, [&heard] { ++heard; });
-        connections.add(cutBefore);
-        QVERIFY(disconnect(cutBefore));
+        const auto disconnectedBefore = connect(&sender, &Sender::second, this, [&heard] { ++heard; });
+        connections.add(disconnectedBefore);
+        QVERIFY(disconnect(disconnectedBefore));
     }
     Q_EMIT sender.first();
     QCOMPARE(heard, 0);
-    QCOMPARE(sender.cut, QStringList({QStringLiteral("second"), QStringLiteral("first")}));
+    QCOMPARE(sender.disconnected, QStringList({QStringLiteral("second"), QStringLiteral("first")}));
 }
 
-/// The slot that runs has what it captured until it returns; those behind it are not called.
-void tst_QtSignalConnectionCollection::diesInASlotOfItsOwn()
+/// The captures of the running slot stay valid until it returns. The remaining slots are not called.
+void tst_QtSignalConnectionCollection::mayBeDestroyedInOneOfItsSlots()
 {
     Sender sender;
     QStringList heard;
@@ -161,7 +162,7 @@ void tst_QtSignalConnectionCollection::diesInASlotOfItsOwn()
         connections.reset();
         heard += *captured;
     }));
-    connections->add(connect(&sender, &Sender::first, this, [&heard] { heard += QStringLiteral("behind"); }));
+    connections->add(connect(&sender, &Sender::first, this, [&heard] { heard += QStringLiteral("after"); }));
     connect(&sender, &Sender::first, this, [&heard] { heard += QStringLiteral("another's"); });
 
     Q_EMIT sender.first();
@@ -173,8 +174,8 @@ void tst_QtSignalConnectionCollection::diesInASlotOfItsOwn()
     QCOMPARE(heard, QStringList({QStringLiteral("another's")}));
 }
 
-/// What the header says of queued connections.
-void tst_QtSignalConnectionCollection::queuedCallsStillArrive()
+/// A signal that was emitted before the collection was destroyed is delivered, a later one is not.
+void tst_QtSignalConnectionCollection::queuedCallsAreStillDelivered()
 {
     Sender sender;
     int heard = 0;

@@ -28,20 +28,20 @@
 using zelmar::ui::CopyHandlerAbstract;
 using zelmar::ui::TableCopyHandler;
 
-static_assert(std::is_base_of<CopyHandlerAbstract, TableCopyHandler>::value, "the base class watches the keys");
-static_assert(!std::is_abstract<TableCopyHandler>::value, "it can be made");
-static_assert(!std::is_constructible<TableCopyHandler, QTableView*>::value, "there is always a view");
+static_assert(std::is_base_of<CopyHandlerAbstract, TableCopyHandler>::value, "the base class filters the key presses");
+static_assert(!std::is_abstract<TableCopyHandler>::value, "the class is concrete");
+static_assert(!std::is_constructible<TableCopyHandler, QTableView*>::value, "the view cannot be null");
 
 namespace {
 
-const QString untouched = QStringLiteral("what was on the clipboard before");
+const QString untouched = QStringLiteral("initial clipboard text");
 
 QString cellName(int row, int column)
 {
     return QChar('A' + column) + QString::number(row + 1);
 }
 
-/// Cells that are called as in a spreadsheet.
+/// Returns a model whose cells contain their spreadsheet names: A1, B1, ...
 std::unique_ptr<QStandardItemModel> namedCells(int rows, int columns)
 {
     auto model = std::make_unique<QStandardItemModel>(rows, columns);
@@ -52,7 +52,7 @@ std::unique_ptr<QStandardItemModel> namedCells(int rows, int columns)
     return model;
 }
 
-/// Does something when a cell is asked for its text.
+/// A model that performs an action when the text of a certain cell is read.
 class ActingModel : public QAbstractTableModel
 {
 public:
@@ -91,14 +91,14 @@ private Q_SLOTS:
     void copiesDisplayTexts_data();
     void copiesDisplayTexts();
     void copiesTheDisplayRole();
-    void leavesOutDisabledAndUnselectableCells();
-    void keepsTheModelsOrderWhereColumnsAreMoved();
+    void skipsDisabledAndUnselectableCells();
+    void keepsTheOrderOfTheModelWhenColumnsAreMoved();
     void copiesHiddenCells();
     void copiesSpannedCells();
     void copiesTheRowsOfAProxy();
     void copiesBelowARootIndex();
     void copiesCellsOfSeveralParents();
-    void copiesWhatIsSelectedTwiceTwice();
+    void copiesCellsSelectedTwiceTwice();
     void ignoresInvalidRanges();
     void followsTheModel();
     void followsTheSelectionModel();
@@ -106,18 +106,18 @@ private Q_SLOTS:
     void keepsTheMouseSelection();
     void copiesByKeyboard();
     void letsOtherKeysPass();
-    void leavesTheKeysToAnEditor();
+    void editorReceivesTheCopyKeys();
     void copiesByAction();
     void isASlot();
     void keepsTheOrderOfVirtualFunctions();
-    void diesWithTheView();
+    void isDeletedWithTheView();
     void viewIsDeletedByASlot_data();
     void viewIsDeletedByASlot();
     void viewIsDeletedByData();
     void modelIsDeletedByData_data();
     void modelIsDeletedByData();
     void rowsAreRemovedByData();
-    void isThePlainTextOfRandomSelections();
+    void agreesWithThePlainTextOfRandomSelections();
 
 private:
     QModelIndex cell(const QString& name) const;
@@ -149,7 +149,7 @@ QModelIndex tst_TableCopyHandler::cell(const QString& name) const
     return m_view->model()->index(name.mid(1).toInt() - 1, name.at(0).unicode() - 'A', m_view->rootIndex());
 }
 
-/// "B2 A1:C3": cells and ranges of them, one after the other.
+/// Selects the cells and ranges in `names` one after the other, for example "B2 A1:C3".
 void tst_TableCopyHandler::select(const QString& names)
 {
     for (const QString& name : names.split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
@@ -176,8 +176,8 @@ void tst_TableCopyHandler::copiesSelectedCells_data()
     QTest::addColumn<QString>("selected");
     QTest::addColumn<QString>("text");
 
-    QTest::newRow("nothing") << ""
-                             << "";
+    QTest::newRow("nothing selected") << ""
+                                      << "";
     QTest::newRow("one cell") << "C2"
                               << "C2";
     QTest::newRow("a row") << "A2:D2"
@@ -186,20 +186,20 @@ void tst_TableCopyHandler::copiesSelectedCells_data()
                               << "B1\nB2\nB3\nB4";
     QTest::newRow("a block") << "B2:C3"
                              << "B2\tC2\nB3\tC3";
-    QTest::newRow("from the last to the first") << "B2 A1 B1"
-                                                << "A1\tB1\nB2";
-    QTest::newRow("a column is missing") << "A1 C1"
-                                         << "A1\tC1";
-    QTest::newRow("a row is missing") << "A1 A3"
-                                      << "A1\nA3";
+    QTest::newRow("selected in reverse order") << "B2 A1 B1"
+                                               << "A1\tB1\nB2";
+    QTest::newRow("an unselected column between") << "A1 C1"
+                                                  << "A1\tC1";
+    QTest::newRow("an unselected row between") << "A1 A3"
+                                               << "A1\nA3";
     QTest::newRow("rows of different lengths") << "A1:C1 B2 D4 A4"
                                                << "A1\tB1\tC1\nB2\nA4\tD4";
-    QTest::newRow("blocks beside each other, the right one higher up") << "A2:B4 D1:D3"
-                                                                       << "D1\nA2\tB2\tD2\nA3\tB3\tD3\nA4\tB4";
-    QTest::newRow("blocks beside each other, the right one longer") << "C1:D4 A1:A2"
-                                                                    << "A1\tC1\tD1\nA2\tC2\tD2\nC3\tD3\nC4\tD4";
-    QTest::newRow("blocks that overlap") << "A1:B2 B2:C3"
-                                         << "A1\tB1\nA2\tB2\tC2\nB3\tC3";
+    QTest::newRow("adjacent blocks, the right one starts higher") << "A2:B4 D1:D3"
+                                                                  << "D1\nA2\tB2\tD2\nA3\tB3\tD3\nA4\tB4";
+    QTest::newRow("adjacent blocks, the right one is longer") << "C1:D4 A1:A2"
+                                                              << "A1\tC1\tD1\nA2\tC2\tD2\nC3\tD3\nC4\tD4";
+    QTest::newRow("overlapping blocks") << "A1:B2 B2:C3"
+                                        << "A1\tB1\nA2\tB2\tC2\nB3\tC3";
 }
 
 void tst_TableCopyHandler::copiesSelectedCells()
@@ -228,22 +228,22 @@ void tst_TableCopyHandler::copiesDisplayTexts_data()
     QTest::addColumn<QVariant>("value");
     QTest::addColumn<QString>("text");
 
-    QTest::newRow("nothing") << QVariant() << "";
+    QTest::newRow("no value") << QVariant() << "";
     QTest::newRow("empty text") << QVariant(QString()) << "";
-    QTest::newRow("letters of all kinds")
-        << QVariant(QStringLiteral("\u03b1\u05d0\U0001d11e")) << QStringLiteral("\u03b1\u05d0\U0001d11e");
+    QTest::newRow("non-ASCII text") << QVariant(QStringLiteral("\u03b1\u05d0\U0001d11e"))
+                                    << QStringLiteral("\u03b1\u05d0\U0001d11e");
     QTest::newRow("tabs and line feeds") << QVariant(QStringLiteral("a\tb\nc\r\n\"")) << "a\tb\nc\r\n\"";
-    QTest::newRow("null letter") << QVariant(QString(QChar(0))) << QString(QChar(0));
+    QTest::newRow("null character") << QVariant(QString(QChar(0))) << QString(QChar(0));
     QTest::newRow("integer") << QVariant(-42) << "-42";
     QTest::newRow("double") << QVariant(1.0 / 3) << "0.3333333333333333";
     QTest::newRow("large double") << QVariant(-1e300) << "-1e+300";
     QTest::newRow("negative zero") << QVariant(-0.0) << "0";
     QTest::newRow("float") << QVariant(0.1F) << QVariant(0.1F).toString();
-    QTest::newRow("truth") << QVariant(true) << "true";
+    QTest::newRow("bool") << QVariant(true) << "true";
     QTest::newRow("date") << QVariant(QDate(2001, 2, 3)) << "2001-02-03";
     QTest::newRow("bytes") << QVariant(QByteArray("\xce\xb1")) << QStringLiteral("\u03b1");
-    QTest::newRow("one text in a list") << QVariant(QStringList{QStringLiteral("a")}) << "a";
-    QTest::newRow("what has no text") << QVariant(QPoint(1, 2)) << "";
+    QTest::newRow("list with one string") << QVariant(QStringList{QStringLiteral("a")}) << "a";
+    QTest::newRow("value without a text") << QVariant(QPoint(1, 2)) << "";
 }
 
 void tst_TableCopyHandler::copiesDisplayTexts()
@@ -275,7 +275,7 @@ void tst_TableCopyHandler::copiesTheDisplayRole()
     m_view->setModel(nullptr);
 }
 
-void tst_TableCopyHandler::leavesOutDisabledAndUnselectableCells()
+void tst_TableCopyHandler::skipsDisabledAndUnselectableCells()
 {
     const auto& model = static_cast<QStandardItemModel&>(*m_model);
     model.item(0, 1)->setFlags(Qt::ItemIsSelectable);
@@ -287,7 +287,7 @@ void tst_TableCopyHandler::leavesOutDisabledAndUnselectableCells()
     QCOMPARE(copied(), QStringLiteral("A1\tC1\tD1\nB2\tC2\nA4\tB4\tC4\tD4"));
 }
 
-void tst_TableCopyHandler::keepsTheModelsOrderWhereColumnsAreMoved()
+void tst_TableCopyHandler::keepsTheOrderOfTheModelWhenColumnsAreMoved()
 {
     m_view->horizontalHeader()->moveSection(3, 0);
     m_view->verticalHeader()->moveSection(0, 2);
@@ -303,7 +303,7 @@ void tst_TableCopyHandler::copiesHiddenCells()
     QCOMPARE(copied(), QStringLiteral("A1\tB1\tC1\nA2\tB2\tC2\nA3\tB3\tC3"));
 }
 
-/// A span is drawn over cells; whether they are selected is the selection's matter.
+/// A span covers cells only visually and does not change which cells are selected.
 void tst_TableCopyHandler::copiesSpannedCells()
 {
     m_view->setSpan(0, 0, 2, 2);
@@ -340,7 +340,7 @@ void tst_TableCopyHandler::copiesBelowARootIndex()
     QCOMPARE(copied(), QStringLiteral("a\tb\nc\td"));
 }
 
-/// Which the user of a table cannot select, but a program can.
+/// Only a program, not the user, can select cells of several parents.
 void tst_TableCopyHandler::copiesCellsOfSeveralParents()
 {
     auto& model = static_cast<QStandardItemModel&>(*m_model);
@@ -355,8 +355,8 @@ void tst_TableCopyHandler::copiesCellsOfSeveralParents()
     QCOMPARE(text.count(QLatin1Char('\n')), 1);
 }
 
-/// Qt lists such cells twice, too.
-void tst_TableCopyHandler::copiesWhatIsSelectedTwiceTwice()
+/// QItemSelection::indexes() lists such cells twice as well.
+void tst_TableCopyHandler::copiesCellsSelectedTwiceTwice()
 {
     QItemSelection selection(cell(QStringLiteral("A1")), cell(QStringLiteral("B2")));
     selection.append(QItemSelectionRange(cell(QStringLiteral("B2")), cell(QStringLiteral("C2"))));
@@ -434,7 +434,7 @@ void tst_TableCopyHandler::copiesByKeyboard()
     m_view->show();
     takeKeyboardFocus(*m_view);
     QVERIFY(m_view->hasFocus());
-    QCoreApplication::processEvents(); // some systems tell later, and of each change before
+    QCoreApplication::processEvents(); // some platforms signal earlier changes with a delay
     const QSignalSpy changes(QGuiApplication::clipboard(), SIGNAL(dataChanged()));
     QWindow* window = m_view->windowHandle();
     QTest::keyClick(window, Qt::Key_C, Qt::ControlModifier);
@@ -445,7 +445,7 @@ void tst_TableCopyHandler::copiesByKeyboard()
     QTest::keyClick(window, Qt::Key_C, Qt::ControlModifier);
     QCOMPARE(QGuiApplication::clipboard()->text(), plainTableText(*m_view));
     QCOMPARE(QGuiApplication::clipboard()->text().count(QLatin1Char('\n')), 3);
-    QTRY_COMPARE(changes.count(), 2); // the view alone would have copied the current cell, too
+    QTRY_COMPARE(changes.count(), 2); // a third change would mean that the view copied the current cell as well
 }
 
 void tst_TableCopyHandler::letsOtherKeysPass()
@@ -458,13 +458,13 @@ void tst_TableCopyHandler::letsOtherKeysPass()
     QCOMPARE(m_view->currentIndex(), cell(QStringLiteral("B3")));
     QTest::keyClick(window, Qt::Key_Right, Qt::ShiftModifier);
     QCOMPARE(m_view->currentIndex(), cell(QStringLiteral("C3")));
-    QTest::keyClick(window, Qt::Key_D); // searches
+    QTest::keyClick(window, Qt::Key_D); // starts the keyboard search
     QCOMPARE(QGuiApplication::clipboard()->text(), untouched);
     QTest::keyClick(window, Qt::Key_F2);
     QVERIFY(m_view->findChild<QLineEdit*>() != nullptr);
 }
 
-void tst_TableCopyHandler::leavesTheKeysToAnEditor()
+void tst_TableCopyHandler::editorReceivesTheCopyKeys()
 {
     m_view->show();
     takeKeyboardFocus(*m_view);
@@ -510,7 +510,7 @@ void tst_TableCopyHandler::keepsTheOrderOfVirtualFunctions()
     QCOMPARE(virtualSlot(&TableCopyHandler::copyToClipboard), virtualSlot(&CopyHandlerAbstract::copyToClipboard));
 }
 
-void tst_TableCopyHandler::diesWithTheView()
+void tst_TableCopyHandler::isDeletedWithTheView()
 {
     const QPointer<TableCopyHandler> handler = m_handler;
     m_view.reset();
@@ -602,7 +602,7 @@ void tst_TableCopyHandler::rowsAreRemovedByData()
 
 namespace {
 
-/// Makes random tables, with a view of each and what a user or a program may select in it.
+/// A random table in a view, with random selections that a user or a program could make.
 class RandomTable
 {
 public:
@@ -695,7 +695,7 @@ private:
             m_view.setSpan(0, 0, 2, 2);
     }
 
-    /// Ranges that may be empty, and may overlap.
+    /// Returns ranges that may be empty and may overlap.
     QItemSelection makeSelection()
     {
         QItemSelection selection;
@@ -742,7 +742,7 @@ bool isSorted(const QModelIndexList& cells)
 
 } // namespace
 
-void tst_TableCopyHandler::isThePlainTextOfRandomSelections()
+void tst_TableCopyHandler::agreesWithThePlainTextOfRandomSelections()
 {
     QRandomGenerator random(20);
     int nonEmpty = 0;
@@ -762,7 +762,7 @@ void tst_TableCopyHandler::isThePlainTextOfRandomSelections()
             QCOMPARE(copied(), plainTableText(*m_view));
         }
     }
-    // Otherwise the selections would say little.
+    // Ensures that the random selections cover the interesting cases.
     QVERIFY2(nonEmpty > 5000 && unsorted > 2000 && disabled > 2000,
              qPrintable(QStringLiteral("%1 %2 %3").arg(nonEmpty).arg(unsorted).arg(disabled)));
 }

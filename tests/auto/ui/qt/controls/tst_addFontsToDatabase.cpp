@@ -21,7 +21,7 @@ using zelmar::ui::addFontToDatabase;
 
 namespace {
 
-bool isKnown(const QString& family)
+bool isRegistered(const QString& family)
 {
     return QFontDatabase().families().contains(family);
 }
@@ -33,7 +33,7 @@ QByteArray warning(const QString& path)
 
 } // namespace
 
-/// Each function has a folder of its own, and families that no other one has: a font that is known stays so.
+/// Each test function uses its own folder and font families, because a registered font stays registered.
 class tst_addFontsToDatabase : public QObject
 {
     Q_OBJECT
@@ -42,17 +42,17 @@ private Q_SLOTS:
     void init();
 
     void builtFontsCanBeDrawn();
-    void aFontIsRegistered_data();
-    void aFontIsRegistered();
-    void whatIsNoFontIsAWarning_data();
-    void whatIsNoFontIsAWarning();
-    void warningsNameNoSource();
-    void folderIsRegisteredAsItIs();
-    void aPathIsNoPattern();
-    void foldersBelowAreNotEntered();
-    void separatorAtTheEndIsDoubled();
-    void foldersThatCannotBeListed_data();
-    void foldersThatCannotBeListed();
+    void registersAFont_data();
+    void registersAFont();
+    void warnsOfFilesThatAreNoFonts_data();
+    void warnsOfFilesThatAreNoFonts();
+    void warningsContainNoSourceLocation();
+    void registersEveryFileOfAFolder();
+    void pathMayContainPlaceholders();
+    void doesNotEnterSubfolders();
+    void doublesAFinalSeparator();
+    void ignoresFoldersWithoutFiles_data();
+    void ignoresFoldersWithoutFiles();
 
 private:
     QString path(const QString& name) const { return m_folder->path() + QLatin1Char('/') + name; }
@@ -74,7 +74,7 @@ void tst_addFontsToDatabase::write(const QString& name, const QByteArray& bytes)
     QCOMPARE(file.write(bytes), qint64(bytes.size()));
 }
 
-/// Or the other functions would prove little.
+/// Verifies that the generated fonts are usable, on which the other functions rely.
 void tst_addFontsToDatabase::builtFontsCanBeDrawn()
 {
     write(QStringLiteral("drawn.ttf"), builtFont(QStringLiteral("Drawn")));
@@ -90,32 +90,32 @@ void tst_addFontsToDatabase::builtFontsCanBeDrawn()
     QCOMPARE(metrics.boundingRect(QLatin1Char('Q')).size(), QSize(80, 80));
 }
 
-void tst_addFontsToDatabase::aFontIsRegistered_data()
+void tst_addFontsToDatabase::registersAFont_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("family");
 
     QTest::newRow("plain") << "plain.ttf"
                            << "Plain family";
-    QTest::newRow("a path that is not ASCII") << QStringLiteral("Größe \u65e5\u672c \U0001F600.ttf") << "Path family";
-    QTest::newRow("a family that is not ASCII") << "family.ttf" << QStringLiteral("Familie \u00e4\u03b1\u65e5");
+    QTest::newRow("a non-ASCII path") << QStringLiteral("Größe \u65e5\u672c \U0001F600.ttf") << "Path family";
+    QTest::newRow("a non-ASCII family") << "family.ttf" << QStringLiteral("Familie \u00e4\u03b1\u65e5");
     QTest::newRow("another extension") << "font.txt"
                                        << "Text family";
-    QTest::newRow("a format's signs") << "%s %1 %n.ttf"
-                                      << "Percent family";
+    QTest::newRow("a path with placeholders") << "%s %1 %n.ttf"
+                                              << "Percent family";
 }
 
-void tst_addFontsToDatabase::aFontIsRegistered()
+void tst_addFontsToDatabase::registersAFont()
 {
     QFETCH(QString, name);
     QFETCH(QString, family);
     write(name, builtFont(family));
-    QVERIFY(!isKnown(family));
+    QVERIFY(!isRegistered(family));
     addFontToDatabase(path(name).toUtf8().toStdString());
-    QVERIFY(isKnown(family));
+    QVERIFY(isRegistered(family));
 }
 
-void tst_addFontsToDatabase::whatIsNoFontIsAWarning_data()
+void tst_addFontsToDatabase::warnsOfFilesThatAreNoFonts_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QByteArray>("bytes");
@@ -124,14 +124,14 @@ void tst_addFontsToDatabase::whatIsNoFontIsAWarning_data()
     QTest::newRow("missing") << "missing.ttf" << QByteArray();
     QTest::newRow("empty") << "empty.ttf" << QByteArray("");
     QTest::newRow("text") << "notes.txt" << QByteArray("not a font");
-    QTest::newRow("cut off in the directory") << "head.ttf" << font.left(100);
-    QTest::newRow("with no tables behind it") << "directory.ttf" << font.left(12 + 16 * 10);
+    QTest::newRow("truncated in the table directory") << "head.ttf" << font.left(100);
+    QTest::newRow("truncated after the table directory") << "directory.ttf" << font.left(12 + 16 * 10);
     QTest::newRow("zeros") << "zeros.ttf" << QByteArray(font.size(), '\0');
-    QTest::newRow("a path that is not ASCII") << QStringLiteral("Größe \u65e5.ttf") << QByteArray("not a font");
-    QTest::newRow("a format's signs") << "%s %1 %n.ttf" << QByteArray("not a font");
+    QTest::newRow("a non-ASCII path") << QStringLiteral("Größe \u65e5.ttf") << QByteArray("not a font");
+    QTest::newRow("a path with placeholders") << "%s %1 %n.ttf" << QByteArray("not a font");
 }
 
-void tst_addFontsToDatabase::whatIsNoFontIsAWarning()
+void tst_addFontsToDatabase::warnsOfFilesThatAreNoFonts()
 {
     QFETCH(QString, name);
     QFETCH(QByteArray, bytes);
@@ -157,7 +157,7 @@ void countMessagesWithoutSource(QtMsgType type, const QMessageLogContext& contex
 
 } // namespace
 
-void tst_addFontsToDatabase::warningsNameNoSource()
+void tst_addFontsToDatabase::warningsContainNoSourceLocation()
 {
     const QString missing = path(QStringLiteral("missing.ttf"));
     QTest::ignoreMessage(QtWarningMsg, warning(missing).constData());
@@ -167,7 +167,7 @@ void tst_addFontsToDatabase::warningsNameNoSource()
     QCOMPARE(messagesWithoutSource, 1);
 }
 
-void tst_addFontsToDatabase::folderIsRegisteredAsItIs()
+void tst_addFontsToDatabase::registersEveryFileOfAFolder()
 {
     const QString folder = path(QStringLiteral("Schriften \u65e5"));
     QVERIFY(QDir().mkdir(folder));
@@ -177,13 +177,13 @@ void tst_addFontsToDatabase::folderIsRegisteredAsItIs()
     write(QStringLiteral("Schriften \u65e5/read me.txt"), "not a font");
     QTest::ignoreMessage(QtWarningMsg, warning(folder + QDir::separator() + QStringLiteral("read me.txt")).constData());
     addFontsToDatabase(folder.toUtf8().toStdString());
-    QVERIFY(isKnown(QStringLiteral("Folder one")));
-    QVERIFY(isKnown(QStringLiteral("Folder two")));
-    QVERIFY(!isKnown(QStringLiteral("Folder hidden")));
+    QVERIFY(isRegistered(QStringLiteral("Folder one")));
+    QVERIFY(isRegistered(QStringLiteral("Folder two")));
+    QVERIFY(!isRegistered(QStringLiteral("Folder hidden")));
 }
 
-/// Signs that stand for something where a path is put together, in the folder and in the file.
-void tst_addFontsToDatabase::aPathIsNoPattern()
+/// Placeholders of QString::arg() and printf() in the names of the folder and of the file must not be replaced.
+void tst_addFontsToDatabase::pathMayContainPlaceholders()
 {
     QVERIFY(QDir().mkdir(path(QStringLiteral("%2 %3 %s"))));
     write(QStringLiteral("%2 %3 %s/%1 %3 %n.ttf"), builtFont(QStringLiteral("Pattern")));
@@ -192,41 +192,41 @@ void tst_addFontsToDatabase::aPathIsNoPattern()
         QtWarningMsg,
         warning(path(QStringLiteral("%2 %3 %s")) + QDir::separator() + QStringLiteral("%1 %n.txt")).constData());
     addFontsToDatabase(path(QStringLiteral("%2 %3 %s")).toStdString());
-    QVERIFY(isKnown(QStringLiteral("Pattern")));
+    QVERIFY(isRegistered(QStringLiteral("Pattern")));
 }
 
-void tst_addFontsToDatabase::foldersBelowAreNotEntered()
+void tst_addFontsToDatabase::doesNotEnterSubfolders()
 {
     QVERIFY(QDir().mkdir(path(QStringLiteral("below"))));
     write(QStringLiteral("below/below.ttf"), builtFont(QStringLiteral("Below")));
     write(QStringLiteral("above.ttf"), builtFont(QStringLiteral("Above")));
     addFontsToDatabase(m_folder->path().toStdString());
-    QVERIFY(isKnown(QStringLiteral("Above")));
-    QVERIFY(!isKnown(QStringLiteral("Below")));
+    QVERIFY(isRegistered(QStringLiteral("Above")));
+    QVERIFY(!isRegistered(QStringLiteral("Below")));
 }
 
-void tst_addFontsToDatabase::separatorAtTheEndIsDoubled()
+void tst_addFontsToDatabase::doublesAFinalSeparator()
 {
     write(QStringLiteral("separated.ttf"), builtFont(QStringLiteral("Separated")));
     write(QStringLiteral("notes.txt"), "not a font");
     QTest::ignoreMessage(QtWarningMsg, warning(path({}) + QDir::separator() + QStringLiteral("notes.txt")).constData());
     addFontsToDatabase(m_folder->path().toStdString() + "/");
-    QVERIFY(isKnown(QStringLiteral("Separated")));
+    QVERIFY(isRegistered(QStringLiteral("Separated")));
 }
 
-void tst_addFontsToDatabase::foldersThatCannotBeListed_data()
+void tst_addFontsToDatabase::ignoresFoldersWithoutFiles_data()
 {
     QTest::addColumn<QString>("name");
 
     QTest::newRow("missing") << "missing";
     if (!systemLimits::noRefusedReading)
-        QTest::newRow("refused") << "refused";
+        QTest::newRow("unreadable") << "refused";
     QTest::newRow("a file") << "file";
     QTest::newRow("empty") << "empty";
 }
 
-/// Nothing is registered and nothing said: an unexpected warning fails the test program.
-void tst_addFontsToDatabase::foldersThatCannotBeListed()
+/// Nothing is registered and nothing is logged: an unexpected warning fails the test program.
+void tst_addFontsToDatabase::ignoresFoldersWithoutFiles()
 {
     QFETCH(QString, name);
     QVERIFY(QDir().mkdir(path(QStringLiteral("empty"))));

@@ -11,7 +11,7 @@
 
 using zelmar::ui::findMainWindow;
 
-/// The functions run in this order: what was found once is remembered for the whole process.
+/// The order of the functions matters, because the found window is cached for the whole process.
 class tst_findMainWindow : public QObject
 {
     Q_OBJECT
@@ -19,13 +19,13 @@ class tst_findMainWindow : public QObject
 private Q_SLOTS:
     void nullWithoutAnyWindow();
     void nullWithoutAMainWindow();
-    void mainWindowsThatAreNoWindowsAreSkipped();
+    void skipsMainWindowsThatAreNoWindows();
     void findsAMainWindow();
-    void remembersIt();
-    void findsTheFirstOfQtsList();
+    void cachesTheWindow();
+    void findsTheFirstTopLevelWidget();
     void findsAMainWindowWithAParent();
-    void refreshThatFindsNothingForgetsNothing();
-    void findsANewOne();
+    void failedRefreshKeepsTheCachedWindow();
+    void findsANewMainWindow();
 };
 
 void tst_findMainWindow::nullWithoutAnyWindow()
@@ -43,7 +43,7 @@ void tst_findMainWindow::nullWithoutAMainWindow()
     QVERIFY(!findMainWindow(true));
 }
 
-void tst_findMainWindow::mainWindowsThatAreNoWindowsAreSkipped()
+void tst_findMainWindow::skipsMainWindowsThatAreNoWindows()
 {
     QWidget plain;
     auto* embedded = new QMainWindow;
@@ -62,8 +62,8 @@ void tst_findMainWindow::findsAMainWindow()
     QCOMPARE(findMainWindow(true), &mainWindow);
 }
 
-/// Without a look at the windows that are there now.
-void tst_findMainWindow::remembersIt()
+/// A call without refresh does not search the current windows.
+void tst_findMainWindow::cachesTheWindow()
 {
     QWidget plain;
     QMainWindow mainWindow;
@@ -74,7 +74,7 @@ void tst_findMainWindow::remembersIt()
     QCOMPARE(findMainWindow(true), &other);
 }
 
-void tst_findMainWindow::findsTheFirstOfQtsList()
+void tst_findMainWindow::findsTheFirstTopLevelWidget()
 {
     const QMainWindow mainWindows[20];
     const auto widgets = QApplication::topLevelWidgets();
@@ -90,8 +90,8 @@ void tst_findMainWindow::findsAMainWindowWithAParent()
     QCOMPARE(findMainWindow(true), mainWindow);
 }
 
-/// The pointer is to a window that is gone: good for nothing but to be compared.
-void tst_findMainWindow::refreshThatFindsNothingForgetsNothing()
+/// The pointer dangles after the window is destroyed, so the test only compares it.
+void tst_findMainWindow::failedRefreshKeepsTheCachedWindow()
 {
     auto mainWindow = std::make_unique<QMainWindow>();
     const QMainWindow* last = mainWindow.get();
@@ -104,7 +104,7 @@ void tst_findMainWindow::refreshThatFindsNothingForgetsNothing()
     QCOMPARE(findMainWindow(true), last);
 }
 
-void tst_findMainWindow::findsANewOne()
+void tst_findMainWindow::findsANewMainWindow()
 {
     const QMainWindow mainWindow;
     QCOMPARE(findMainWindow(true), &mainWindow);

@@ -12,7 +12,7 @@ using zelmar::ui::fixQComboBoxPresentation;
 
 namespace {
 
-/// Every property of an object and of those below it, with the children's names, in their order.
+/// Returns the class name, the object name and all property values of `object` and, recursively, of its children.
 QStringList state(const QObject& object)
 {
     QStringList lines{QString::fromLatin1(object.metaObject()->className()) + object.objectName()};
@@ -27,7 +27,7 @@ QStringList state(const QObject& object)
     return lines;
 }
 
-/// Counts what reaches an object.
+/// An event filter that counts the events of an object.
 class EventCount : public QObject
 {
 public:
@@ -57,8 +57,8 @@ void tst_fixQComboBoxPresentation::changesNothing_data()
     QTest::addColumn<int>("items");
 
     QTest::newRow("empty and hidden") << false << false << 0;
-    QTest::newRow("a choice") << false << true << 3;
-    QTest::newRow("editable") << true << true << 3;
+    QTest::newRow("shown with items") << false << true << 3;
+    QTest::newRow("editable with items") << true << true << 3;
 }
 
 void tst_fixQComboBoxPresentation::changesNothing()
@@ -74,15 +74,15 @@ void tst_fixQComboBoxPresentation::changesNothing()
         box.show();
         QVERIFY(QTest::qWaitForWindowExposed(&box));
     }
-    int signalsHeard = 0;
-    const auto hear = [&signalsHeard] { ++signalsHeard; };
-    connect(&box, QOverload<int>::of(&QComboBox::currentIndexChanged), hear);
-    connect(&box, &QComboBox::currentTextChanged, hear);
-    connect(&box, &QComboBox::editTextChanged, hear);
-    connect(box.model(), &QAbstractItemModel::dataChanged, hear);
-    connect(box.model(), &QAbstractItemModel::layoutChanged, hear);
+    int signalCount = 0;
+    const auto count = [&signalCount] { ++signalCount; };
+    connect(&box, QOverload<int>::of(&QComboBox::currentIndexChanged), count);
+    connect(&box, &QComboBox::currentTextChanged, count);
+    connect(&box, &QComboBox::editTextChanged, count);
+    connect(box.model(), &QAbstractItemModel::dataChanged, count);
+    connect(box.model(), &QAbstractItemModel::layoutChanged, count);
 
-    // Asking for the view makes it, which is a change, too: it is not asked for.
+    // The test does not call view(), because that creates the view, which is a change as well.
     const QStringList before = state(box);
     EventCount events;
     QCoreApplication::sendPostedEvents(&box, QEvent::UpdateRequest);
@@ -90,7 +90,7 @@ void tst_fixQComboBoxPresentation::changesNothing()
     fixQComboBoxPresentation(box);
     QCoreApplication::sendPostedEvents(&box, QEvent::UpdateRequest);
     QCOMPARE(events.count, 0);
-    QCOMPARE(signalsHeard, 0);
+    QCOMPARE(signalCount, 0);
     box.removeEventFilter(&events);
     QCOMPARE(state(box), before);
 }

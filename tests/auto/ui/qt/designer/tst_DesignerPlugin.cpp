@@ -28,11 +28,11 @@ class tst_DesignerPlugin : public QObject
 private Q_SLOTS:
     void initTestCase();
 
-    void formsHaveOurWidgets();
-    void labelsAndButtonsInForms();
-    void choicesInForms();
-    void everyWidgetIsThere_data();
-    void everyWidgetIsThere();
+    void loadsNumberFieldsFromAForm();
+    void loadsLabelsAndButtonsFromAForm();
+    void loadsComboBoxesFromAForm();
+    void offersEveryWidget_data();
+    void offersEveryWidget();
 
 private:
     std::unique_ptr<QWidget> loadForm(const QString& name) const;
@@ -48,13 +48,13 @@ void tst_DesignerPlugin::initTestCase()
     m_plugin = folder.filePath(files.first());
 }
 
-/// Null, with a warning, if it cannot be.
+/// Returns the loaded form. Logs a warning and returns null if loading fails.
 std::unique_ptr<QWidget> tst_DesignerPlugin::loadForm(const QString& name) const
 {
     QUiLoader loader;
     loader.clearPluginPaths();
     if (loader.availableWidgets().contains(QStringLiteral("zelmar::ui::IntegralSpinBox")))
-        qWarning("The plugin is there without being asked for");
+        qWarning("The plugin is loaded without its path being set");
     loader.addPluginPath(QStringLiteral(PLUGIN_FOLDER));
     QFile file(QStringLiteral(FORMS "/") + name);
     if (!file.open(QIODevice::ReadOnly))
@@ -65,7 +65,7 @@ std::unique_ptr<QWidget> tst_DesignerPlugin::loadForm(const QString& name) const
     return form;
 }
 
-void tst_DesignerPlugin::formsHaveOurWidgets()
+void tst_DesignerPlugin::loadsNumberFieldsFromAForm()
 {
     const std::unique_ptr<QWidget> form = loadForm(QStringLiteral("numbers.ui"));
     QVERIFY(form);
@@ -80,7 +80,7 @@ void tst_DesignerPlugin::formsHaveOurWidgets()
     QCOMPARE(flow->minimum(), -0.001);
 }
 
-void tst_DesignerPlugin::labelsAndButtonsInForms()
+void tst_DesignerPlugin::loadsLabelsAndButtonsFromAForm()
 {
     const std::unique_ptr<QWidget> form = loadForm(QStringLiteral("labels.ui"));
     QVERIFY(form);
@@ -95,7 +95,7 @@ void tst_DesignerPlugin::labelsAndButtonsInForms()
     QCOMPARE(open->description(), QStringLiteral("Nothing is changed."));
 }
 
-void tst_DesignerPlugin::choicesInForms()
+void tst_DesignerPlugin::loadsComboBoxesFromAForm()
 {
     const std::unique_ptr<QWidget> form = loadForm(QStringLiteral("choice.ui"));
     QVERIFY(form);
@@ -109,7 +109,7 @@ void tst_DesignerPlugin::choicesInForms()
     QCOMPARE(colour->currentText(), QStringLiteral("Light Blue"));
 }
 
-void tst_DesignerPlugin::everyWidgetIsThere_data()
+void tst_DesignerPlugin::offersEveryWidget_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("base");
@@ -126,7 +126,7 @@ void tst_DesignerPlugin::everyWidgetIsThere_data()
                              << "QDoubleSpinBox";
 }
 
-void tst_DesignerPlugin::everyWidgetIsThere()
+void tst_DesignerPlugin::offersEveryWidget()
 {
     QFETCH(QString, name);
     QFETCH(QString, base);

@@ -25,7 +25,7 @@ static_assert(std::has_virtual_destructor<ExtendedFileDialog>::value, "derived f
 static_assert(!std::is_copy_constructible<ExtendedFileDialog>::value, "a facade owns its dialog");
 static_assert(!std::is_base_of<QObject, ExtendedFileDialog>::value, "a facade is a plain class");
 
-/// The same tests over each kind of dialog that a facade can have.
+/// Runs the same tests over each kind of dialog that a facade can have.
 class tst_ExtendedFileDialog : public QObject
 {
     Q_OBJECT
@@ -65,8 +65,8 @@ private Q_SLOTS:
 private:
     std::unique_ptr<ExtendedFileDialog> makeDialog(QFileDialog::AcceptMode mode = QFileDialog::AcceptOpen,
                                                    const std::string& helpTopic = {});
-    /// Runs `dialog`, in which the user, or the recording object in place of one, does `step` and accepts `names`, or
-    /// cancels where there are none.
+    /// Runs `dialog`. The user takes `step`, or the recording object `recorded` instead, and then accepts `names`, or
+    /// cancels if `names` is empty.
     int run(ExtendedFileDialog& dialog, const DialogKindSwitch& kind, const QStringList& names,
             const std::function<void(QFileDialog&)>& step = {}, const std::function<void()>& recorded = {});
 
@@ -129,7 +129,7 @@ void tst_ExtendedFileDialog::isNativeAtFirst()
     QCOMPARE(shell.takeCalls(), QStringList{"create save dialog"});
 }
 
-/// The switch counts when a dialog is made, and never again.
+/// The switch is read only when a dialog is created.
 void tst_ExtendedFileDialog::keepsItsKind()
 {
     const DialogKindSwitch kind(DialogKind::Recording);
@@ -345,7 +345,7 @@ void tst_ExtendedFileDialog::choosesAFolder()
     QCOMPARE(dialog->selectedFiles(), QStringList{m_folders->path("inner")});
 }
 
-/// What the kinds make of nothing said: it is theirs, and not the facade's.
+/// If no file mode is set, the kind of the dialog determines it, and not the facade.
 void tst_ExtendedFileDialog::startsInItsFileMode()
 {
     {

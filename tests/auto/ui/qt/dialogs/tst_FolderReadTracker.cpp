@@ -9,7 +9,7 @@
 #include <QSignalSpy>
 #include <QTest>
 
-/// A bare model, without views that would have folders read behind its back: each case is brought about on purpose.
+/// Uses a model without views, so that no view makes it read folders and each test controls what is read.
 class tst_FolderReadTracker : public QObject
 {
     Q_OBJECT
@@ -39,7 +39,7 @@ private:
 void tst_FolderReadTracker::init()
 {
     m_announced.reset();
-    m_model.reset(); // before its folders, which some systems keep as long as somebody watches them
+    m_model.reset(); // precedes its folders, because some systems cannot delete a folder that is being watched
     m_folders = std::make_unique<DialogFolders>();
     m_first = m_folders->addFolder(QStringLiteral("first"), 3);
     m_second = m_folders->addFolder(QStringLiteral("second"));
@@ -91,7 +91,7 @@ void tst_FolderReadTracker::folderThatWasLeftIsReadAgain()
     QVERIFY(!m_tracker->rootIsBeingRead());
 }
 
-/// The case that has no announcement.
+/// In this case the model emits no directoryLoaded() when the folder is entered again.
 void tst_FolderReadTracker::folderThatAViewHadReadIsKnown()
 {
     enter(m_first);
@@ -108,7 +108,7 @@ void tst_FolderReadTracker::lateAnnouncementOfALeftFolder()
 {
     enter(m_first);
     QTRY_VERIFY(!m_model->canFetchMore(m_model->index(m_first)));
-    enter(m_second); // before the first one's announcement was delivered
+    enter(m_second); // precedes the delivery of the first folder's announcement
     awaitAnnouncement(m_second);
     enter(m_first);
     QVERIFY(m_tracker->rootIsBeingRead());

@@ -24,7 +24,7 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-/// The arguments of one call, most of which a test leaves as they are.
+/// The arguments of one call. A test changes only those that it is about.
 struct Request
 {
     Texts filters = {"Data (*.dat)", "Tables (*.csv)", "All files (*)"};
@@ -82,7 +82,7 @@ private Q_SLOTS:
 private:
     static void leaveFolders();
     bool launch(const Request& request);
-    /// Launches with a user who accepts `names`, or cancels where there are none.
+    /// Calls LaunchFileDialog() with a user who accepts `names`, or cancels if `names` is empty.
     bool launch(const Request& request, const DialogKindSwitch& kind, const QStringList& names,
                 const std::function<void(QFileDialog&)>& step = {});
 
@@ -100,7 +100,7 @@ void tst_LaunchFileDialog::initTestCase()
     QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
 }
 
-/// Some systems remove no folder that is the current one.
+/// Leaves the folders, because some systems cannot delete the current directory.
 void tst_LaunchFileDialog::leaveFolders()
 {
     QVERIFY(QDir::setCurrent(QDir::homePath()));
@@ -166,7 +166,7 @@ void tst_LaunchFileDialog::handsBackWhatWasChosen()
     QVERIFY(!launch(request, kindSwitch, {}));
     request.initialFiles = {m_folders->path("a.dat").toStdString()};
     QVERIFY(launch(request, kindSwitch, {name}));
-    QCOMPARE(m_files, Texts{m_folders->path(name).toStdString()}); // three entries before
+    QCOMPARE(m_files, Texts{m_folders->path(name).toStdString()}); // The list had three entries before the call.
     QCOMPARE(m_filter, 2);
 }
 
@@ -285,13 +285,13 @@ void tst_LaunchFileDialog::preselectsOneFile()
 
 void tst_LaunchFileDialog::typesOverAPreselectedName_data()
 {
-    QTest::addColumn<DialogKind>("kind"); // of those that have a keyboard
+    QTest::addColumn<DialogKind>("kind"); // only kinds that take key presses
     QTest::newRow("drawn by Qt") << DialogKind::QtDrawn;
     if (!systemLimits::nativeDialogIsTheSystems)
         QTest::newRow("native, over the built-in object") << DialogKind::BuiltIn;
 }
 
-/// With time for the dialog to list the folder, and to suggest names, before Return.
+/// Gives the dialog time to list the folder and to suggest names before Return is pressed.
 void tst_LaunchFileDialog::typesOverAPreselectedName()
 {
     QFETCH(DialogKind, kind);
@@ -348,7 +348,7 @@ void tst_LaunchFileDialog::preselectsNothing()
     const QStringList calls = kind.shell()->takeCalls();
     QVERIFY(calls.contains("SetFileName "));
     QVERIFY(calls.filter("SetFolder").isEmpty());
-    QVERIFY(calls.filter("AddPushButton").isEmpty()); // no help
+    QVERIFY(calls.filter("AddPushButton").isEmpty()); // There is no Help button.
 }
 
 void tst_LaunchFileDialog::selectsFilterAndFileInOrder_data()
@@ -356,7 +356,7 @@ void tst_LaunchFileDialog::selectsFilterAndFileInOrder_data()
     QTest::addColumn<QString>("firstFilter");
     QTest::addColumn<bool>("save");
     QTest::addColumn<QString>("name");
-    // Qt gives the name in the box of a save dialog the suffix of the filter that is selected after it.
+    // In a save dialog Qt gives the name in the box the suffix of a filter that is selected afterwards.
     QTest::newRow("save, first the file") << "Data (*.dat)" << true << "run.csv";
     QTest::newRow("save, first the filter") << "All files (*.*)" << true << "run.xyz";
     QTest::newRow("save, one star only") << "All files (*)" << true << "run.csv";
@@ -379,7 +379,7 @@ void tst_LaunchFileDialog::selectsFilterAndFileInOrder()
     });
 }
 
-/// The temporary filter stands where the replaced one stood.
+/// The temporary filter has the index of the filter that it replaces.
 void tst_LaunchFileDialog::findsTheFilterBehindATypedPattern()
 {
     const DialogKindSwitch kind(DialogKind::QtDrawn);

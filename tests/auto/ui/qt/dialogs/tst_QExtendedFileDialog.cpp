@@ -118,7 +118,7 @@ std::unique_ptr<QExtendedFileDialog> tst_QExtendedFileDialog::makeDialog(QFileDi
                                                  "Data files (*.dat);;All files (*)", topic, mode);
 }
 
-/// The order is part of the interface of a Qt class: connections made by index rely on it.
+/// The order of the slots is part of the interface of a Qt class, because connections by index depend on it.
 void tst_QExtendedFileDialog::slotsInTheirOrder()
 {
     const QMetaObject& meta = QExtendedFileDialog::staticMetaObject;
@@ -242,7 +242,7 @@ void tst_QExtendedFileDialog::helpButtonSurvivesAChangeOfMode()
 {
     const auto dialog = makeDialog(QFileDialog::AcceptOpen, "topic");
     dialog->setAcceptMode(QFileDialog::AcceptSave);
-    QVERIFY(!helpButton(*dialog)); // Qt takes it away
+    QVERIFY(!helpButton(*dialog)); // Qt has removed it.
     DialogDriver driver;
     driver.onDialog<QExtendedFileDialog>("help", [](QExtendedFileDialog& running) {
         QTest::mouseClick(helpButton(running), Qt::LeftButton);
@@ -330,7 +330,7 @@ void tst_QExtendedFileDialog::showRunsWithoutWaiting()
 {
     const auto dialog = makeDialog(QFileDialog::AcceptOpen);
     QSignalSpy accepted(dialog.get(), &QDialog::accepted);
-    QVERIFY(QMetaObject::invokeMethod(dialog.get(), "show")); // the slot, by name
+    QVERIFY(QMetaObject::invokeMethod(dialog.get(), "show")); // calls the slot by its name
     QVERIFY(QTest::qWaitForWindowExposed(dialog.get()));
     acceptName(*dialog, QStringLiteral("a.dat"));
     QCOMPARE(accepted.count(), 1);

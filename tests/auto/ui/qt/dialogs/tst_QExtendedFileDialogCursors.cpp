@@ -24,7 +24,7 @@ using zelmar::ApplicationSettings;
 
 namespace {
 
-/// No cursor of a program has this number.
+/// A value that no cursor shape has.
 const auto noCursor = static_cast<Qt::CursorShape>(-1);
 
 Qt::CursorShape shownCursor()
@@ -33,7 +33,7 @@ Qt::CursorShape shownCursor()
     return cursor ? cursor->shape() : noCursor;
 }
 
-/// How many cursors are on the application's stack; leaves it as it was.
+/// Returns the size of the override cursor stack, which it leaves unchanged.
 int cursorDepth()
 {
     QList<QCursor> taken;
@@ -51,7 +51,7 @@ QFileSystemModel& modelOf(const QFileDialog& dialog)
     return *dialog.findChild<QFileSystemModel*>(QStringLiteral("qt_filesystem_model"));
 }
 
-/// Goes to `folder` and waits until the model has announced it.
+/// Enters `folder` and waits until the model has announced it.
 void visit(QFileDialog& dialog, const QString& folder)
 {
     QSignalSpy loaded(&modelOf(dialog), &QFileSystemModel::directoryLoaded);
@@ -59,7 +59,7 @@ void visit(QFileDialog& dialog, const QString& folder)
     QTRY_VERIFY(loaded.contains(QVariantList{folder}));
 }
 
-/// The cursor that the user saw when a widget appeared.
+/// An event filter that remembers the cursor shape at the moment when a widget is shown.
 class CursorOnShow : public QObject
 {
 public:
@@ -169,7 +169,7 @@ void tst_QExtendedFileDialogCursors::anyAnnouncedFolderEndsTheWait()
     QCOMPARE(shownCursor(), Qt::WaitCursor);
     QVERIFY(QMetaObject::invokeMethod(dialog.get(), "onDirectoryLoaded", Q_ARG(QString, QStringLiteral("/elsewhere"))));
     QCOMPARE(cursorDepth(), 0);
-    // Once: a cursor of the program's own is not taken away.
+    // The cursor is popped only once, so that a cursor of the program stays.
     QGuiApplication::setOverrideCursor(Qt::CrossCursor);
     QVERIFY(QMetaObject::invokeMethod(dialog.get(), "onDirectoryLoaded", Q_ARG(QString, m_large)));
     QCOMPARE(shownCursor(), Qt::CrossCursor);
@@ -210,12 +210,13 @@ void tst_QExtendedFileDialogCursors::knownFolderReleasesTheWaitCursor()
     }
 }
 
-/// The model gives no sign for a folder that it knows; what is done for it must not cut short the wait for another.
+/// The model does not announce a folder that it has read before. Handling that case must not end the wait cursor of
+/// another folder.
 void tst_QExtendedFileDialogCursors::knownFolderDoesNotReleaseForOneThatIsRead()
 {
     for (int round = 0; round < 5; ++round) {
         const auto dialog = makeDialog();
-        // Another one each time: a new dialog has a look at the folder that the last one was left in.
+        // Each round needs another folder, because a new dialog reads the folder in which the last one was closed.
         const QString unknown = m_folders.addFolder(QStringLiteral("unknown%1").arg(round), 1000);
         dialog->show();
         visit(*dialog, m_small);
@@ -267,7 +268,7 @@ void tst_QExtendedFileDialogCursors::destroyedWhileReading()
 
 void tst_QExtendedFileDialogCursors::arrowOverARunningDialog()
 {
-    QGuiApplication::setOverrideCursor(Qt::BusyCursor); // the program is busy with something
+    QGuiApplication::setOverrideCursor(Qt::BusyCursor); // stands for a program that is busy
     for (const bool accepted : {true, false}) {
         const auto dialog = makeDialog();
         DialogDriver driver;
@@ -296,7 +297,7 @@ void tst_QExtendedFileDialogCursors::arrowAfterSetDirectoryBeforeExec()
         const CursorOnShow onShow(*dialog);
         DialogDriver driver;
         driver.onDialog<QFileDialog>("look", [&onShow](QFileDialog& running) {
-            QCOMPARE(onShow.cursor, Qt::WaitCursor); // it is being read, and the wait cursor is above the arrow
+            QCOMPARE(onShow.cursor, Qt::WaitCursor); // The wait cursor is above the arrow while the folder is read.
             QTRY_COMPARE(shownCursor(), Qt::ArrowCursor);
             QCOMPARE(cursorDepth(), 1);
             cancel(running);
@@ -335,7 +336,7 @@ void tst_QExtendedFileDialogCursors::closedWhileReading()
     });
     QCOMPARE(dialog->exec(), int(QDialog::Rejected));
     QVERIFY2(driver.finished(), qPrintable(driver.problem()));
-    QCOMPARE(cursorDepth(), 0); // neither the arrow nor the wait cursor outlives the run
+    QCOMPARE(cursorDepth(), 0); // Neither the arrow nor the wait cursor stays after the run.
     QSignalSpy loaded(&modelOf(*dialog), &QFileSystemModel::directoryLoaded);
     QTRY_VERIFY(loaded.contains(QVariantList{unknown}));
     QCOMPARE(cursorDepth(), 0);
@@ -366,7 +367,7 @@ void tst_QExtendedFileDialogCursors::randomWalks_data()
     QTest::newRow("destroyed") << "destroyed";
 }
 
-/// As an ordinary user, for whom a folder can be unreadable.
+/// Runs as an ordinary user, because root can read every folder.
 void tst_QExtendedFileDialogCursors::randomWalks()
 {
     QFETCH(QString, end);
@@ -376,7 +377,7 @@ void tst_QExtendedFileDialogCursors::randomWalks()
     if (!systemLimits::noRefusedReading)
         setAccess(unreadable, Access::Nothing);
     const auto readableAgain = qScopeGuard([&unreadable] { setAccess(unreadable, Access::Everything); });
-    // Some systems refuse to watch a folder that cannot be read, others to remove one that is watched.
+    // Some systems refuse to watch an unreadable folder, others refuse to delete a watched one.
     const IgnoreMessages unavoidable(
         QStringLiteral("^inotify_add_watch\\(.*/unreadable\\) failed|^QTemporaryDir: Unable to remove "));
     const OrdinaryUser user;
@@ -402,7 +403,7 @@ void tst_QExtendedFileDialogCursors::randomWalks()
                 if (random.bounded(2))
                     QCoreApplication::processEvents();
                 if (random.bounded(4) == 0)
-                    QTRY_COMPARE(shownCursor(), Qt::ArrowCursor); // idle
+                    QTRY_COMPARE(shownCursor(), Qt::ArrowCursor); // The dialog is idle.
                 QVERIFY(cursorDepth() <= 2);
             }
             if (end == QLatin1String("accepted"))
@@ -410,7 +411,7 @@ void tst_QExtendedFileDialogCursors::randomWalks()
             else if (end == QLatin1String("cancelled"))
                 running.reject();
             else
-                m_window.reset(); // the parent: the dialog goes with it
+                m_window.reset(); // The parent deletes the dialog.
         });
         auto* running = dialog.release();
         running->exec();

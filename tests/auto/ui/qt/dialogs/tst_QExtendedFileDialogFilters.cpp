@@ -38,7 +38,7 @@ QStringList listedNames(const QFileDialog& dialog)
     return names;
 }
 
-/// What the file-type box announces when its current entry is picked in the list.
+/// Emits the signal that the file-type box emits when the user picks its current entry.
 void pickAgain(QFileDialog& dialog)
 {
     QComboBox& combo = fileTypeCombo(dialog);
@@ -156,7 +156,7 @@ void tst_QExtendedFileDialogFilters::patternReplacesTheSelectedFilter()
     }
 }
 
-/// Nobody has picked anything in it: who listens to the box is to hear of picks only.
+/// The box must not emit signals for a typed pattern, because the user has not picked an entry.
 void tst_QExtendedFileDialogFilters::fileTypeBoxStaysSilent()
 {
     const auto dialog = makeDialog({data, all});
@@ -195,7 +195,7 @@ void tst_QExtendedFileDialogFilters::secondPatternReplacesTheFirst()
     QCOMPARE(dialog->nameFilters(), (QStringList{data, all}));
     QCOMPARE(dialog->selectedNameFilter(), all);
 
-    // Both patterns' connections are gone, and a third pattern works like the first.
+    // The connections of both patterns are removed, and a third pattern works like the first.
     acceptName(*dialog, QStringLiteral("a*"));
     QCOMPARE(dialog->nameFilters(), (QStringList{data, QStringLiteral("All files (a*)")}));
     pickFilter(*dialog, 0);
@@ -308,14 +308,14 @@ void tst_QExtendedFileDialogFilters::patternThenAName()
     const auto dialog = makeDialog({text, data, all});
     pickFilter(*dialog, 1);
     acceptName(*dialog, QStringLiteral("run*"));
-    // Until the list has followed, Qt takes a name that the last filter hid for its folder.
+    // Until the list is updated, Qt takes a name that the previous filter has hidden for the folder.
     QTRY_COMPARE(listedNames(*dialog),
                  (QStringList{QStringLiteral("run.txt"), QStringLiteral("run1.dat"), QStringLiteral("run2.plt")}));
     QSignalSpy accepted(dialog.get(), &QDialog::accepted);
     acceptName(*dialog, QStringLiteral("run1.dat"));
     QCOMPARE(accepted.count(), 1);
     QCOMPARE(dialog->selectedFiles(), QStringList{m_folders.path(QStringLiteral("run1.dat"))});
-    // The temporary filter stands where the one that it replaced was.
+    // The temporary filter has the index of the filter that it replaces.
     QCOMPARE(dialog->nameFilters().indexOf(dialog->selectedNameFilter()), 1);
 }
 
@@ -384,7 +384,7 @@ void tst_QExtendedFileDialogFilters::hiddenPatternsPickedAgain()
     QCOMPARE(dialog->nameFilters(), (QStringList{QStringLiteral("Data files (run*)"), text}));
 }
 
-/// In save mode Qt changes the suffix of what is typed whenever a filter is selected.
+/// In save mode Qt changes the suffix of the typed name whenever a filter is selected.
 void tst_QExtendedFileDialogFilters::typedTextStays_data()
 {
     QTest::addColumn<QString>("pattern");
@@ -420,7 +420,7 @@ void tst_QExtendedFileDialogFilters::restoringKeepsTheTypedName()
     const auto dialog = makeDialog({QStringLiteral("Other (*.oth)"), all}, QFileDialog::AcceptSave);
     acceptName(*dialog, QStringLiteral("run*"));
     typeName(*dialog, QStringLiteral("result.xyz"));
-    // "All files" has no suffix to give: Qt leaves the name, and so does the way back to the caller's filters.
+    // "All files" has no suffix, so that Qt does not change the name. Restoring the filters must not change it either.
     pickFilter(*dialog, 1);
     QCOMPARE(dialog->selectedNameFilter(), all);
     QCOMPARE(fileNameEdit(*dialog).text(), QStringLiteral("result.xyz"));

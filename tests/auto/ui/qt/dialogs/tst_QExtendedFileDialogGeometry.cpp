@@ -23,7 +23,7 @@ namespace {
 
 const std::string defaultKey = "QExtendedFileDialog/Geometry";
 
-/// Remembers what was asked and kept, in order.
+/// A settings store that records all reads and writes in their order.
 class RecordingStore : public ApplicationSettings::Store
 {
 public:
@@ -96,7 +96,7 @@ void tst_QExtendedFileDialogGeometry::init()
     m_store = store.get();
     ApplicationSettings::getInstance().setStore(std::move(store));
     m_window = std::make_unique<QWidget>();
-    // Qt keeps the sidebar of the last dialog for the next one.
+    // Qt stores the sidebar of a dialog in this file for the next one.
     QFile::remove(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)
                   + QStringLiteral("/QtProject.conf"));
 }
@@ -118,7 +118,7 @@ QList<QUrl> tst_QExtendedFileDialogGeometry::standardPlaces() const
     for (const auto place :
          {QStandardPaths::DesktopLocation, QStandardPaths::DocumentsLocation, QStandardPaths::HomeLocation}) {
         const QStringList folders = QStandardPaths::standardLocations(place);
-        QDir().mkpath(folders.value(0)); // the sidebar leaves out what does not exist
+        QDir().mkpath(folders.value(0)); // The sidebar skips folders that do not exist.
         urls += QUrl::fromLocalFile(folders.value(0));
     }
     return urls;
@@ -199,7 +199,7 @@ void tst_QExtendedFileDialogGeometry::storedRubbishIsIgnored()
     dialog->setDefaultSize(QSize(640, 400));
     const QSize before = dialog->size();
     runAndCancel(*dialog, [before](QFileDialog& running) { QCOMPARE(running.size(), before); });
-    QCOMPARE(dialog->sidebarUrls(), sidebar); // it counts as shown before
+    QCOMPARE(dialog->sidebarUrls(), sidebar); // The dialog counts as shown before.
     QVERIFY(m_store->values[defaultKey] != QByteArray("rubbish"));
 }
 
@@ -271,7 +271,7 @@ void tst_QExtendedFileDialogGeometry::sidebarOnTheFirstRunOnly()
     first->setSidebarUrls(own);
     runAndCancel(*first, [&](QFileDialog& running) { QCOMPARE(running.sidebarUrls(), own); });
 
-    // Another key: a dialog of another kind, whose first run it is.
+    // Under another key this is the first run.
     first->setGeometryPersistenceKey("another");
     runAndCancel(*first, [&](QFileDialog& running) { QCOMPARE(running.sidebarUrls(), own + places); });
 }
@@ -292,7 +292,7 @@ void tst_QExtendedFileDialogGeometry::sidebarKeepsDuplicatesOutOfSight()
     const auto dialog = makeDialog();
     dialog->setSidebarUrls({places[2]});
     dialog->show();
-    QCOMPARE(dialog->sidebarUrls().count(places[2]), 1); // the sidebar itself drops the second one
+    QCOMPARE(dialog->sidebarUrls().count(places[2]), 1); // The sidebar itself drops the duplicate.
 }
 
 void tst_QExtendedFileDialogGeometry::storeThatThrowsIsTheCallersBusiness()

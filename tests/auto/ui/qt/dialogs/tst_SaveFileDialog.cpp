@@ -51,7 +51,8 @@ private Q_SLOTS:
     void tellsOfCancelling();
 
 private:
-    /// Launches with a user who accepts `name`, or cancels when it is null, and answers Yes to `questions` questions.
+    /// Launches `dialog` with a user who accepts `name`, or cancels if it is null, and answers `questions` questions
+    /// with Yes.
     bool launch(SaveFileDialog& dialog, const DialogKindSwitch& kind, const QString& name, int questions = 0);
     std::string path(const QString& name = {}) const { return m_folders->path(name).toStdString(); }
 

@@ -7,6 +7,7 @@
 #include "DialogDriver.h"
 #include "DialogFolders.h"
 #include "FileDialogActions.h"
+#include "IgnoreMessages.h"
 #include "OrdinaryUser.h"
 #include "RecordingMessageHandler.h"
 #include "SaveFaultRun.h"
@@ -33,7 +34,7 @@ namespace {
 const std::string data = "Data files (*.dat)";
 const std::vector<std::string> writers{"Data files (*.dat)", "Tables (*.csv)", "All files (*)"};
 
-/// Lets the test reach the dialog, as a derived class may.
+/// A flow that gives the test access to its dialog, as a derived class may.
 class TestedFlow : public SaveFileQtDialog
 {
 public:
@@ -41,7 +42,7 @@ public:
     using SaveFileQtDialog::SaveFileQtDialog;
 };
 
-/// Tells how many of its kind there are.
+/// A message handler that counts its instances.
 class CountedHandler : public RecordingMessageHandler
 {
 public:
@@ -182,10 +183,10 @@ void tst_SaveFileQtDialog::writerListAndPreselection()
     QCOMPARE(flow.dialog()->nameFilters(), expected);
     QCOMPARE(flow.selectedWriter(), selected);
     QCOMPARE(flow.selectedFilter(), writers[std::size_t(selected)]);
-    QCOMPARE(typedName(*flow.dialog()), QStringLiteral("my.name.xyz")); // whatever suffix the filter has
+    QCOMPARE(typedName(*flow.dialog()), QStringLiteral("my.name.xyz")); // The suffix of the filter is not applied.
 }
 
-/// The dialog keeps its filters without needless blanks; the index still means the caller's entry.
+/// The dialog stores its filters without redundant blanks. The index is nevertheless that of the caller's entry.
 void tst_SaveFileQtDialog::filtersWithNeedlessBlanks()
 {
     const TestedFlow flow(m_window.get(), "Save", "", "", {"Data (*.dat)", " Tables   (*.csv) "}, 1, "");
@@ -197,7 +198,7 @@ void tst_SaveFileQtDialog::outOfRangeSelectionPreselectsNothing()
 {
     for (const int selected : {-1, 3, 1000}) {
         const TestedFlow flow(m_window.get(), "Save", "", "", writers, selected, "");
-        QCOMPARE(flow.selectedWriter(), 0); // the first, as the dialog has it
+        QCOMPARE(flow.selectedWriter(), 0); // The dialog has selected the first one.
     }
 }
 
@@ -211,7 +212,7 @@ void tst_SaveFileQtDialog::ownHandlerIsTakenOver()
             const auto flow =
                 list ? std::make_unique<TestedFlow>(m_window.get(), "", "", "", writers, 0, "", std::move(handler))
                      : std::make_unique<TestedFlow>(m_window.get(), "", "", "", data, "", std::move(handler));
-            QVERIFY(!handler); // NOLINT(bugprone-use-after-move): that it is moved from is what is tested
+            QVERIFY(!handler); // NOLINT(bugprone-use-after-move): tests that the flow has moved from it
             QCOMPARE(count, 1);
         }
         QCOMPARE(count, 0);
@@ -275,7 +276,7 @@ void tst_SaveFileQtDialog::pickedFilterDecides()
     DialogDriver driver;
     driver.onDialog<QFileDialog>("pick, accept", [&flow](QFileDialog& dialog) {
         pickFilter(dialog, 2);
-        QCOMPARE(flow->selectedWriter(), 2); // read from the open dialog
+        QCOMPARE(flow->selectedWriter(), 2); // The value comes from the open dialog.
         pickFilter(dialog, 1);
         acceptName(dialog, QStringLiteral("result"));
     });
@@ -286,7 +287,7 @@ void tst_SaveFileQtDialog::pickedFilterDecides()
     QCOMPARE(flow->selectedFilter(), writers[1]);
 }
 
-/// Kept on purpose: the extension is the one of the filter that the dialog shows.
+/// The temporary filter of a typed pattern gives the extension, as every selected filter does.
 void tst_SaveFileQtDialog::typedPatternIsTheChosenFilter()
 {
     for (const char* pattern : {"run*", "run*.tab"}) {
@@ -339,7 +340,7 @@ void tst_SaveFileQtDialog::secondLaunch()
     QCOMPARE(flow->selectedFilename(), kept);
 }
 
-/// The default texts, in real boxes, answered with the keyboard alone.
+/// Answers the default questions in real message boxes with the keyboard alone.
 void tst_SaveFileQtDialog::defaultQuestionByKeyboard()
 {
     TestedFlow flow(m_window.get(), u8"S\u00e4ve run", m_folders->path().toStdString(), "", writers, 0, "");
@@ -376,14 +377,14 @@ void tst_SaveFileQtDialog::overwrittenByMnemonic()
     QCOMPARE(m_calls, (Calls{"check " + path(QStringLiteral("old.dat")), "overwrite"}));
 }
 
-/// Once, about the name as it will be written.
+/// The flow asks once, about the name with its extension.
 void tst_SaveFileQtDialog::dialogItselfDoesNotAsk()
 {
     m_folders->addFile(QStringLiteral("plain"));
     const auto flow = makeFlow();
     DialogDriver driver;
     driver.onDialog<QFileDialog>("name", [](QFileDialog& dialog) { acceptName(dialog, QStringLiteral("plain")); });
-    QVERIFY(flow->launch()); // "plain" exists, "plain.dat" does not
+    QVERIFY(flow->launch()); // "plain" exists, but "plain.dat" does not.
     QVERIFY2(driver.finished(), qPrintable(driver.problem()));
     QCOMPARE(m_calls, Calls{"check " + path(QStringLiteral("plain.dat"))});
 }
@@ -395,7 +396,7 @@ void tst_SaveFileQtDialog::noThenCancel()
     driver.onDialog<QFileDialog>("name", [](QFileDialog& dialog) { acceptName(dialog, QStringLiteral("old.dat")); });
     driver.onDialog<QMessageBox>("no", [](QMessageBox& box) { box.button(QMessageBox::No)->click(); });
     driver.onDialog<QFileDialog>("cancel", [](QFileDialog& dialog) {
-        QCOMPARE(typedName(dialog), QStringLiteral("old.dat")); // what was typed is still there
+        QCOMPARE(typedName(dialog), QStringLiteral("old.dat")); // The typed name is still in the box.
         cancel(dialog);
     });
     QVERIFY(!flow->launch());
@@ -478,7 +479,7 @@ void tst_SaveFileQtDialog::withoutAParent()
         QVERIFY(flow.launch());
         QVERIFY2(driver.finished(), qPrintable(driver.problem()));
     }
-    QVERIFY(dialog); // nobody's to delete but the test's
+    QVERIFY(dialog); // Without a parent nothing else deletes it.
     delete dialog;
 }
 
@@ -504,6 +505,8 @@ void tst_SaveFileQtDialog::flowDestroyedFirst()
 
 void tst_SaveFileQtDialog::parentDestroyedDuringLaunch()
 {
+    // Windows destroys the windows that a destroyed one owns before Qt can hide them, and Qt logs that.
+    const IgnoreMessages unavoidable(QStringLiteral("^External WM_DESTROY received for "));
     for (const bool duringQuestion : {false, true}) {
         m_window = std::make_unique<QWidget>();
         const auto flow = makeFlow();
@@ -523,7 +526,7 @@ void tst_SaveFileQtDialog::parentDestroyedDuringLaunch()
 
 void tst_SaveFileQtDialog::faults_data()
 {
-    // Qt's dialog never hands these two on: it enters the folder, and does not accept the name.
+    // The Qt-drawn dialog accepts neither of these: it enters the folder and refuses the long name.
     addSaveFaultRows({QStringLiteral("a folder as target"), QStringLiteral("name too long")});
 }
 

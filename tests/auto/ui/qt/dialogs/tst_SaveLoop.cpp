@@ -29,7 +29,7 @@ namespace {
 
 using Calls = RecordingMessageHandler::Calls;
 
-/// A dialog without a window, which plays the rounds that it is given.
+/// A dialog without a window that answers with the given rounds.
 class ScriptedDialog : public SaveLoopDialog
 {
 public:
@@ -137,7 +137,7 @@ void tst_SaveLoop::init()
     m_name.clear();
 }
 
-/// Plays the rounds, all of which must be used up.
+/// Runs the loop with the given rounds, and fails unless all of them are used.
 bool tst_SaveLoop::run(std::vector<ScriptedDialog::Round> rounds, DialogDriver* driver)
 {
     const std::size_t expected = rounds.size();
@@ -202,7 +202,7 @@ void tst_SaveLoop::overwriteNoThenCancel()
     QCOMPARE(m_calls, (Calls{call("check", QStringLiteral("old.dat")), "overwrite"}));
 }
 
-/// A pipe's reader sees that somebody has opened the other end.
+/// Uses a pipe, because its reader notices when the other end is opened.
 void tst_SaveLoop::overwriteNoDoesNotProbe()
 {
 #ifndef Q_OS_UNIX
@@ -228,7 +228,7 @@ void tst_SaveLoop::overwriteNoDoesNotProbe()
     const ScriptedDialog::Round round{true, {path(QStringLiteral("pipe.dat"))}, dataFilter};
     QVERIFY(run({round, round}, &driver));
     QVERIFY(!openedAfterNo);
-    QVERIFY(wasOpened()); // it can be seen
+    QVERIFY(wasOpened()); // proves that the test would notice an open end
     ::close(reader);
 #endif
 }
@@ -331,7 +331,7 @@ void tst_SaveLoop::otherExceptionsPass()
 {
     m_handler->whenAsked = [](const std::string&) { throw std::runtime_error("not the disk"); };
     QVERIFY_EXCEPTION_THROWN(run({{true, {path(QStringLiteral("old.dat"))}, dataFilter}}), std::runtime_error);
-    // An error that the handler raises while it learns the name is not one of looking at the place.
+    // An error that filenameToCheck() throws is not an error of examining the file, and is propagated.
     m_handler->whenChecked = [](const std::string&) -> std::string {
         throw boost::filesystem::filesystem_error("the handler's own", boost::system::error_code());
     };
@@ -362,14 +362,15 @@ void tst_SaveLoop::severalRounds()
 
 void tst_SaveLoop::handlerChecksAnotherName()
 {
-    // The other name exists: the question is about it.
+    // The other name exists, so that the overwrite question is asked.
     m_handler->whenChecked = [this](const std::string&) { return path(QStringLiteral("old.dat")).toStdString(); };
     DialogDriver driver;
     answer(driver, "overwrite", yes);
     QVERIFY(run({{true, {path(QStringLiteral("new.dat"))}, dataFilter}}, &driver));
     QCOMPARE(m_name, path(QStringLiteral("new.dat")).toStdString());
 
-    // The other name does not exist: no question, though the chosen one does. The probe is of the chosen one.
+    // The other name does not exist, so that no question is asked although the chosen file exists. The probe tests the
+    // chosen file.
     m_handler->whenChecked = [this](const std::string&) { return path(QStringLiteral("missing/x")).toStdString(); };
     QVERIFY(run({{true, {path(QStringLiteral("old.dat"))}, dataFilter}}));
 

@@ -20,7 +20,7 @@ namespace {
 bool refuseUnnamedFiles = false;
 int unnamedFilesRefused = 0;
 int unnamedFilesMade = 0;
-/// A file that somebody deletes when it is about to be opened; empty for none.
+/// The name of a file that is deleted when it is about to be opened. Empty for none.
 QByteArray deletedOnOpening;
 
 bool isUnnamed(int flags)
@@ -30,8 +30,8 @@ bool isUnnamed(int flags)
 
 } // namespace
 
-/// Stands before the C library's, for this program and for Qt in it, to be a file system that knows no files without a
-/// name.
+/// Replaces open64() of the C library for this program and for Qt within it, and simulates a file system without
+/// unnamed files.
 extern "C" int open64(const char* path, int flags, ...) // NOLINT(readability-inconsistent-declaration-parameter-name)
 {
     va_list arguments;
@@ -93,7 +93,7 @@ void tst_writeProbeFileSystems::newFile()
     refuseUnnamedFiles = !unnamedFilesKnown;
 
     QVERIFY(canBeWritten(m_folders->path(QStringLiteral("new.dat")).toStdString()));
-    QCOMPARE(unnamedFilesMade, unnamedFilesKnown ? 1 : 0); // it was this branch
+    QCOMPARE(unnamedFilesMade, unnamedFilesKnown ? 1 : 0); // shows that this branch was tested
     QCOMPARE(unnamedFilesRefused, unnamedFilesKnown ? 0 : 1);
     QVERIFY(QDir(m_folders->path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot).isEmpty());
 
@@ -125,7 +125,7 @@ void tst_writeProbeFileSystems::pipeWithoutAReaderDoesNotWait()
 {
     const QByteArray pipe = QFile::encodeName(m_folders->path(QStringLiteral("pipe")));
     QCOMPARE(mkfifo(pipe.constData(), 0600), 0);
-    QVERIFY(!canBeWritten(pipe.toStdString())); // a wait would be ended by the test program's own deadline
+    QVERIFY(!canBeWritten(pipe.toStdString())); // A blocking open() would run into the deadline of the test program.
 }
 
 CORE_TEST_MAIN(tst_writeProbeFileSystems)

@@ -7,6 +7,8 @@
 #include <charconv>
 #include <cmath>
 
+namespace zelmar {
+
 namespace {
 
 void appendAsQtDoes(QString& text, double value)
@@ -18,19 +20,20 @@ void appendAsQtDoes(QString& text, double value)
 
 void appendInFormat(QString& text, double value, std::chars_format format)
 {
-    std::array<char, 32> buffer; // sign, "0.000", 17 digits; or sign, 17 digits, point, exponent
+    std::array<char, 32> buffer; // holds a sign, "0.000" and 17 digits, or a sign, 17 digits, a point and an exponent
     const std::to_chars_result result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, format);
     text += QLatin1String(buffer.data(), result.ptr);
 }
 
-/// Whether the notation without an exponent is surely the shorter one, which Qt takes: below, small numbers have one;
-/// above, whole numbers that end with many zeros, and perhaps those that have more digits than a double keeps.
-bool isWrittenOut(double magnitude)
+/// Returns whether Qt certainly writes the number without an exponent. Qt uses the shorter notation, which is the one
+/// with an exponent for numbers below 1e-4 and for integers that end with many zeros. From 2^53 on an integer may have
+/// more digits than a double holds, so nothing is certain.
+bool isSurelyFixedNotation(double magnitude)
 {
-    constexpr double firstWithGaps = 9007199254740992.0; // 2^53
+    constexpr double exactIntegers = 9007199254740992.0; // 2^53
     if (magnitude < 1e5)
         return magnitude >= 1e-4;
-    return magnitude < firstWithGaps
+    return magnitude < exactIntegers
            && (std::trunc(magnitude) != magnitude || static_cast<qint64>(magnitude) % 1000000 != 0);
 }
 
@@ -43,14 +46,14 @@ bool isWrittenOut(double magnitude)
 void appendShortestText(QString& text, double value)
 {
     const double magnitude = std::abs(value);
-    if (isWrittenOut(magnitude))
+    if (isSurelyFixedNotation(magnitude))
         appendInFormat(text, value, std::chars_format::fixed);
     else if (magnitude == 0)
-        text += QLatin1Char('0'); // -0 has no sign there
+        text += QLatin1Char('0'); // Qt writes no sign for -0
     else if (magnitude < 1e-4)
         appendInFormat(text, value, std::chars_format::scientific);
     else
-        appendAsQtDoes(text, value); // also infinities and what is not a number
+        appendAsQtDoes(text, value); // includes infinities and NaN
 }
 
 #else
@@ -61,3 +64,5 @@ void appendShortestText(QString& text, double value)
 }
 
 #endif
+
+} // namespace zelmar

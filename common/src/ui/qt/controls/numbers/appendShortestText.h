@@ -4,7 +4,13 @@
 
 #include <QString>
 
-/// Appends the shortest text that stands for `value` and no other double, the one of QVariant::toString() and
-/// QString::number(value, 'g', QLocale::FloatingPointShortest), to the letter. Most numbers take a fraction of their
-/// time: there is no string in between, and the digits are found faster.
+namespace zelmar {
+
+/// Appends the shortest text from which `value` can be read back exactly.
+///
+/// The text is identical to that of QVariant::toString() and QString::number(value, 'g',
+/// QLocale::FloatingPointShortest). For most numbers this function takes a fraction of their time, because it needs
+/// no intermediate string and converts the digits faster.
 COMMON_UI_QT_INTERNAL_EXPORT void appendShortestText(QString& text, double value);
+
+} // namespace zelmar

@@ -2,7 +2,9 @@
 
 #include <QtGlobal>
 
-/// 10 raised to `exponent`, at most 18; 1 when that is below 1.
+namespace zelmar {
+
+/// Returns 10 raised to `exponent`, which must be at most 18. Returns 1 for an exponent below 1.
 constexpr qint64 powerOfTen(int exponent)
 {
     qint64 power = 1;
@@ -10,3 +12,5 @@ constexpr qint64 powerOfTen(int exponent)
         power *= 10;
     return power;
 }
+
+} // namespace zelmar

@@ -1,6 +1,6 @@
 #include "ui/qt/controls/numbers/readNumber.h"
 
-#include "ui/qt/controls/numbers/intermediateTest.h"
+#include "ui/qt/controls/numbers/canTextGrowIntoRange.h"
 
 #include <QLocale>
 
@@ -8,12 +8,14 @@
 #include <limits>
 #include <optional>
 
+namespace zelmar {
+
 namespace {
 
 constexpr QLatin1Char decimalPoint('.');
 constexpr QLatin1Char groupSeparator(',');
 
-/// A position is the caller's, and may be anything.
+/// Moves back without overflow: the position comes from the caller and may be any number.
 void moveBack(int& position, int distance)
 {
     const qint64 moved = qint64(position) - distance;
@@ -26,7 +28,7 @@ bool isSignInRange(QChar character, const NumberRules& rules)
            || (character == QLatin1Char('-') && rules.minimum <= 0);
 }
 
-/// Of texts that are no number yet, and show it by their length.
+/// Returns the state of an empty text, a lone sign, a lone point, or a sign with a point, and nothing for other texts.
 std::optional<QValidator::State> stateOfBeginning(const QString& text, const NumberRules& rules)
 {
     if (text.isEmpty()) {
@@ -46,7 +48,8 @@ bool isSeparator(QChar character)
     return character == groupSeparator || character.isSpace();
 }
 
-/// A point that is typed while the cursor stands on one moves over it.
+/// Removes the second of two adjacent points if the cursor is between them: a point that is typed in front of a point
+/// moves the cursor over it.
 void removePointTypedOver(QString& text, int point, int position)
 {
     const int second = point + 1;
@@ -59,14 +62,15 @@ bool hasSeparatorBehind(const QString& text, int point)
     return std::any_of(text.cbegin() + point + 1, text.cend(), isSeparator);
 }
 
-/// Of a text without point: nothing can follow the one, and what separates groups stands alone.
+/// Returns whether a text without a decimal point ends with white space or with a group separator behind another
+/// separator.
 bool hasSeparatorAtEnd(const QString& text)
 {
     const QChar last = text[text.size() - 1];
     return last.isSpace() || (last == groupSeparator && isSeparator(text[text.size() - 2]));
 }
 
-/// Whether separators are where no number can have them. May take away a point from `text`.
+/// Returns whether separators are at positions where no number has them. May remove a point from `text`.
 bool hasMisplacedSeparator(QString& text, int position)
 {
     if (text.startsWith(groupSeparator))
@@ -88,7 +92,7 @@ std::optional<double> parsed(const QString& text)
     return isNumber ? std::make_optional(number) : std::nullopt;
 }
 
-/// Reads a number whose groups are not where they belong, and takes their separators out of `text`.
+/// Removes the group separators from `text` and parses it. `position` moves with them, but not below 0.
 std::optional<double> parsedWithoutGroups(QString& text, int& position, const NumberRules& rules)
 {
     if (rules.maximum < 1000 && rules.minimum > -1000 && text.contains(groupSeparator))
@@ -102,20 +106,21 @@ std::optional<double> parsedWithoutGroups(QString& text, int& position, const Nu
     return parsed(text);
 }
 
-/// `best` is the state of a number in the range.
+/// Returns the state of a parsed number; `best` is the state for a number in the range.
 QValidator::State stateOf(double number, QValidator::State best, const QString& text, const NumberRules& rules)
 {
     if (rules.minimum <= number && number <= rules.maximum)
         return best;
     const bool isFixed = rules.maximum == rules.minimum;
     const bool isBeyond = number >= 0 ? number > rules.maximum : number < rules.minimum;
-    // More digits only lead away from zero.
-    if (isFixed || isBeyond || !canBecomeNumberInRange(text, rules.minimum, rules.maximum, rules.decimals))
+    // Further digits only increase the magnitude, so a number beyond a bound stays beyond it.
+    if (isFixed || isBeyond || !canTextGrowIntoRange(text, rules.minimum, rules.maximum, rules.decimals))
         return QValidator::Invalid;
     return QValidator::Intermediate;
 }
 
-/// Reads the number in `text`, which loses what is removed to understand it.
+/// Parses `text` and returns its state. Stores the number in `number` only if `text` could be parsed. Removes from
+/// `text` the separators that hinder parsing.
 QValidator::State readStripped(QString& text, int& position, const NumberRules& rules, double& number)
 {
     if (const auto state = stateOfBeginning(text, rules))
@@ -125,7 +130,7 @@ QValidator::State readStripped(QString& text, int& position, const NumberRules& 
     QValidator::State best = QValidator::Acceptable;
     std::optional<double> result = parsed(text);
     if (!result) {
-        // Somebody else's decimal comma must not make another number.
+        // The comma may be meant as a decimal point. Compatibility: commas-never-final
         best = QValidator::Intermediate;
         result = parsedWithoutGroups(text, position, rules);
     }
@@ -162,3 +167,5 @@ const NumberReading& readNumber(const QString& input, int& position, const Numbe
     last.text = rules.prefix + text + rules.suffix;
     return last;
 }
+
+} // namespace zelmar

@@ -4,6 +4,7 @@
 
 #include <QString>
 
-/// `value` with `digits` significant digits, plain or with an exponent, whichever printf() takes for "%.*G": 1.5E-07.
-/// The decimal point is "." whatever the C library's locale is. Of `digits`, 0 counts as 1, and a number below 0 as 6.
+/// Returns `value` with `digits` significant digits, in fixed or exponent notation as printf() chooses for "%.*G": for
+/// example "1.5E-07". The decimal point is "." regardless of the C library's locale. 0 digits count as 1, and a
+/// negative number of digits counts as 6.
 COMMON_UI_QT_INTERNAL_EXPORT QString scientificText(double value, int digits);

@@ -6,16 +6,17 @@
 
 #include <string>
 
-/// The extension that a name filter stands for: everything from its last "." on, without white space, brackets and
-/// asterisks. Where a filter has several patterns the last one counts: "Images (*.png *.jpg)" gives ".jpg".
+/// Returns the extension that a name filter stands for: everything from its last "." on, without white space,
+/// parentheses and asterisks. The last of several patterns counts: "Images (*.png *.jpg)" gives ".jpg". A filter
+/// without any "." gives its whole text in this form: "All files (*)" gives "Allfiles".
 ///
-/// A filter without any "." gives all of its text in that way, so "All files (*)" gives "Allfiles". This is kept on
-/// purpose: files saved under such a filter have always been named so, and are found again by it.
+/// Compatibility: last-pattern-gives-the-extension, extension-of-the-whole-filter
 COMMON_UI_QT_INTERNAL_EXPORT QString extensionOfFilter(const QString& filter);
 
-/// `name` (UTF-8) with the extension of `filter` where it has none or ends with "."; the result then has "/" between
-/// its folders. A name with any other extension is returned as it is.
+/// Appends the extension of `filter` to `name` (UTF-8) when the name has none or ends with ".". The result then has "/"
+/// as separator. Returns a name with any other extension unchanged.
 ///
-/// A "." anywhere in `name` counts as the start of an extension, also one in the name of a folder: the name is then
-/// left alone. This is kept on purpose: nothing that a user has typed is changed on a guess.
+/// A "." anywhere in `name` counts as the start of an extension, also one in the name of a folder.
+///
+/// Compatibility: dot-in-a-folder-counts
 COMMON_UI_QT_INTERNAL_EXPORT std::string withDefaultExtension(const std::string& name, const QString& filter);

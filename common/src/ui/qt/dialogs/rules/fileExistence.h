@@ -4,10 +4,10 @@
 
 #include <boost/filesystem/operations.hpp>
 
-/// Whether something of this type counts as an existing entry: anything of which the file system does not say that it
-/// is not there, or cannot tell.
+/// Returns whether a file system entry of this type counts as existing: every type but "not found" and "status error".
 COMMON_UI_QT_INTERNAL_EXPORT bool countsAsExisting(boost::filesystem::file_type type);
 
-/// What is at `path`, behind symbolic links. Trouble on the way is a type of its own, not an exception. A text is taken
-/// as a path by the conversion that the application has set for paths, which for UTF-8 names should be UTF-8.
+/// Returns the type of the entry at `path` after following symbolic links. An error is a type of its own and not an
+/// exception. A string is converted by the codecvt facet that the application has set for boost::filesystem::path,
+/// which should be one for UTF-8.
 COMMON_UI_QT_INTERNAL_EXPORT boost::filesystem::file_type fileTypeOf(const boost::filesystem::path& path);

@@ -4,7 +4,7 @@ namespace {
 
 QString withoutBlanksAround(const QString& text)
 {
-    const QLatin1Char blank(' '); // and no other white space
+    const QLatin1Char blank(' '); // other white space stays
     int from = 0;
     int to = text.size();
     while (from < to && text.at(from) == blank)

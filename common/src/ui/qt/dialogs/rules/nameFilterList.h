@@ -8,9 +8,11 @@
 #include <string>
 #include <vector>
 
-/// The filters of `joined`, which are separated by ";;", each without blanks around it. Nothing between two separators
-/// is no filter; blanks between them are an empty one, because they are taken away last.
+/// Splits `joined` at ";;" and removes the blanks around each filter. Empty parts between two separators are skipped
+/// before blanks are removed, so that a part of blanks becomes an empty filter.
+///
+/// Compatibility: blank-filter-part-stays
 COMMON_UI_QT_INTERNAL_EXPORT QStringList splitNameFilters(const QString& joined);
 
-/// `filters` (UTF-8) as one text, separated by ";;".
+/// Joins `filters` (UTF-8) with ";;".
 COMMON_UI_QT_INTERNAL_EXPORT std::string joinNameFilters(const std::vector<std::string>& filters);

@@ -12,9 +12,9 @@ struct Bracketed
     QString inside;
 };
 
-/// The text between the last `opening` that is followed by a ")", and the last ")", and the text before both. Nothing
-/// when there is no such thing, or the filter has several lines. A search and not a regular expression: those of the
-/// standard library run out of stack on a filter with some thousand patterns.
+/// Returns the text between the last `opening` before the last ")" and that ")", and the text before both. Empty when
+/// there is none or the filter has several lines. Searches without std::regex, which exhausts the stack on a filter
+/// with some thousand patterns.
 std::optional<Bracketed> lastBracketed(const QString& filter, const QString& opening)
 {
     if (filter.contains(QLatin1Char('\n')) || filter.contains(QLatin1Char('\r')))

@@ -6,25 +6,29 @@
 
 #include <string>
 
-// How QFileDialog's name filters become what the native dialog shows, and what its file types mean for a name.
+// Pure functions that translate QFileDialog's name filters into the file types of the native dialog.
 
-/// A name filter taken apart for the native dialog.
+/// The two parts of a file type of the native dialog.
 struct NativeFilter
 {
     QString name;
-    QString pattern; ///< several are separated by ";"
+    QString pattern; ///< several patterns are separated by ";"
 };
 
-/// "Images (*.png *.jpg)" becomes "Images" and "*.png;*.jpg"; what comes behind the last ")" is left out. A filter
-/// without a bracketed part behind a blank is a pattern altogether, and shown as "File of Type". So is one that has a
-/// line break in it.
+/// Splits a name filter: "Images (*.png *.jpg)" becomes "Images" and "*.png;*.jpg". Drops what follows the last ")". A
+/// filter without a blank and a parenthesised part, or with a line break, becomes the pattern of the type "File of
+/// Type".
+///
+/// Compatibility: greedy-file-type
 COMMON_UI_QT_INTERNAL_EXPORT NativeFilter nativeFilter(const QString& filter);
 
-/// The extension that `filter` gives a name, without its dot: what stands between the last " (*." and the last ")".
-/// Empty when there is no such thing, as in "All files (*)". Of several patterns everything behind the first dot is
-/// taken, so "Images (*.png *.jpg)" gives "png *.jpg": it is kept on purpose, and such a name shows what is wrong.
+/// Returns the extension, without its dot, that the native dialog gives a name under `filter`: the text between the
+/// last " (*." and the last ")". Empty if there is none, as in "All files (*)". Several patterns are not separated, so
+/// that "Images (*.png *.jpg)" gives "png *.jpg".
+///
+/// Compatibility: greedy-extension
 COMMON_UI_QT_INTERNAL_EXPORT QString extensionOfNativeFilter(const QString& filter);
 
-/// `name` (UTF-8) with its extension replaced by that of `filter`, or taken away where the filter has none; with
-/// slashes between the names of folders.
+/// Replaces the extension of `name` (UTF-8) by that of `filter`, or removes it when the filter has none. The result has
+/// slashes as separators.
 COMMON_UI_QT_INTERNAL_EXPORT std::string withExtensionOfFilter(const std::string& name, const QString& filter);

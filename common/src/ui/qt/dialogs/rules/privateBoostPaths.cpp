@@ -1,6 +1,6 @@
-// Built only where the library has a Boost.Filesystem of its own inside. No application can tell that one how to read
-// narrow text as a path, and by itself it takes the system's code page: a name beyond it would be another file's, which
-// is not there and is overwritten without a question. Names come as UTF-8.
+// Compiled only when Boost.Filesystem is linked statically into the library, where no application can imbue its paths.
+// Narrow strings are UTF-8 here. In the system's code page, a name with other characters would denote another file,
+// which does not exist, and the existing file would be overwritten without a question.
 
 #include <boost/filesystem/path.hpp>
 
@@ -8,7 +8,7 @@
 #include <locale>
 
 #ifdef _MSC_VER
-#pragma warning(disable : 4996) // the standard library has no other facet for it yet
+#pragma warning(disable : 4996) // deprecated, but the standard library has no other facet for UTF-8 yet
 #endif
 
 namespace {

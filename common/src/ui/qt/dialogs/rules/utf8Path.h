@@ -6,9 +6,9 @@
 
 #include <string>
 
-/// A path from UTF-8 text. On Windows narrow text would be taken to be in the system's code page; elsewhere the bytes
-/// are the path, also where they are no valid UTF-8.
+/// Makes a path from UTF-8. On Windows the path class would otherwise read narrow strings in the system's code page.
+/// Elsewhere the bytes are the path, even if they are not valid UTF-8.
 COMMON_UI_QT_INTERNAL_EXPORT boost::filesystem::path utf8Path(const std::string& text);
 
-/// `path` as UTF-8 text with slashes between its names.
+/// Converts `path` to UTF-8 with slashes as separators.
 COMMON_UI_QT_INTERNAL_EXPORT std::string genericUtf8(const boost::filesystem::path& path);

@@ -33,6 +33,7 @@ QDialog::DialogCode ExtendedWinFileDialog::exec()
 
 void ExtendedWinFileDialog::selectFile(const QString& path)
 {
+    // Compatibility: folder-of-name-dropped
     m_impl->m_selectedFileName->setValue(QFileInfo(path).fileName().toStdString());
 }
 
@@ -68,7 +69,9 @@ void ExtendedWinFileDialog::setNameFilters(const QStringList& filters)
 
 void ExtendedWinFileDialog::selectNameFilter(const QString& filter)
 {
-    m_impl->m_currentFilterIndex->setValue(m_impl->m_nameFilters.indexOf(filter) + 1);
+    const auto currentFilterIndex =
+        m_impl->m_currentFilterIndex; // keeps the property alive if an observer deletes this object
+    currentFilterIndex->setValue(m_impl->m_nameFilters.indexOf(filter) + 1);
 }
 
 QString ExtendedWinFileDialog::selectedNameFilter() const
@@ -109,6 +112,7 @@ void ExtendedWinFileDialog::setDontConfirmOverwrite(bool on)
 
 void ExtendedWinFileDialog::setShowDirectoriesOnly(bool /*on*/)
 {
+    // Compatibility: directories-only-ignored
 }
 
 boost::shared_ptr<zelmar::PropertyAbstract<int>> ExtendedWinFileDialog::currentFilterIndex() const

@@ -16,8 +16,8 @@
 
 class QWidget;
 
-/// The system's own file dialog, with operations shaped like QFileDialog's, and with buttons, check boxes and a menu on
-/// the accept button that the application adds.
+/// A file dialog of the operating system behind an interface shaped like QFileDialog's. The application can add
+/// buttons, check boxes, and a drop-down menu on the accept button.
 ///
 ///     ExtendedWinFileDialog dialog(window, "Import", folder, "Data (*.dat);;Tables (*.csv)", "import.html",
 ///                                  QFileDialog::AcceptOpen, false);
@@ -26,110 +26,142 @@ class QWidget;
 ///     if (dialog.exec() == QDialog::Accepted)
 ///         import(dialog.selectedFiles());
 ///
-/// On Windows it is the common item dialog. Elsewhere it is the desktop's own dialog as long as nothing was added to
-/// it, and one drawn by Qt, with what was added in it, otherwise. A help topic adds a Help button.
+/// On Windows the class shows the common item dialog. Elsewhere it shows the desktop's own dialog as long as the
+/// application has added no controls and given no help topic, and otherwise a dialog that Qt draws with the controls in
+/// it.
 ///
-/// Folder, file type and check boxes follow the user while the dialog is open: directory(), currentFilterIndex() and
-/// the properties of the check boxes change, and tell so, within exec(). The actions of the buttons run there, too; the
-/// dialog stays open. What an action or an observer throws comes out of exec(), except on Windows, where nothing may be
-/// thrown through the system's dialog.
+/// While the dialog is open, directory(), currentFilterIndex() and the properties of the check boxes follow the user.
+/// The filter index and the properties notify their observers; changes of the folder are not signalled. Button actions
+/// and observers run within exec(), and the dialog stays open meanwhile. An exception that one of them throws closes
+/// the dialog and leaves exec(); on Windows they must not throw, because no exception may pass through the system's
+/// dialog.
 ///
 /// Known traps:
-/// - title, file mode, folder, filters, selected filter and file name reach the dialog at the first exec(). Changing
-///   them between two showings changes what the operations here answer, and not the dialog;
-/// - when the user picks another file type while saving, the extension of the typed name is replaced: "data.csv"
-///   becomes "data.txt" under "Text (*.txt)", "data" under "All files (*)", and "data.png *.jpg" under "Images (*.png
-///   *.jpg)". Give a save dialog filters with one pattern;
-/// - where there is no dialog, because the thread is in a multithreaded apartment or the system makes none, exec() is
-///   QDialog::Rejected and everything else goes on without it.
+/// - The dialog receives title, file mode, folder, filters, selected filter and file name at the first exec(). Setters
+///   called later change what the getters return, but not the dialog.
+/// - When the user picks another file type while saving, the dialog replaces the extension of the typed name:
+///   "data.csv" becomes "data.txt" under "Text (*.txt)", "data" under "All files (*)", and "data.png *.jpg" under
+///   "Images (*.png *.jpg)". Give a save dialog filters with one pattern each.
+/// - A dialog that Qt draws opens in its default size each time. It remembers no size, neither for the next exec() nor
+///   for the next start of the program.
+/// - If the thread is in a multithreaded apartment, or the system cannot create the dialog, exec() returns
+///   QDialog::Rejected, and all other functions work without a dialog.
 ///
-/// Texts are UTF-8. GUI thread only, on which the single-threaded apartment is entered for the life of the object.
+/// Strings are UTF-8. Use on the GUI thread only; the object enters the single-threaded apartment of that thread for
+/// its lifetime.
+///
+/// Kept for existing callers, see docs/compatibility.md: prepared-once.
 class COMMON_UI_QT_EXPORT ExtendedWinFileDialog
 {
 public:
-    /// A dialog over `parent`, which must outlive it. `directory` is the start folder: an existing folder, or an
-    /// existing file whose folder is meant; anything else leaves the choice to the system. `filter` are filters in
-    /// QFileDialog's syntax, joined by ";;". A `helpTopic` that is not empty adds a Help button, which hands it to
-    /// zelmar::HelpLauncher. With `useAcceptButtonMenu` the accept button gets a menu; see addAcceptButtonOption().
+    /// Creates a dialog whose parent window is `parent`. The dialog may outlive `parent` and then has none. `directory`
+    /// is the folder in which the dialog starts: an existing folder, or an existing file, which stands for its folder;
+    /// otherwise the system chooses. `filter` holds name filters in QFileDialog's syntax, joined by ";;". A non-empty
+    /// `helpTopic` adds a Help button that passes the topic to zelmar::HelpLauncher. `useAcceptButtonMenu` adds a menu
+    /// to the accept button; see addAcceptButtonOption().
     ExtendedWinFileDialog(QWidget& parent, const std::string& caption, const std::string& directory,
                           const std::string& filter, const std::string& helpTopic, QFileDialog::AcceptMode mode,
                           bool useAcceptButtonMenu);
 
-    /// The same for a parent that may be null: the dialog then is a window of its own.
+    /// Creates the same dialog for a parent that may be null. Without a parent the dialog is an independent window.
     ExtendedWinFileDialog(QWidget* parent, const std::string& caption, const std::string& directory,
                           const std::string& filter, const std::string& helpTopic, QFileDialog::AcceptMode mode,
                           bool useAcceptButtonMenu);
 
-    /// Deletes the handles of all controls.
+    /// Deletes the handles of all controls. Ends a running exec(), see there.
     virtual ~ExtendedWinFileDialog();
 
-    /// Shows the dialog and waits for it. QDialog::Rejected when the user cancelled, and when showing it failed. The
-    /// dialog may be shown again.
+    /// Shows the dialog modally and waits until it is closed. Returns QDialog::Rejected when the user cancels and when
+    /// the dialog cannot be shown. May be called again after it has returned; a call while it runs does nothing and
+    /// returns QDialog::Rejected.
+    ///
+    /// The dialog and its parent may be deleted while exec() runs, also by a button action, by an observer of a
+    /// property or by the help handler. The window then closes, exec() returns QDialog::Rejected without touching a
+    /// deleted object, and event sinks that the shell still holds do nothing. An exception that an action throws after
+    /// it has deleted the dialog still leaves exec(). When the application quits, a dialog that Qt draws closes; a
+    /// dialog of the system waits for its user.
     QDialog::DialogCode exec();
 
-    /// Preselects the file name at the end of `path`; its folder is left out on purpose, see setDirectory().
+    /// Preselects the file name at the end of `path` and drops the folder; use setDirectory() for the folder.
+    ///
+    /// Kept for existing callers, see docs/compatibility.md: folder-of-name-dropped.
     void selectFile(const QString& path);
 
-    /// What was chosen, as the system writes paths: with backslashes on Windows. Empty when nothing was.
+    /// Returns the chosen paths in the system's own form, on Windows with backslashes. Empty when nothing was chosen.
     QStringList selectedFiles();
 
-    /// What may be chosen; QFileDialog::AnyFile at first. QFileDialog::DirectoryOnly counts as AnyFile on purpose.
+    /// Sets what the user may choose; QFileDialog::AnyFile by default. QFileDialog::DirectoryOnly counts as AnyFile.
+    ///
+    /// Kept for existing callers, see docs/compatibility.md: directory-only-is-any-file.
     void setFileMode(QFileDialog::FileMode mode);
 
-    /// The folder last shown; before that the start folder. The current folder when there is none.
+    /// Returns the folder that the dialog showed last, or before the first exec() the folder in which it starts.
+    /// Without either, returns the current folder of the process. No signal reports a change.
     QDir directory() const;
     void setDirectory(const QString& directory);
 
-    /// The filters, as they were given.
+    /// Returns the name filters exactly as they were set.
     QStringList nameFilters() const;
     void setNameFilters(const QStringList& filters);
 
-    /// Selects the first filter that is equal to `filter`; one that is not in the list selects none.
+    /// Selects the first name filter that equals `filter`. Selects none when the list does not contain it.
     void selectNameFilter(const QString& filter);
 
-    /// The selected filter, as the user has left it. Empty when none is selected.
+    /// Returns the selected name filter, which follows the user's choice. Empty when none is selected.
     QString selectedNameFilter() const;
 
-    /// Adds a button, with `&` before its mnemonic in `label`; clicked, it calls `onClick`, which must not be empty.
-    /// The handle stands for the button: show, hide, enable or disable it, before or while the dialog is open, and so
-    /// the button. It is never seen itself, and belongs to this object.
+    /// Adds a push button; `&` in `label` precedes its mnemonic. A click calls `onClick`, which must not be empty.
+    ///
+    /// Returns a handle for the button. Showing, hiding, enabling or disabling the handle does the same to the button,
+    /// before or while the dialog is open. The handle itself is never visible. This object owns it.
+    ///
+    /// Kept for existing callers, see docs/compatibility.md: empty-action-throws.
     QWidget* addCustomButton(const std::string& label, boost::function<void()> onClick);
 
-    /// Adds a check box that starts as `checked`, which must not be null, and sets it whenever the user toggles the
-    /// box. The other way round it follows nothing. Handle as above.
+    /// Adds a check box that is initially checked if the value of `checked`, which must not be null, is true. Sets the
+    /// property whenever the user toggles the box; later changes of the property do not affect the box. Returns a
+    /// handle as addCustomButton() does.
     QWidget* addCustomCheckBox(const std::string& label, boost::shared_ptr<zelmar::PropertyAbstract<bool>> checked);
 
-    /// Adds an item to the menu on the accept button, which must have been asked for at construction. Accepting the
-    /// dialog by this item makes selectedAcceptMenuOption() `value`. Handle as above, until
-    /// clearAcceptMenuOptions().
+    /// Adds an item to the menu of the accept button, which the constructor must have been asked for. When the user
+    /// accepts the dialog through this item, selectedAcceptMenuOption() returns `value`. Returns a handle as
+    /// addCustomButton() does; it is valid until clearAcceptMenuOptions().
     QWidget* addAcceptButtonOption(const std::string& label, int value);
 
-    /// Removes all items from the menu on the accept button, and deletes their handles.
+    /// Removes all items from the menu of the accept button and deletes their handles.
+    ///
+    /// Kept for existing callers, see docs/compatibility.md: cleared-menu-keeps-values.
     void clearAcceptMenuOptions();
 
-    /// The value of the item that was selected when the dialog was last closed: the first item unless the user picked
-    /// another. 255 before anything was read.
+    /// Returns the value of the menu item that was selected when the dialog closed last. That is the first item unless
+    /// the user picked another one. Returns 255 until an item has been read for the first time.
+    ///
+    /// Kept for existing callers, see docs/compatibility.md: option-255.
     int selectedAcceptMenuOption() const;
 
-    /// Lets the dialog accept an existing file for saving without a question. Off at first.
+    /// Sets whether a save dialog accepts an existing file without asking; false by default.
     void setDontConfirmOverwrite(bool on);
 
-    /// Does nothing, on purpose: the system's dialog shows files where it shows them. For folders set the file mode
+    /// Does nothing, because the system's dialog cannot hide files. To let the user choose a folder, set the file mode
     /// QFileDialog::Directory.
+    ///
+    /// Kept for existing callers, see docs/compatibility.md: directories-only-ignored.
     void setShowDirectoriesOnly(bool on);
 
-    /// The number of the selected filter, from 1; 0 for none. To be observed while the dialog is open.
+    /// Returns the observable index of the selected name filter, counted from 1; 0 means none. Changes while the dialog
+    /// is open when the user picks another file type.
     boost::shared_ptr<zelmar::PropertyAbstract<int>> currentFilterIndex() const;
 
-    /// The parent given at construction.
+    /// Returns the parent that was given to the constructor, or null once it has been destroyed.
     QWidget* parent();
 
-    /// Closes the open dialog, from an action of one of its buttons for example; exec() then is QDialog::Accepted, and
-    /// selectedFiles() is empty.
+    /// Closes the open dialog, for example from the action of one of its buttons. exec() then returns
+    /// QDialog::Accepted, and selectedFiles() is empty.
     void close();
 
 private:
     class Impl;
+    friend class SaveFileWinDialog; // must end the run of its dialog when it is destroyed
 
     Q_DISABLE_COPY(ExtendedWinFileDialog)
 

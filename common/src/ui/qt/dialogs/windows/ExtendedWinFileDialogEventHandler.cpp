@@ -17,6 +17,12 @@ HRESULT ExtendedWinFileDialog::Impl::ExtendedWinFileDialogEventHandler::create(I
     return S_OK;
 }
 
+void ExtendedWinFileDialog::Impl::ExtendedWinFileDialogEventHandler::forgetOwner(IFileDialogEvents* events)
+{
+    if (events)
+        static_cast<ExtendedWinFileDialogEventHandler*>(events)->m_owner = nullptr;
+}
+
 ExtendedWinFileDialog::Impl::ExtendedWinFileDialogEventHandler::ExtendedWinFileDialogEventHandler(Impl& owner)
     : m_owner(&owner)
 {
@@ -28,7 +34,7 @@ HRESULT ExtendedWinFileDialog::Impl::ExtendedWinFileDialogEventHandler::QueryInt
 {
     const auto offset = reinterpret_cast<char*>(static_cast<IFileDialogControlEvents*>(this))
                         - reinterpret_cast<char*>(static_cast<IFileDialogEvents*>(this));
-    // An int in older SDKs, a DWORD in newer ones.
+    // dwOffset is an int in older SDKs and a DWORD in newer ones.
     const QITAB table[] = {{&IID_IFileDialogEvents, 0},
                            {&IID_IFileDialogControlEvents, static_cast<decltype(QITAB::dwOffset)>(offset)},
                            {nullptr, 0}};
@@ -61,11 +67,14 @@ HRESULT ExtendedWinFileDialog::Impl::ExtendedWinFileDialogEventHandler::OnFolder
 
 HRESULT ExtendedWinFileDialog::Impl::ExtendedWinFileDialogEventHandler::OnFolderChange(IFileDialog* dialog)
 {
+    if (!m_owner)
+        return S_OK;
+    const auto directory = m_owner->m_directory; // outlives an owner that an observer deletes
     IShellItem* folder = nullptr;
     dialog->GetFolder(&folder);
-    const ComPointer<IShellItem> owner = adopt(folder);
+    const ComPointer<IShellItem> reference = adopt(folder);
     if (const auto path = fileSystemPath(folder))
-        m_owner->m_directory->setValue(path->toStdString());
+        directory->setValue(path->toStdString());
     return S_OK;
 }
 
@@ -82,15 +91,19 @@ HRESULT ExtendedWinFileDialog::Impl::ExtendedWinFileDialogEventHandler::OnShareV
 
 HRESULT ExtendedWinFileDialog::Impl::ExtendedWinFileDialogEventHandler::OnTypeChange(IFileDialog* dialog)
 {
+    if (!m_owner)
+        return S_OK;
+    const auto currentFilterIndex = m_owner->m_currentFilterIndex; // as above
     UINT index = 0;
     if (SUCCEEDED(dialog->GetFileTypeIndex(&index)))
-        m_owner->m_currentFilterIndex->setValue(static_cast<int>(index));
-    if (m_owner->m_acceptMode == QFileDialog::AcceptSave)
+        currentFilterIndex->setValue(static_cast<int>(index));
+    if (m_owner && m_owner->m_acceptMode == QFileDialog::AcceptSave)
         replaceExtension(*dialog);
     return S_OK;
 }
 
-/// Under a type that is none of ours the name is left alone.
+/// Gives the typed name the extension of the selected file type. Leaves the name alone if the list of filters does not
+/// contain the type.
 void ExtendedWinFileDialog::Impl::ExtendedWinFileDialogEventHandler::replaceExtension(IFileDialog& dialog) const
 {
     LPWSTR name = nullptr;
@@ -104,7 +117,7 @@ void ExtendedWinFileDialog::Impl::ExtendedWinFileDialogEventHandler::replaceExte
     dialog.SetFileName(zelmar::utf8ToWideString(renamed).c_str());
 }
 
-/// The dialog's own question about overwriting decides.
+/// Leaves the decision to the dialog's own question about overwriting.
 HRESULT ExtendedWinFileDialog::Impl::ExtendedWinFileDialogEventHandler::OnOverwrite(
     IFileDialog* /*dialog*/, IShellItem* /*item*/, FDE_OVERWRITE_RESPONSE* /*response*/)
 {
@@ -122,10 +135,12 @@ HRESULT
 ExtendedWinFileDialog::Impl::ExtendedWinFileDialogEventHandler::OnButtonClicked(IFileDialogCustomize* /*dialog*/,
                                                                                 DWORD control)
 {
+    if (!m_owner)
+        return S_OK;
     const auto found = m_owner->m_buttonCallbacks.find(control);
     if (found != m_owner->m_buttonCallbacks.end()) {
-        const boost::function<void()> action = found->second; // the action may add a button, or end the dialog
-        action();
+        const boost::function<void()> action = found->second; // a copy: the action may change or delete the map
+        action();                                             // Compatibility: empty-action-throws
     }
     return S_OK;
 }
@@ -134,6 +149,8 @@ HRESULT
 ExtendedWinFileDialog::Impl::ExtendedWinFileDialogEventHandler::OnCheckButtonToggled(IFileDialogCustomize* /*dialog*/,
                                                                                      DWORD control, BOOL checked)
 {
+    if (!m_owner)
+        return S_OK;
     const auto found = m_owner->m_checkBoxProperties.find(control);
     if (found != m_owner->m_checkBoxProperties.end()) {
         const boost::shared_ptr<zelmar::PropertyAbstract<bool>> property = found->second;

@@ -4,15 +4,19 @@
 
 #include <atomic>
 
-/// Hears of what the user does in the open native dialog, on the GUI thread within exec(), and puts it into the
-/// dialog's properties and actions. What those throw passes through here.
+/// An event sink that updates the properties of an ExtendedWinFileDialog and runs its actions while the user works in
+/// the native dialog. The dialog calls it on the GUI thread within exec(). Exceptions of observers and actions pass
+/// through it.
 class ExtendedWinFileDialog::Impl::ExtendedWinFileDialogEventHandler : public IFileDialogEvents,
                                                                        public IFileDialogControlEvents
 {
 public:
-    /// Makes a handler for `owner`, which must outlive it, and puts its one reference into `events`. E_OUTOFMEMORY when
-    /// there is no memory left.
+    /// Creates a handler for `owner` and stores its only reference in `events`. Returns E_OUTOFMEMORY when memory is
+    /// exhausted. The native dialog may hold the handler after `owner` has been destroyed: see forgetOwner().
     static HRESULT create(Impl& owner, ComPointer<IFileDialogEvents>& events);
+
+    /// Makes `events`, which create() has made or which is null, ignore all further events.
+    static void forgetOwner(IFileDialogEvents* events);
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override;
     ULONG STDMETHODCALLTYPE AddRef() override;
@@ -40,6 +44,6 @@ private:
 
     void replaceExtension(IFileDialog& dialog) const;
 
-    Impl* const m_owner;
+    Impl* m_owner; // null after forgetOwner()
     std::atomic<LONG> m_refCount{1};
 };

@@ -4,6 +4,7 @@
 #include "platform/utf8ToWideString.h"
 #include "ui/qt/dialogs/rules/nameFilterList.h"
 #include "ui/qt/dialogs/windows/ExtendedWinFileDialogEventHandler.h"
+#include "ui/qt/dialogs/windows/ExtendedWinFileDialogRun.h"
 #include "ui/qt/dialogs/windows/FakeWidget.h"
 #include "ui/qt/dialogs/windows/fileSystemPath.h"
 #include "ui/qt/dialogs/windows/nativeRequest.h"
@@ -15,33 +16,6 @@
 using zelmar::utf8ToWideString;
 
 namespace {
-
-/// Lets `events` hear of what happens in `dialog` for the life of this object.
-class Subscription
-{
-public:
-    Subscription(IFileDialog& dialog, IFileDialogEvents* events)
-        : m_dialog(dialog)
-        , m_subscribed(events && SUCCEEDED(dialog.Advise(events, &m_cookie)))
-    {
-    }
-    ~Subscription()
-    {
-        if (m_subscribed)
-            m_dialog.Unadvise(m_cookie);
-    }
-    Q_DISABLE_COPY(Subscription)
-
-private:
-    IFileDialog& m_dialog;
-    DWORD m_cookie = 0; // before m_subscribed, whose initialiser sets it
-    const bool m_subscribed;
-};
-
-HWND windowOf(const QWidget* widget)
-{
-    return widget ? reinterpret_cast<HWND>(widget->winId()) : nullptr; // NOLINT(performance-no-int-to-ptr): a handle
-}
 
 void appendPath(QStringList& paths, IShellItem* item)
 {
@@ -92,28 +66,39 @@ ExtendedWinFileDialog::Impl::Impl(QWidget* parent, const std::string& caption, c
     }
     if (!m_helpTopic.empty())
         addButton(
-            "&Help", [this] { zelmar::HelpLauncher::getInstance().showHelp(m_helpTopic); }, Prominence::Prominent);
+            "&Help", [topic = m_helpTopic] { zelmar::HelpLauncher::getInstance().showHelp(topic); },
+            Prominence::Prominent);
 }
 
 ExtendedWinFileDialog::Impl::~Impl()
 {
-    CoUninitialize(); // before all else, and whether or not entering succeeded: kept on purpose
+    // Compatibility: apartment-left-first
+    CoUninitialize();
+    if (m_run)
+        m_run->loseOwner();
 }
 
 QDialog::DialogCode ExtendedWinFileDialog::Impl::exec()
 {
-    if (!m_dialog)
+    if (!m_dialog || m_run)
         return QDialog::Rejected;
-    ComPointer<IFileDialogEvents> events;
-    ExtendedWinFileDialogEventHandler::create(*this, events);
-    const Subscription subscription(*m_dialog, events.get());
+    Run run(*this);
+    // Compatibility: prepared-once
     if (!m_prepared)
         prepare();
     m_prepared = true;
-    const HRESULT result = m_dialog->Show(windowOf(m_parent));
+    const HRESULT result = run.show();
+    if (run.isCancelled()) // this object may have been deleted
+        return QDialog::Rejected;
     if (m_useAcceptButtonMenu)
         readSelectedAcceptMenuOption();
     return result == S_OK ? QDialog::Accepted : QDialog::Rejected;
+}
+
+void ExtendedWinFileDialog::Impl::cancelRun()
+{
+    if (m_run)
+        m_run->cancel();
 }
 
 void ExtendedWinFileDialog::Impl::prepare()
@@ -237,9 +222,9 @@ QWidget* ExtendedWinFileDialog::Impl::keep(std::vector<std::unique_ptr<FakeWidge
     return handles.back().get();
 }
 
-/// The values of the items stay, and their numbers are not used again: what was read before keeps its meaning.
 void ExtendedWinFileDialog::Impl::clearAcceptMenuOptions()
 {
+    // Compatibility: cleared-menu-keeps-values
     if (const auto customization = customize())
         for (const auto& handle : m_acceptMenuWidgets)
             customization->RemoveControlItem(m_acceptMenuControlId, handle->itemId());

@@ -4,21 +4,26 @@
 #include "ui/qt/dialogs/windows/ExtendedWinFileDialog.h"
 #include "ui/qt/dialogs/windows/comPointers.h"
 
+#include <QPointer>
+
 #include <map>
 #include <memory>
 #include <vector>
 
-/// The state behind ExtendedWinFileDialog, which is documented there. Without a dialog object, because there is no
-/// apartment or the system makes none, every step that needs one is left out.
+/// The private state of ExtendedWinFileDialog. If the thread cannot enter the apartment or the system cannot create a
+/// dialog object, `m_dialog` is null, and every function skips the steps that need it.
 class ExtendedWinFileDialog::Impl
 {
 public:
     class ExtendedWinFileDialogEventHandler;
     class FakeWidget;
+    class Run;
 
     Impl(QWidget* parent, const std::string& caption, const std::string& directory, const std::string& filter,
          const std::string& helpTopic, QFileDialog::AcceptMode mode, bool useAcceptButtonMenu);
-    /// Leaves the apartment first, and lets the dialog object go last of all members.
+    /// Leaves the apartment first, and releases the dialog object last of all members.
+    ///
+    /// Compatibility: apartment-left-first
     virtual ~Impl();
     Q_DISABLE_COPY(Impl)
 
@@ -30,10 +35,12 @@ public:
     QWidget* addAcceptButtonOption(const std::string& label, int value);
     void clearAcceptMenuOptions();
     void close();
+    /// Makes a running exec() return QDialog::Rejected. Does nothing when none is running.
+    void cancelRun();
 
-    // The order counts: members go from the last to the first.
+    // The order matters, because members are destroyed from the last to the first.
     ComPointer<IFileDialog> m_dialog;
-    QWidget* const m_parent; // may be null
+    const QPointer<QWidget> m_parent; // null without a parent, and once it has been destroyed
     const std::string m_caption;
     const boost::shared_ptr<zelmar::Property<std::string>> m_directory;
     QStringList m_nameFilters;
@@ -43,7 +50,7 @@ public:
     const boost::shared_ptr<zelmar::Property<int>> m_currentFilterIndex; // from 1
     const boost::shared_ptr<zelmar::Property<std::string>> m_selectedFileName;
     bool m_dontConfirmOverwrite = false;
-    DWORD m_nextControlId = 0; // of buttons, check boxes, menu items and the menu itself
+    DWORD m_nextControlId = 0; // shared by buttons, check boxes, menu items and the menu itself
     const bool m_useAcceptButtonMenu;
     DWORD m_acceptMenuControlId = 0;
     std::map<DWORD, boost::function<void()>> m_buttonCallbacks;
@@ -51,8 +58,11 @@ public:
     std::map<DWORD, int> m_acceptMenuOptionValues;
     std::vector<std::unique_ptr<FakeWidget>> m_customControlWidgets;
     std::vector<std::unique_ptr<FakeWidget>> m_acceptMenuWidgets;
-    int m_selectedAcceptMenuOption = 255; // no value that an application would choose
+    int m_selectedAcceptMenuOption = 255; // Compatibility: option-255
     bool m_prepared = false;
+    Run* m_run = nullptr; // null unless exec() is running
+    /// Expires with this object, so that code that borrows the dialog can tell whether it still exists.
+    const std::shared_ptr<const bool> m_life = std::make_shared<const bool>(true);
 
 private:
     enum class Prominence { Ordinary, Prominent };

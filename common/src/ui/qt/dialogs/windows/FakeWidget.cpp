@@ -14,15 +14,15 @@ ExtendedWinFileDialog::Impl::FakeWidget::FakeWidget(IFileDialog* dialog, Kind ki
     , m_controlId(controlId)
     , m_itemId(itemId)
 {
-    setAttribute(Qt::WA_QuitOnClose, false); // a shown handle is no window that keeps the application running
+    setAttribute(Qt::WA_QuitOnClose, false); // a visible handle must not keep the application running
 }
 
 ExtendedWinFileDialog::Impl::FakeWidget::~FakeWidget()
 {
-    setAttribute(Qt::WA_WState_Visible, false); // QWidget has nothing to take from the screen
+    setAttribute(Qt::WA_WState_Visible, false); // otherwise QWidget would hide a window that was never created
 }
 
-/// Keeps the state that Qt keeps and sends the events that Qt sends, without the window that Qt would make.
+/// Updates the same state and sends the same events as QWidget::setVisible(), but creates no window.
 void ExtendedWinFileDialog::Impl::FakeWidget::setVisible(bool visible)
 {
     if (testAttribute(Qt::WA_WState_ExplicitShowHide) && isVisible() == visible)
@@ -61,7 +61,7 @@ void ExtendedWinFileDialog::Impl::FakeWidget::applyControlState(DWORD flag, bool
     const HRESULT read = isItem ? customize->GetControlItemState(m_controlId, m_itemId, &state)
                                 : customize->GetControlState(m_controlId, &state);
     if (FAILED(read))
-        return; // written back, a state that was not read would switch the other bit off
+        return; // writing back a state that was not read would clear the other bit
     const auto bits = static_cast<DWORD>(state);
     state = static_cast<CDCONTROLSTATEF>(on ? bits | flag : bits & ~flag);
     if (isItem)

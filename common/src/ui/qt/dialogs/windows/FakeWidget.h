@@ -4,20 +4,22 @@
 
 #include <QWidget>
 
-/// The handle of a control in the native dialog: shown, hidden, enabled and disabled, it makes the control so. It is a
-/// widget in its dealings with the caller only, and never gets a window.
+/// A handle for a control of the native dialog. Showing, hiding, enabling or disabling the handle does the same to the
+/// control. The handle is a QWidget for the caller's convenience only and never gets a window.
 class ExtendedWinFileDialog::Impl::FakeWidget : public QWidget
 {
 public:
     enum class Kind { PushButton = 0, CheckButton = 1, AcceptMenuItem = 2 };
 
-    /// Borrows `dialog`, which may be null. `itemId` counts for a menu item only; `controlId` is then the menu's.
+    /// Borrows `dialog`, which may be null and must outlive the handle otherwise. A menu item has the id `itemId` in
+    /// the menu `controlId`; other controls ignore `itemId`.
     FakeWidget(IFileDialog* dialog, Kind kind, DWORD controlId, DWORD itemId);
     ~FakeWidget() override;
 
     DWORD itemId() const { return m_itemId; }
 
-    /// Shows or hides the control; hiding counts from the start, too, when the control is seen and the handle is not.
+    /// Shows or hides the control. A handle that was never shown can still hide its control, which is visible from the
+    /// start.
     void setVisible(bool visible) override;
 
 protected:

@@ -15,70 +15,79 @@ namespace zelmar {
 class SaveFileMessageHandlerInterface;
 }
 
-/// The save flow of SaveFileQtDialog, run on the system's own file dialog: it appends the extension of the chosen
-/// filter to a name without one, asks before an existing file is replaced, and proves that the place can be written.
+/// A save flow like SaveFileQtDialog, run on the file dialog of the operating system. It appends the extension of the
+/// selected filter to a name without an extension, asks before the caller would overwrite an existing file, and checks
+/// that the file can be written.
 ///
 ///     SaveFileWinDialog dialog(window, "Save run", "", "run1", {"Data files (*.dat)", "Tables (*.csv)"}, 0, "");
 ///     if (dialog.launch())
 ///         writers[dialog.selectedWriter()]->write(dialog.selectedFilename());
 ///
-/// Applications that leave the kind of dialog to the user's platform take SaveFileDialog.
+/// Applications that run on several platforms use SaveFileDialog.
 ///
 /// Known traps:
-/// - the traps of SaveFileQtDialog: the caller's write may still fail, and filters should name one extension each;
-/// - the system's dialog stays allocated when this object goes, on purpose: nothing else owns it, and a derived class
-///   may have handed it out. An application that saves now and then does not notice;
-/// - the questions have the parent widget as theirs: the system's dialog has closed by then, and is no widget.
+/// - The traps of SaveFileQtDialog apply: writing may still fail, and each filter should name exactly one extension.
+/// - The file dialog stays allocated when this object is destroyed, because a derived class may have handed it out. An
+///   application that saves now and then does not notice.
+/// - The questions have the parent widget as their parent. The file dialog is not a widget, and has already closed.
 ///
-/// Texts and names are UTF-8. GUI thread only.
+/// Strings are UTF-8. Use on the GUI thread only.
+///
+/// Kept for existing callers, see docs/compatibility.md: native-dialog-outlives-the-flow.
 class COMMON_UI_QT_EXPORT SaveFileWinDialog : public QObject
 {
 public:
-    /// A dialog over `parent` (null for none) with the title `caption`, which is the title of all questions too, in
-    /// the folder `directory` (empty: the default folder), with `defaultFileName` preselected and one `filter` in
-    /// QFileDialog's syntax, or several joined by ";;". A `helpTopic` that is not empty adds a Help button. The
-    /// questions are worded by a zelmar::DefaultSaveFileMessageHandler.
+    /// Creates a save flow over `parent`, which may be null. `caption` is the title of the dialog and of all questions.
+    /// The dialog starts in `directory`, or in the default folder if that is empty, with `defaultFileName` preselected.
+    /// `filter` holds one name filter in QFileDialog's syntax, or several joined by ";;". A non-empty `helpTopic` adds
+    /// a Help button. A zelmar::DefaultSaveFileMessageHandler words the questions.
     SaveFileWinDialog(QWidget* parent, const std::string& caption, const std::string& directory,
                       const std::string& defaultFileName, const std::string& filter, const std::string& helpTopic);
 
-    /// The same with questions worded by `messageHandler`, which must not be null.
+    /// Creates the same flow with `messageHandler`, which must not be null, to word the questions.
     SaveFileWinDialog(QWidget* parent, const std::string& caption, const std::string& directory,
                       const std::string& defaultFileName, const std::string& filter, const std::string& helpTopic,
                       std::unique_ptr<zelmar::SaveFileMessageHandlerInterface> messageHandler);
 
-    /// A dialog with one filter for each of the caller's writers; the one at `selectedFilter` (from 0) is preselected.
-    /// There must be one at least, and `selectedFilter` must be the index of one.
+    /// Creates a flow with one name filter for each of the caller's writers. `filters` must not be empty, and
+    /// `selectedFilter` must be a valid index (from 0) into it; it is the filter that is preselected.
     SaveFileWinDialog(QWidget* parent, const std::string& caption, const std::string& directory,
                       const std::string& defaultFileName, const std::vector<std::string>& filters, int selectedFilter,
                       const std::string& helpTopic);
 
-    /// The same with questions worded by `messageHandler`, which must not be null.
+    /// Creates the same flow with `messageHandler`, which must not be null, to word the questions.
     SaveFileWinDialog(QWidget* parent, const std::string& caption, const std::string& directory,
                       const std::string& defaultFileName, const std::vector<std::string>& filters, int selectedFilter,
                       const std::string& helpTopic,
                       std::unique_ptr<zelmar::SaveFileMessageHandlerInterface> messageHandler);
 
-    /// Destroys the message handler, and leaves the file dialog alone.
+    /// Destroys the message handler, but not the file dialog. Ends a running launch(), see there.
     ~SaveFileWinDialog() override;
 
-    /// Runs the dialog and its questions modally. True when there is a name that may be written, see
-    /// selectedFilename(); false when the user cancelled or gave up. May be called again: the dialog comes back with
-    /// the folder and the selection that it was left with.
+    /// Runs the file dialog and the questions modally. Returns true when selectedFilename() may be written, and false
+    /// when the user cancels or gives up. May be called again; the dialog then starts with the folder and the selection
+    /// that it had when it closed.
+    ///
+    /// The flow and its parent may be deleted while launch() runs: while the dialog or a question is open, and by the
+    /// functions of the message handler. The open window then closes, and launch() returns false without touching a
+    /// deleted object. launch() also returns false when the application quits, when the parent was destroyed before the
+    /// call, and, without doing anything, when it is running already.
     virtual bool launch();
 
-    /// The chosen name, absolute, with its extension. Only to be used after launch() has returned true; later it is
-    /// the name of the last round in which the dialog was accepted.
+    /// Returns the chosen absolute path, extension included. Valid after launch() has returned true. Afterwards it
+    /// holds the path of the last accepted dialog, even if launch() then returned false.
     std::string selectedFilename() const;
 
-    /// The filter that is selected in the dialog now.
+    /// Returns the name filter that is selected in the dialog now.
     std::string selectedFilter() const;
 
-    /// The index (from 0) of that filter in the list of filters, and so of the caller's writer; -1 when it is not in
-    /// the list. Of equal filters, the first.
+    /// Returns the index (from 0) of that filter in the list of filters, which is also the index of the caller's
+    /// writer. Returns the first of several equal filters, and -1 when the list does not contain the filter.
     int selectedWriter() const;
 
 protected:
-    /// The file dialog, for a derived class to adjust before launch().
+    /// Returns the file dialog, which a derived class may configure before launch(). Returns null after somebody has
+    /// deleted the dialog that a derived class handed out; launch() then returns false.
     ExtendedWinFileDialog* dialog();
 
 private:

@@ -6,7 +6,7 @@
 
 #include <memory>
 
-// Holders that give back what the shell hands out.
+// Owners of references and memory that the shell hands out.
 
 inline void intrusive_ptr_add_ref(IUnknown* object)
 {
@@ -18,18 +18,18 @@ inline void intrusive_ptr_release(IUnknown* object)
     object->Release();
 }
 
-/// One counted reference to an object.
+/// Holds one reference to a COM object and releases it at its end.
 template <typename Interface>
 using ComPointer = boost::intrusive_ptr<Interface>;
 
-/// Takes over the reference that an operation has put into an output argument; it may be null.
+/// Takes ownership of the reference that a call has put into an output argument, which may be null.
 template <typename Interface>
 ComPointer<Interface> adopt(Interface* counted)
 {
     return ComPointer<Interface>(counted, false);
 }
 
-/// Another interface of `object`; null when there is none, or no object.
+/// Returns another interface of `object`. Null when the object does not have it, or is null itself.
 template <typename Interface>
 ComPointer<Interface> queryFor(REFIID iid, IUnknown* object)
 {
@@ -44,5 +44,5 @@ struct TaskMemoryDeleter
     void operator()(void* memory) const { CoTaskMemFree(memory); }
 };
 
-/// A text that was allocated by whoever handed it out.
+/// Owns a string that the called object allocated with CoTaskMemAlloc().
 using TaskText = std::unique_ptr<wchar_t, TaskMemoryDeleter>;

@@ -8,6 +8,6 @@
 
 struct IShellItem;
 
-/// The path of `item` (null is none), in the form that the system gives it; nothing when it has no place in the file
-/// system.
+/// Returns the file system path of `item` in the system's own form. Empty when the item is null or lies outside of the
+/// file system.
 COMMON_UI_QT_INTERNAL_EXPORT std::optional<QString> fileSystemPath(IShellItem* item);

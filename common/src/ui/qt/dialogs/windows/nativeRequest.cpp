@@ -39,7 +39,7 @@ std::string startFolder(const std::string& directory)
             return {};
         return genericUtf8(type == boost::filesystem::directory_file ? path : path.parent_path());
     } catch (const boost::filesystem::filesystem_error&) {
-        return {}; // the dialog then starts where the system likes
+        return {}; // the system chooses the folder
     }
 }
 

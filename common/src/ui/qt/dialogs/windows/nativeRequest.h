@@ -11,30 +11,33 @@
 #include <utility>
 #include <vector>
 
-// What is asked of the native dialog, translated before anything is asked.
+// Pure functions that translate a request into the terms of the native dialog.
 
-/// `options` with the bits for folders, existing files, several files and the question about overwriting set or
-/// cleared; all others stay. QFileDialog::DirectoryOnly counts as AnyFile on purpose.
+/// Returns `options` with the bits for folders, existing files, several files and the overwrite question set or
+/// cleared, and all other bits unchanged. QFileDialog::DirectoryOnly counts as AnyFile.
+///
+/// Compatibility: directory-only-is-any-file
 COMMON_UI_QT_INTERNAL_EXPORT FILEOPENDIALOGOPTIONS nativeOptions(FILEOPENDIALOGOPTIONS options,
                                                                  QFileDialog::FileMode mode, bool confirmOverwrite);
 
-/// `directory` (UTF-8) as the shell wants it, with backslashes for slashes.
+/// Converts a directory (UTF-8) into the shell's form, with backslashes instead of slashes.
 COMMON_UI_QT_INTERNAL_EXPORT std::wstring nativeFolder(const std::string& directory);
 
-/// The folder that a start directory (UTF-8) stands for: itself, or that of an existing file, with slashes. Empty when
-/// there is no such thing, or it cannot be looked at.
+/// Returns the folder in which a dialog opens whose caller asks for `directory` (UTF-8): the directory itself, or the
+/// parent folder of an existing file, with slashes as separators. Empty when nothing is there or the file system
+/// reports an error.
 COMMON_UI_QT_INTERNAL_EXPORT std::string startFolder(const std::string& directory);
 
-/// What a menu item stands for; `otherwise` for an item that is not in the map.
+/// Returns the option value of a menu item, or `otherwise` for an item that is not in the map.
 COMMON_UI_QT_INTERNAL_EXPORT int optionValue(const std::map<DWORD, int>& values, DWORD item, int otherwise);
 
-/// Name filters as file types.
+/// A list of the native dialog's file types, made from name filters.
 class COMMON_UI_QT_INTERNAL_EXPORT NativeFileTypes
 {
 public:
     explicit NativeFileTypes(const QStringList& nameFilters);
 
-    /// Pairs of name and pattern, whose texts live as long as this object.
+    /// Returns pairs of name and pattern. The strings that they point to live as long as this object.
     std::vector<COMDLG_FILTERSPEC> specs() const;
 
 private:

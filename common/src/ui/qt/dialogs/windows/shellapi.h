@@ -1,10 +1,10 @@
 #pragma once
 
-/// The one switch between the shell's own interfaces and ours: the SDK's headers on Windows, and elsewhere declarations
-/// of what the native dialog uses, under the same names, with the same order of operations and the same values.
+/// Includes the shell's interfaces: on Windows the SDK's headers, elsewhere the library's own declarations of the
+/// interfaces that the native dialog uses. Names, values and the order of virtual functions are the same.
 ///
-/// For whoever puts a dialog object of their own in the place of the system's: register a class object with
-/// CoRegisterClassObject(), on every platform in the same way.
+/// An application can replace the system's dialog by its own object on every platform: it registers a class object with
+/// CoRegisterClassObject().
 
 #ifdef _WIN32
 

@@ -10,6 +10,8 @@
 #include <cstring>
 #include <limits>
 
+using zelmar::appendShortestText;
+
 namespace {
 
 QString shortestText(double value)
@@ -42,11 +44,11 @@ private Q_SLOTS:
     void anyBits();
     void allMagnitudes();
     void fewDigits();
-    void wholeNumbers();
+    void integers();
 
 private:
-    /// Whether the text of `value`, and of its negative, is the one that a variant has.
-    static bool isAsInAVariant(double value)
+    /// Returns whether the texts of `value` and of its negative are those of QVariant::toString().
+    static bool agreesWithQVariant(double value)
     {
         return shortestText(value) == QVariant(value).toString() && shortestText(-value) == QVariant(-value).toString();
     }
@@ -66,18 +68,19 @@ void tst_appendShortestText::texts_data()
 
     QTest::newRow("zero") << 0.0 << "0";
     QTest::newRow("negative zero has no sign") << -0.0 << "0";
-    QTest::newRow("whole") << 42.0 << "42";
+    QTest::newRow("integer") << 42.0 << "42";
     QTest::newRow("fraction") << -0.1 << "-0.1";
     QTest::newRow("all digits") << 1.0 / 3 << "0.3333333333333333";
     QTest::newRow("smallest without an exponent") << 0.0001 << "0.0001";
-    QTest::newRow("next below it") << std::nextafter(0.0001, 0) << "9.999999999999999e-05";
+    QTest::newRow("next below the smallest without an exponent")
+        << std::nextafter(0.0001, 0) << "9.999999999999999e-05";
     QTest::newRow("five zeros") << 100000.0 << "100000";
     QTest::newRow("six zeros") << 1000000.0 << "1e+06";
-    QTest::newRow("five zeros behind many digits") << 12345600000.0 << "12345600000";
-    QTest::newRow("six zeros behind many digits") << 12345000000.0 << "1.2345e+10";
-    QTest::newRow("six zeros in front of a fraction") << 1000000.5 << "1000000.5";
-    QTest::newRow("whole with all digits") << 9007199254740993.0 << "9007199254740992";
-    QTest::newRow("whole beyond all digits") << 1e22 / 7 << "1428571428571428700000";
+    QTest::newRow("five zeros after many digits") << 12345600000.0 << "12345600000";
+    QTest::newRow("six zeros after many digits") << 12345000000.0 << "1.2345e+10";
+    QTest::newRow("six zeros before a fraction") << 1000000.5 << "1000000.5";
+    QTest::newRow("integer with all digits") << 9007199254740993.0 << "9007199254740992";
+    QTest::newRow("integer with more digits than a double holds") << 1e22 / 7 << "1428571428571428700000";
     QTest::newRow("largest fraction") << std::nextafter(4503599627370496.0, 0) << "4503599627370495.5";
     QTest::newRow("smallest double") << 5e-324 << "5e-324";
     QTest::newRow("smallest with all digits") << DBL_MIN << "2.2250738585072014e-308";
@@ -105,7 +108,7 @@ void tst_appendShortestText::appends()
     QCOMPARE(text, QStringLiteral("0.5\t-1e-071e+09"));
 }
 
-/// The doubles beside each power of ten and of two, where notations and numbers of digits change.
+/// Tests the neighbours of each power of ten and of two, where the notation or the number of digits changes.
 void tst_appendShortestText::bounds()
 {
     std::vector<double> values;
@@ -115,7 +118,7 @@ void tst_appendShortestText::bounds()
         values.push_back(std::ldexp(1.0, exponent));
     for (const double value : values) {
         for (const double neighbour : {std::nextafter(value, 0), value, std::nextafter(value, HUGE_VAL)})
-            QVERIFY2(isAsInAVariant(neighbour), qPrintable(QVariant(neighbour).toString()));
+            QVERIFY2(agreesWithQVariant(neighbour), qPrintable(QVariant(neighbour).toString()));
     }
 }
 
@@ -123,7 +126,7 @@ void tst_appendShortestText::anyBits()
 {
     for (int i = 0; i < 300000; ++i) {
         const double value = doubleOfBits(m_random.generate64());
-        QVERIFY2(isAsInAVariant(value), qPrintable(QVariant(value).toString()));
+        QVERIFY2(agreesWithQVariant(value), qPrintable(QVariant(value).toString()));
     }
 }
 
@@ -131,7 +134,7 @@ void tst_appendShortestText::allMagnitudes()
 {
     for (int i = 0; i < 300000; ++i) {
         const double value = std::pow(10, m_random.generateDouble() * 30 - 10);
-        QVERIFY2(isAsInAVariant(value), qPrintable(QVariant(value).toString()));
+        QVERIFY2(agreesWithQVariant(value), qPrintable(QVariant(value).toString()));
     }
 }
 
@@ -139,15 +142,15 @@ void tst_appendShortestText::fewDigits()
 {
     for (int i = 0; i < 300000; ++i) {
         const double value = m_random.bounded(100000) / std::pow(10, m_random.bounded(12));
-        QVERIFY2(isAsInAVariant(value), qPrintable(QVariant(value).toString()));
+        QVERIFY2(agreesWithQVariant(value), qPrintable(QVariant(value).toString()));
     }
 }
 
-void tst_appendShortestText::wholeNumbers()
+void tst_appendShortestText::integers()
 {
     for (int i = 0; i < 300000; ++i) {
         const double value = std::trunc(std::pow(10, m_random.bounded(12.0))) * std::pow(10, m_random.bounded(9));
-        QVERIFY2(isAsInAVariant(value), qPrintable(QVariant(value).toString()));
+        QVERIFY2(agreesWithQVariant(value), qPrintable(QVariant(value).toString()));
     }
 }
 

@@ -10,6 +10,10 @@
 #include <cmath>
 #include <limits>
 
+using zelmar::NumberReading;
+using zelmar::NumberRules;
+using zelmar::readNumber;
+
 namespace {
 
 NumberRules inRange(double minimum, double maximum)
@@ -60,19 +64,19 @@ private Q_SLOTS:
 
     void states_data();
     void states();
-    void removesWhatIsAroundTheNumber_data();
-    void removesWhatIsAroundTheNumber();
+    void stripsPrefixSuffixAndWhiteSpace_data();
+    void stripsPrefixSuffixAndWhiteSpace();
     void movesTheCursor_data();
     void movesTheCursor();
-    void valueOfWhatIsNotAcceptable_data();
-    void valueOfWhatIsNotAcceptable();
-    void givesTheLastAnswerAgain();
-    void keepsTheTextWithoutItsCommas();
-    void emptyTextIsAlwaysRead();
-    void takesAnyText_data();
-    void takesAnyText();
+    void valueOfUnacceptableText_data();
+    void valueOfUnacceptableText();
+    void returnsTheCachedResultForTheSameText();
+    void cachesTheTextWithoutItsCommas();
+    void emptyTextIsNeverCached();
+    void survivesAnyText_data();
+    void survivesAnyText();
     void doesNotDependOnTheLocale();
-    void isTheLiteralReading();
+    void agreesWithTheLiteralRules();
 };
 
 void tst_readNumber::cleanup()
@@ -93,7 +97,7 @@ void tst_readNumber::states_data()
     // clang-format off
     QTest::newRow("empty") << "" << anyDouble << intermediate;
     QTest::newRow("empty, range of one number") << "" << fixed << invalid;
-    QTest::newRow("blanks only") << "  " << anyDouble << intermediate;
+    QTest::newRow("white space only") << "  " << anyDouble << intermediate;
     QTest::newRow("point") << "." << anyDouble << intermediate;
     QTest::newRow("plus") << "+" << anyDouble << intermediate;
     QTest::newRow("minus") << "-" << anyDouble << intermediate;
@@ -110,9 +114,9 @@ void tst_readNumber::states_data()
 
     QTest::newRow("comma") << "," << anyDouble << invalid;
     QTest::newRow("comma first") << ",5" << anyDouble << invalid;
-    QTest::newRow("comma behind the point") << "1.2,3" << anyDouble << invalid;
-    QTest::newRow("blank behind the point") << "1. 2" << anyDouble << invalid;
-    QTest::newRow("tab behind the point") << "1.\t2" << anyDouble << invalid;
+    QTest::newRow("comma after the point") << "1.2,3" << anyDouble << invalid;
+    QTest::newRow("blank after the point") << "1. 2" << anyDouble << invalid;
+    QTest::newRow("tab after the point") << "1.\t2" << anyDouble << invalid;
     QTest::newRow("comma at the end") << "1," << anyDouble << intermediate;
     QTest::newRow("two commas at the end") << "1,," << anyDouble << invalid;
     QTest::newRow("blank and comma at the end") << "1 ," << anyDouble << invalid;
@@ -126,9 +130,9 @@ void tst_readNumber::states_data()
     QTest::newRow("plus sign") << "+5" << anyDouble << acceptable;
     QTest::newRow("no integral part") << ".5" << anyDouble << acceptable;
     QTest::newRow("no fraction") << "5." << anyDouble << acceptable;
-    QTest::newRow("groups where they belong") << "1,234.5" << anyDouble << acceptable;
-    QTest::newRow("groups where they belong, small range") << "1,234" << small << invalid;
-    QTest::newRow("groups elsewhere") << "12,34" << anyDouble << intermediate;
+    QTest::newRow("well-placed groups") << "1,234.5" << anyDouble << acceptable;
+    QTest::newRow("well-placed groups, small range") << "1,234" << small << invalid;
+    QTest::newRow("misplaced groups") << "12,34" << anyDouble << intermediate;
     QTest::newRow("decimal comma") << "1,5" << anyDouble << intermediate;
     QTest::newRow("decimal comma, small range") << "1,5" << small << invalid;
     QTest::newRow("decimal comma, maximum of 1000") << "1,5" << inRange(-5, 1000) << intermediate;
@@ -137,8 +141,8 @@ void tst_readNumber::states_data()
     QTest::newRow("two commas side by side") << "1,,234" << anyDouble << invalid;
     QTest::newRow("comma in the exponent") << "1e1,0" << anyDouble << intermediate;
     QTest::newRow("decimal comma beyond the range") << "9,99,9" << positive << invalid;
-    QTest::newRow("decimal comma, may become a number") << "0,5" << inRange(10, 1500) << intermediate;
-    QTest::newRow("commas and no number") << "1,x" << anyDouble << invalid;
+    QTest::newRow("decimal comma, can grow into the range") << "0,5" << inRange(10, 1500) << intermediate;
+    QTest::newRow("comma in a text that is no number") << "1,x" << anyDouble << invalid;
     QTest::newRow("letters") << "abc" << anyDouble << invalid;
     QTest::newRow("exponent without digits") << "1e" << anyDouble << invalid;
     QTest::newRow("hexadecimal") << "0x10" << anyDouble << invalid;
@@ -148,7 +152,7 @@ void tst_readNumber::states_data()
     QTest::newRow("not a number, range of one number") << "nan" << fixed << invalid;
     QTest::newRow("infinity") << "inf" << anyDouble << invalid;
     QTest::newRow("infinity in an infinite range") << "inf" << inRange(-HUGE_VAL, HUGE_VAL) << acceptable;
-    QTest::newRow("typographic minus, with its meaning") << QStringLiteral(u"\u22125") << anyDouble << acceptable;
+    QTest::newRow("typographic minus is a minus") << QStringLiteral(u"\u22125") << anyDouble << acceptable;
     QTest::newRow("typographic minus, positive range") << QStringLiteral(u"\u22125") << positive << invalid;
     QTest::newRow("Arabic digit") << QStringLiteral(u"\u0663") << anyDouble << invalid;
 
@@ -156,11 +160,11 @@ void tst_readNumber::states_data()
     QTest::newRow("at the maximum") << "2000" << positive << acceptable;
     QTest::newRow("above the maximum") << "2000.5" << positive << invalid;
     QTest::newRow("below a negative minimum") << "-2000.5" << negative << invalid;
-    QTest::newRow("the one number") << "5.0" << fixed << acceptable;
-    QTest::newRow("not the one number") << "4" << fixed << invalid;
-    QTest::newRow("below the minimum, may become a number") << "5" << inRange(100, 2000) << intermediate;
-    QTest::newRow("below the minimum, cannot") << "33" << inRange(100, 122) << invalid;
-    QTest::newRow("above a negative maximum, may become a number") << "-5" << inRange(-2000, -100) << intermediate;
+    QTest::newRow("range of one number, that number") << "5.0" << fixed << acceptable;
+    QTest::newRow("range of one number, another number") << "4" << fixed << invalid;
+    QTest::newRow("below the minimum, can grow into the range") << "5" << inRange(100, 2000) << intermediate;
+    QTest::newRow("below the minimum, cannot grow into the range") << "33" << inRange(100, 122) << invalid;
+    QTest::newRow("above a negative maximum, can grow into the range") << "-5" << inRange(-2000, -100) << intermediate;
     QTest::newRow("negative number, positive range") << "-5" << positive << invalid;
     QTest::newRow("positive number, negative range") << "5" << negative << invalid;
     // clang-format on
@@ -178,7 +182,7 @@ void tst_readNumber::states()
     QCOMPARE(cache.state, state);
 }
 
-void tst_readNumber::removesWhatIsAroundTheNumber_data()
+void tst_readNumber::stripsPrefixSuffixAndWhiteSpace_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<NumberRules>("rules");
@@ -188,27 +192,27 @@ void tst_readNumber::removesWhatIsAroundTheNumber_data()
     const NumberRules dollars = withAffixes(QStringLiteral("$ "), QStringLiteral(" k"));
     const NumberRules special = withAffixes(QStringLiteral("1"), QStringLiteral("2"), QStringLiteral("152"));
     // clang-format off
-    QTest::newRow("both") << "$ 5 k" << dollars << acceptable << "$ 5 k";
+    QTest::newRow("prefix and suffix") << "$ 5 k" << dollars << acceptable << "$ 5 k";
     QTest::newRow("prefix only") << "$ 5" << dollars << acceptable << "$ 5 k";
     QTest::newRow("suffix only") << "5 k" << dollars << acceptable << "$ 5 k";
-    QTest::newRow("none") << "5" << dollars << acceptable << "$ 5 k";
+    QTest::newRow("neither") << "5" << dollars << acceptable << "$ 5 k";
     QTest::newRow("blanks in front of the prefix") << " $ 5 k" << dollars << invalid << "$ $ 5 k";
     QTest::newRow("blanks around the number") << "$   5   k" << dollars << acceptable << "$ 5 k";
-    QTest::newRow("nothing between") << "$  k" << dollars << intermediate << "$  k";
-    QTest::newRow("other case") << "$ 5 K" << dollars << invalid << "$ 5 K k";
-    QTest::newRow("twice") << "$ $ 5 k" << dollars << invalid << "$ $ 5 k";
+    QTest::newRow("empty between prefix and suffix") << "$  k" << dollars << intermediate << "$  k";
+    QTest::newRow("suffix in another case") << "$ 5 K" << dollars << invalid << "$ 5 K k";
+    QTest::newRow("prefix twice") << "$ $ 5 k" << dollars << invalid << "$ $ 5 k";
     QTest::newRow("prefix and suffix that overlap")
         << "abc" << withAffixes(QStringLiteral("ab"), QStringLiteral("bc")) << invalid << "abcbc";
-    QTest::newRow("the special text keeps them") << "152" << special << acceptable << "11522";
-    QTest::newRow("another text does not") << "162" << special << acceptable << "162";
-    QTest::newRow("special text that is no number")
+    QTest::newRow("special-value text keeps prefix and suffix") << "152" << special << acceptable << "11522";
+    QTest::newRow("another text is stripped") << "162" << special << acceptable << "162";
+    QTest::newRow("special-value text that is no number")
         << "Auto" << withAffixes(QString(), QString(), QStringLiteral("Auto")) << invalid << "Auto";
-    QTest::newRow("commas that were removed") << "$ 1,23 k" << dollars << intermediate << "$ 123 k";
-    QTest::newRow("commas that belong there stay") << "$ 1,234 k" << dollars << acceptable << "$ 1,234 k";
+    QTest::newRow("misplaced commas") << "$ 1,23 k" << dollars << intermediate << "$ 123 k";
+    QTest::newRow("well-placed commas stay") << "$ 1,234 k" << dollars << acceptable << "$ 1,234 k";
     // clang-format on
 }
 
-void tst_readNumber::removesWhatIsAroundTheNumber()
+void tst_readNumber::stripsPrefixSuffixAndWhiteSpace()
 {
     QFETCH(QString, text);
     QFETCH(NumberRules, rules);
@@ -230,17 +234,17 @@ void tst_readNumber::movesTheCursor_data()
     const int most = std::numeric_limits<int>::max();
     const int least = std::numeric_limits<int>::min();
     // clang-format off
-    QTest::newRow("no reason to") << "12.5" << 2 << 2 << acceptable << "12.5";
+    QTest::newRow("nothing to remove") << "12.5" << 2 << 2 << acceptable << "12.5";
     QTest::newRow("blanks around the number") << "  12 " << 4 << 1 << acceptable << "12";
-    QTest::newRow("even below 0") << "  12 " << 1 << -2 << acceptable << "12";
-    QTest::newRow("not below the smallest int") << "  12 " << least << least << acceptable << "12";
-    QTest::newRow("commas that are removed") << "1,2,3" << 5 << 3 << intermediate << "123";
-    QTest::newRow("not below 0") << "1,2,3" << 1 << 0 << intermediate << "123";
-    QTest::newRow("from the largest int") << "1,2,3" << most << most - 2 << intermediate << "123";
-    QTest::newRow("from the smallest int") << "1,2,3" << least << 0 << intermediate << "123";
-    QTest::newRow("point on a point is moved over") << "1..5" << 2 << 2 << acceptable << "1.5";
-    QTest::newRow("only if the cursor stands there") << "1..5" << 3 << 3 << invalid << "1..5";
-    QTest::newRow("only the second one") << "1...5" << 2 << 2 << invalid << "1..5";
+    QTest::newRow("white space moves it below 0") << "  12 " << 1 << -2 << acceptable << "12";
+    QTest::newRow("but not below the smallest int") << "  12 " << least << least << acceptable << "12";
+    QTest::newRow("removed commas") << "1,2,3" << 5 << 3 << intermediate << "123";
+    QTest::newRow("removed commas do not move it below 0") << "1,2,3" << 1 << 0 << intermediate << "123";
+    QTest::newRow("removed commas, from the largest int") << "1,2,3" << most << most - 2 << intermediate << "123";
+    QTest::newRow("removed commas, from the smallest int") << "1,2,3" << least << 0 << intermediate << "123";
+    QTest::newRow("point typed in front of a point") << "1..5" << 2 << 2 << acceptable << "1.5";
+    QTest::newRow("two points, cursor elsewhere") << "1..5" << 3 << 3 << invalid << "1..5";
+    QTest::newRow("three points: only the second is removed") << "1...5" << 2 << 2 << invalid << "1..5";
     QTest::newRow("two points alone") << ".." << 1 << 1 << invalid << ".";
     // clang-format on
 }
@@ -259,7 +263,7 @@ void tst_readNumber::movesTheCursor()
     QCOMPARE(last.text, kept);
 }
 
-void tst_readNumber::valueOfWhatIsNotAcceptable_data()
+void tst_readNumber::valueOfUnacceptableText_data()
 {
     QTest::addColumn<NumberRules>("rules");
     QTest::addColumn<double>("value");
@@ -271,7 +275,7 @@ void tst_readNumber::valueOfWhatIsNotAcceptable_data()
     QTest::newRow("negative range") << inRange(-7, -3) << -3.0;
 }
 
-void tst_readNumber::valueOfWhatIsNotAcceptable()
+void tst_readNumber::valueOfUnacceptableText()
 {
     QFETCH(NumberRules, rules);
     QFETCH(double, value);
@@ -279,12 +283,12 @@ void tst_readNumber::valueOfWhatIsNotAcceptable()
         QCOMPARE(read(QString::fromLatin1(text), rules).value, value);
 }
 
-void tst_readNumber::givesTheLastAnswerAgain()
+void tst_readNumber::returnsTheCachedResultForTheSameText()
 {
     NumberReading last;
     int position = 0;
     readNumber(QStringLiteral("50"), position, inRange(0, 100), last);
-    // Whatever the range is by now.
+    // The cached result is returned although the range has changed.
     QCOMPARE(readNumber(QStringLiteral("50"), position, inRange(0, 10), last).state, acceptable);
     QCOMPARE(last.value, 50.0);
     QCOMPARE(readNumber(QStringLiteral("51"), position, inRange(0, 10), last).state, invalid);
@@ -292,21 +296,21 @@ void tst_readNumber::givesTheLastAnswerAgain()
     QCOMPARE(last.value, 0.0);
 }
 
-void tst_readNumber::keepsTheTextWithoutItsCommas()
+void tst_readNumber::cachesTheTextWithoutItsCommas()
 {
     NumberReading last;
     int position = 0;
     QCOMPARE(readNumber(QStringLiteral("1,23"), position, anyDouble, last).state, intermediate);
     QCOMPARE(last.text, QStringLiteral("123"));
-    // So it is not a number right after that ...
+    // The cached text is found, so "123" is only Intermediate right after that ...
     QCOMPARE(readNumber(QStringLiteral("123"), position, anyDouble, last).state, intermediate);
     QCOMPARE(last.value, -DBL_MAX);
-    // ... and is one again later.
+    // ... and Acceptable again after another text was read.
     readNumber(QStringLiteral("12"), position, anyDouble, last);
     QCOMPARE(readNumber(QStringLiteral("123"), position, anyDouble, last).value, 123.0);
 }
 
-void tst_readNumber::emptyTextIsAlwaysRead()
+void tst_readNumber::emptyTextIsNeverCached()
 {
     NumberReading last;
     int position = 0;
@@ -315,7 +319,7 @@ void tst_readNumber::emptyTextIsAlwaysRead()
     QCOMPARE(readNumber(QString(), position, inRange(5, 5), last).state, invalid);
 }
 
-void tst_readNumber::takesAnyText_data()
+void tst_readNumber::survivesAnyText_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QValidator::State>("state");
@@ -324,23 +328,23 @@ void tst_readNumber::takesAnyText_data()
     const QString half(QChar(0xd83d));
     // clang-format off
     QTest::newRow("10,000 digits, too large") << QString(10000, QLatin1Char('1')) << invalid;
-    QTest::newRow("10,000 digits behind the point") << QStringLiteral("0.") + QString(10000, QLatin1Char('1')) << acceptable;
+    QTest::newRow("10,000 digits after the point") << QStringLiteral("0.") + QString(10000, QLatin1Char('1')) << acceptable;
     QTest::newRow("10,000 zeros") << QString(10000, QLatin1Char('0')) << acceptable;
     QTest::newRow("10,000 blanks") << QString(10000, QLatin1Char(' ')) << intermediate;
     QTest::newRow("10,000 commas") << QString(10000, QLatin1Char(',')) << invalid;
     QTest::newRow("10,000 points") << QString(10000, QLatin1Char('.')) << invalid;
     QTest::newRow("10,000 digits and commas") << QStringLiteral("0,").repeated(5000) << intermediate;
     QTest::newRow("a NUL") << nul << invalid;
-    QTest::newRow("a NUL behind a digit") << QStringLiteral("1") + nul << invalid;
+    QTest::newRow("a NUL after a digit") << QStringLiteral("1") + nul << invalid;
     QTest::newRow("a NUL between digits") << QStringLiteral("1") + nul + QStringLiteral("2") << invalid;
-    QTest::newRow("half a letter") << half << invalid;
-    QTest::newRow("half a letter between digits") << QStringLiteral("1") + half + QStringLiteral("2") << invalid;
-    QTest::newRow("a letter beyond 16 bits") << QString::fromUtf8("\xF0\x9F\x93\x81") << invalid;
-    QTest::newRow("a wide blank around") << QStringLiteral(u"\u20031\u2003") << acceptable;
+    QTest::newRow("half a surrogate pair") << half << invalid;
+    QTest::newRow("half a surrogate pair between digits") << QStringLiteral("1") + half + QStringLiteral("2") << invalid;
+    QTest::newRow("a surrogate pair") << QString::fromUtf8("\xF0\x9F\x93\x81") << invalid;
+    QTest::newRow("em spaces around a digit") << QStringLiteral(u"\u20031\u2003") << acceptable;
     // clang-format on
 }
 
-void tst_readNumber::takesAnyText()
+void tst_readNumber::survivesAnyText()
 {
     QFETCH(QString, text);
     QFETCH(QValidator::State, state);
@@ -365,14 +369,14 @@ void tst_readNumber::doesNotDependOnTheLocale()
     QCOMPARE(read(QStringLiteral("1.234,5"), anyDouble).state, invalid);
 }
 
-void tst_readNumber::isTheLiteralReading()
+void tst_readNumber::agreesWithTheLiteralRules()
 {
     const char* const pieces[] = {"1", "25", "0", ".", ",", "-", "+", "e", " ", "$", "k"};
     const NumberRules rules[] = {anyDouble, inRange(-5.5, 250), inRange(100, 2500), inRange(-2500, -0.25),
                                  withAffixes(QStringLiteral("$"), QStringLiteral("k"), QStringLiteral("$0k"))};
     literal::Cache expected;
     NumberReading last;
-    // Every text of up to four pieces, with the cursor behind the second letter.
+    // Every text of up to four pieces, with the cursor after the second code unit.
     for (int number = 0; number < 11 * 11 * 11 * 11; ++number) {
         QString text;
         for (int rest = number; rest > 0; rest /= 11)

@@ -130,7 +130,7 @@ void tst_defaultExtension::nameWithExtension()
     QCOMPARE(QString::fromStdString(withDefaultExtension(name.toStdString(), filter)), expected);
 }
 
-/// What is no valid UTF-8 is somebody's file name all the same.
+/// A file name need not be valid UTF-8.
 void tst_defaultExtension::bytesOfTheNameStay()
 {
     QCOMPARE(withDefaultExtension("caf\xE9.txt", QStringLiteral("Data (*.dat)")), std::string("caf\xE9.txt"));

@@ -87,7 +87,7 @@ void tst_fileExistence::typesBehindLinks()
 void tst_fileExistence::troubleIsAType()
 {
     const DialogFolders folders;
-    // Of a name that cannot be, Windows says that it is not there.
+    // Windows reports an impossible name as a file that does not exist.
     const fs::file_type expected = systemLimits::noOddNames ? fs::file_not_found : fs::status_error;
     QCOMPARE(typeOf(folders.path(QString(300, QLatin1Char('x')))), expected);
 }

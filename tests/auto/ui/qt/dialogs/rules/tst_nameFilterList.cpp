@@ -21,7 +21,7 @@ void tst_nameFilterList::splits_data()
     QTest::newRow("one") << "A (*.a)" << QStringList{"A (*.a)"};
     QTest::newRow("two") << "A (*.a);;B (*.b)" << QStringList{"A (*.a)", "B (*.b)"};
     QTest::newRow("blanks around, and nothing between") << " A (*.a) ;;;;B (*.b) " << QStringList{"A (*.a)", "B (*.b)"};
-    // Blanks are taken away after empty parts are.
+    // Empty parts are skipped before blanks are removed.
     QTest::newRow("a blank between") << "A (*.a);; ;;B (*.b)" << QStringList{"A (*.a)", "", "B (*.b)"};
     QTest::newRow("only separators") << ";;;;" << QStringList();
     QTest::newRow("three semicolons") << "A (*.a);;;B (*.b)" << QStringList{"A (*.a)", ";B (*.b)"};

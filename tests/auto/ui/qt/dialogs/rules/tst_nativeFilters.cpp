@@ -171,7 +171,7 @@ void tst_nativeFilters::replacesExtensions()
     QTEST(QString::fromStdString(renamed), "renamed");
 }
 
-/// The searches against the regular expressions that they stand for, on texts made of what matters to them.
+/// Compares the searches with the regular expressions that they implement, on random texts of the relevant characters.
 void tst_nativeFilters::agreesWithTheExpressions()
 {
     const std::regex parts("(.*) \\((.*)\\).*");
@@ -183,7 +183,7 @@ void tst_nativeFilters::agreesWithTheExpressions()
     for (int round = 0; round < 100000; ++round) {
         std::string filter;
         for (int length = random.bounded(16); length > 0; --length) {
-            const int letter = random.bounded(letters.size() * 4); // a line break is rare
+            const int letter = random.bounded(letters.size() * 4); // makes a line break rare
             filter += letter < letters.size() ? letters.at(letter) : letters.at(letter % (letters.size() - 1));
         }
         const QString text = QString::fromStdString(filter);

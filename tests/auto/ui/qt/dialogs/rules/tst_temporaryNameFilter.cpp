@@ -39,7 +39,9 @@ void tst_temporaryNameFilter::makesAFilter()
 {
     QFETCH(QString, selected);
     QFETCH(QString, pattern);
-    QTEST(temporaryNameFilter(selected, pattern), "expected");
+    const QString filter = temporaryNameFilter(selected, pattern);
+    QTEST(filter, "expected");
+    QCOMPARE(patternOf(filter), pattern.simplified());
 }
 
 CORE_TEST_MAIN(tst_temporaryNameFilter)

@@ -24,7 +24,7 @@ boost::shared_ptr<zelmar::Property<bool>> makeBool(bool value)
     return boost::make_shared<zelmar::Property<bool>>(value);
 }
 
-/// Tells of its end.
+/// An object that logs its destruction.
 struct Witness
 {
     Witness(QStringList& log, const QString& name)
@@ -167,7 +167,7 @@ void tst_ExtendedWinFileDialog::numbersControlsInOrderOfCalls()
 void tst_ExtendedWinFileDialog::numbersControlsThatCouldNotBeAdded()
 {
     const auto dialog = makeDialog();
-    m_shell->failAt = m_shell->steps + 1; // the way to the interface for controls
+    m_shell->failAt = m_shell->steps + 1; // the query for the interface for controls
     dialog->addCustomCheckBox("Check", makeBool(false));
     dialog->addCustomButton("Button", nothing);
     QCOMPARE(m_shell->takeCalls(), (QStringList{"create open dialog", "AddPushButton 1 Button"}));
@@ -226,11 +226,11 @@ void tst_ExtendedWinFileDialog::selectsFilters()
     dialog->selectNameFilter("Same (*.x)");
     QCOMPARE(index->value(), 2);
     dialog->setNameFilters({"Only (*.y)"});
-    QCOMPARE(index->value(), 2); // beyond the list now
+    QCOMPARE(index->value(), 2); // beyond the end of the new list
     QCOMPARE(dialog->selectedNameFilter(), QString());
 }
 
-/// The property is made in the library, from a template that this program has instantiated, too.
+/// The library creates the property from a template that this program instantiates, too.
 void tst_ExtendedWinFileDialog::sharesItsFilterIndexWithTheProgram()
 {
     struct FirstOnly : zelmar::ValidatorInterface<int>
@@ -247,7 +247,7 @@ void tst_ExtendedWinFileDialog::sharesItsFilterIndexWithTheProgram()
     QVERIFY(!dynamic_cast<zelmar::Property<bool>*>(index.get()));
 
     ofThisProgram->setValidator(boost::make_shared<FirstOnly>());
-    // Thrown in the library, by a call from the one and from the other.
+    // The library and this program throw the same exception class.
     QVERIFY_EXCEPTION_THROWN(dialog->selectNameFilter("Tables (*.csv *.tsv)"), zelmar::InvalidPropertyValueException);
     QVERIFY_EXCEPTION_THROWN(ofThisProgram->setValue(2), zelmar::InvalidPropertyValueException);
     QVERIFY_EXCEPTION_THROWN(ofThisProgram->setValue(2), zelmar::ExceptionBase);
@@ -392,7 +392,7 @@ void tst_ExtendedWinFileDialog::readsTheSelectedMenuItem()
     QCOMPARE(dialog->selectedAcceptMenuOption(), 20);
 
     m_shell->selectedItem = 1;
-    m_shell->showResult = E_FAIL; // read however the dialog ended
+    m_shell->showResult = E_FAIL; // the item is read even when showing failed
     dialog->exec();
     QCOMPARE(dialog->selectedAcceptMenuOption(), 10);
 }
@@ -418,10 +418,10 @@ void tst_ExtendedWinFileDialog::clearsTheMenu()
     QCOMPARE(m_shell->takeCalls(), QStringList());
 
     dialog->addAcceptButtonOption("Third", 30);
-    QCOMPARE(m_shell->takeCalls(), QStringList{"AddControlItem 0 4 Third"}); // numbers are not used twice
+    QCOMPARE(m_shell->takeCalls(), QStringList{"AddControlItem 0 4 Third"}); // ids are not reused
     m_shell->selectedItem = 3;
     dialog->exec();
-    QCOMPARE(dialog->selectedAcceptMenuOption(), 20); // what has been removed keeps its value
+    QCOMPARE(dialog->selectedAcceptMenuOption(), 20); // a removed item keeps its value
 }
 
 void tst_ExtendedWinFileDialog::opensHelp()
@@ -491,14 +491,14 @@ void tst_ExtendedWinFileDialog::letsHandlesReachTheirControls()
     QVERIFY(handle.isVisible() && handle.isEnabled());
     handle.show();
     handle.setEnabled(true);
-    QCOMPARE(m_shell->takeCalls(), QStringList()); // as it is already
+    QCOMPARE(m_shell->takeCalls(), QStringList()); // no change of state, so no call
     handle.setVisible(false);
     QCOMPARE(m_shell->takeCalls(), calls(CDCS_ENABLED));
     QVERIFY(!handle.isVisible());
 
     QFont font = handle.font();
     font.setBold(true);
-    handle.setFont(font); // is told as a change, too
+    handle.setFont(font); // another kind of change event
     QCOMPARE(m_shell->takeCalls(), QStringList());
 }
 
@@ -524,7 +524,7 @@ void tst_ExtendedWinFileDialog::opensNoWindowForAHandle()
     QVERIFY(!handle->windowHandle());
     QCOMPARE(QGuiApplication::allWindows(), before);
     QVERIFY(!handle->testAttribute(Qt::WA_QuitOnClose));
-    dialog.reset(); // the handle goes while it is shown
+    dialog.reset(); // deletes the handle while it is visible
 }
 
 void tst_ExtendedWinFileDialog::leavesTheOtherBitsAloneWhenTheyCannotBeRead()
@@ -583,10 +583,11 @@ void tst_ExtendedWinFileDialog::goesOnWithoutADialog()
     }
     QCOMPARE(m_shell->takeCalls(), QStringList());
     if (noApartment)
-        m_shell->enter(COINIT_APARTMENTTHREADED); // the dialog has left an apartment that it had not entered
+        m_shell->enter(
+            COINIT_APARTMENTTHREADED); // restores the apartment that the dialog left without having entered it
 }
 
-/// Widgets, then actions and properties, and the dialog object last.
+/// Handles are destroyed first, then actions and properties, and the dialog object last.
 void tst_ExtendedWinFileDialog::destroysInOrder()
 {
     QStringList log;
@@ -611,7 +612,7 @@ void tst_ExtendedWinFileDialog::survivesEachFailingStep_data()
     QTest::newRow("no memory") << HRESULT(E_OUTOFMEMORY);
 }
 
-/// A whole life of a dialog, once for each of its steps, which fails.
+/// Runs the whole life of a dialog once for each call to the shell, and lets that call fail.
 void tst_ExtendedWinFileDialog::survivesEachFailingStep()
 {
     QFETCH(HRESULT, failure);
@@ -657,7 +658,7 @@ void tst_ExtendedWinFileDialog::survivesEachFailingStep()
         QVERIFY2(m_shell->liveObjects == 0, qPrintable(QStringLiteral("step %1").arg(step)));
         QVERIFY(!m_shell->events);
     } while (m_shell->steps >= step);
-    // The last time nothing failed.
+    // No call failed in the last round.
     QVERIFY2(step > 50, qPrintable(QStringLiteral("only %1 steps").arg(step)));
     QCOMPARE(accepted, QDialog::Accepted);
     QCOMPARE(files, m_shell->results);

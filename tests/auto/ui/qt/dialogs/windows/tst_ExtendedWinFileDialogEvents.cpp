@@ -16,7 +16,7 @@ const auto nothing = [] {};
 
 } // namespace
 
-/// What the dialog's event sink does with each event, reached as the system reaches it: through Advise().
+/// Tests the event handler of the dialog. The tests reach it as the system does: through the sink passed to Advise().
 class tst_ExtendedWinFileDialogEvents : public QObject
 {
     Q_OBJECT
@@ -49,7 +49,7 @@ private Q_SLOTS:
     void letsAValidatorRefuse();
 
 private:
-    /// Runs a dialog in which `step` happens.
+    /// Runs the dialog and calls `step` while it is open.
     void run(ExtendedWinFileDialog& dialog, std::function<void()> step);
     std::unique_ptr<ExtendedWinFileDialog> makeDialog(QFileDialog::AcceptMode mode = QFileDialog::AcceptOpen,
                                                       const std::string& filters = "Data (*.dat);;Text (*.txt)");
@@ -118,7 +118,7 @@ void tst_ExtendedWinFileDialogEvents::hasTwoSidesAndOneCount()
         const auto identity = queryFor<IUnknown>(IID_IUnknown, events);
         const auto controls = queryFor<IFileDialogControlEvents>(IID_IFileDialogControlEvents, events);
         QVERIFY(controls);
-        // From the other side to the same object.
+        // Both interfaces lead to the same object.
         QCOMPARE(queryFor<IUnknown>(IID_IUnknown, controls.get()).get(), identity.get());
         QCOMPARE(queryFor<IFileDialogEvents>(IID_IFileDialogEvents, controls.get()).get(), events);
         QCOMPARE(queryFor<IFileDialogControlEvents>(IID_IFileDialogControlEvents, controls.get()).get(),
@@ -145,14 +145,14 @@ void tst_ExtendedWinFileDialogEvents::livesAsLongAsTheDialogHoldsIt()
         m_shell->events->AddRef();
         references = m_shell->events->Release();
     });
-    QCOMPARE(references, ULONG(2)); // the dialog's own, and that of exec() until it has unadvised
+    QCOMPARE(references, ULONG(2)); // the dialog's, and the one that exec() holds until it unadvises
     IFileDialogEvents* first = nullptr;
     ComPointer<IFileDialogEvents> kept;
     run(*dialog, [&] { kept = m_shell->events; });
     first = kept.get();
-    run(*dialog, [&] { QVERIFY(m_shell->events.get() != first); }); // one for each showing
+    run(*dialog, [&] { QVERIFY(m_shell->events.get() != first); }); // each exec() creates a new handler
     kept->AddRef();
-    QCOMPARE(kept->Release(), ULONG(1)); // only ours is left
+    QCOMPARE(kept->Release(), ULONG(1)); // only the test's reference is left
 }
 
 void tst_ExtendedWinFileDialogEvents::followsTheFolder()
@@ -162,7 +162,7 @@ void tst_ExtendedWinFileDialogEvents::followsTheFolder()
     run(*dialog, [this] {
         m_shell->events->OnFolderChange(m_shell->dialog);
         QCOMPARE(m_shell->takeCalls(), (QStringList{"GetFolder", "GetDisplayName"}));
-        QCOMPARE(m_shell->liveObjects, 1); // the dialog; the folder was given back
+        QCOMPARE(m_shell->liveObjects, 1); // the dialog only: the handler has released the folder
     });
     QCOMPARE(dialog->directory().path(), m_shell->folder);
 }
@@ -319,7 +319,7 @@ void tst_ExtendedWinFileDialogEvents::throwsForAnEmptyAction()
     });
 }
 
-/// Out of exec(), with nothing left behind.
+/// The exception leaves exec(), which releases everything first.
 void tst_ExtendedWinFileDialogEvents::letsAnActionThrow()
 {
     const auto dialog = makeDialog();
@@ -330,7 +330,7 @@ void tst_ExtendedWinFileDialogEvents::letsAnActionThrow()
     m_shell->onShow = nullptr;
     m_shell->takeCalls();
     QCOMPARE(dialog->exec(), QDialog::Accepted);
-    QVERIFY(!m_shell->takeCalls().contains("SetTitle ")); // prepared it was
+    QVERIFY(!m_shell->takeCalls().contains("SetTitle ")); // it had been prepared before
 }
 
 void tst_ExtendedWinFileDialogEvents::letsAnActionAddButtons()
@@ -358,7 +358,7 @@ void tst_ExtendedWinFileDialogEvents::setsThePropertyOfItsBox_data()
     QTest::newRow("cleared") << true << BOOL(FALSE) << false << 1;
     QTest::newRow("checked already") << true << BOOL(TRUE) << true << 0;
     QTest::newRow("cleared already") << false << BOOL(FALSE) << false << 0;
-    QTest::newRow("neither 0 nor 1") << true << BOOL(2) << false << 1; // checked is 1 exactly
+    QTest::newRow("neither 0 nor 1") << true << BOOL(2) << false << 1; // only 1 means checked
     QTest::newRow("all bits") << true << BOOL(-1) << false << 1;
 }
 
@@ -391,7 +391,7 @@ void tst_ExtendedWinFileDialogEvents::tellsOfARealToggleOnly()
     run(*dialog, [this] {
         for (BOOL checked : {TRUE, TRUE, FALSE, TRUE})
             m_shell->controlEvents()->OnCheckButtonToggled(nullptr, 1, checked);
-        m_shell->controlEvents()->OnCheckButtonToggled(nullptr, 0, TRUE); // a button's number
+        m_shell->controlEvents()->OnCheckButtonToggled(nullptr, 0, TRUE); // the id of a button
     });
     QCOMPARE(told, (std::vector<bool>{true, false, true}));
     QVERIFY(!other->value());

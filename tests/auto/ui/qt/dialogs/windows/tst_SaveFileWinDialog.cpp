@@ -33,7 +33,7 @@ namespace {
 const std::string data = "Data files (*.dat)";
 const std::vector<std::string> writers{"Data files (*.dat)", "Tables (*.csv)", "All files (*)"};
 
-/// Lets the test reach the dialog, as a derived class may.
+/// A flow that makes the protected access to its dialog public.
 class TestedFlow : public SaveFileWinDialog
 {
 public:
@@ -121,7 +121,7 @@ void tst_SaveFileWinDialog::setsUpTheDialog()
           QStringLiteral("SetFileTypes [Data files|*.dat]"), QStringLiteral("SetFileTypeIndex 1"),
           QString::fromUtf8("SetFileName r\xC3\xBCn"), QStringLiteral("Show %1").arg(m_window->winId())})
         QVERIFY2(calls.contains(call), qPrintable(call));
-    QVERIFY(!(m_shell->options & FOS_OVERWRITEPROMPT)); // the flow asks
+    QVERIFY(!(m_shell->options & FOS_OVERWRITEPROMPT)); // the flow asks the question itself
     QCOMPARE(flow.selectedFilename(), std::string());
 }
 
@@ -262,7 +262,7 @@ void tst_SaveFileWinDialog::startsAnewWithoutPreparing()
     QCOMPARE(QString::fromStdString(flow->selectedFilename()), m_folders->path("second.csv"));
 }
 
-/// The dialog stays, and what a derived class has of it stays valid.
+/// The dialog outlives the flow, so that pointers of a derived class to it stay valid.
 void tst_SaveFileWinDialog::leavesTheDialogAlone()
 {
     auto flow = makeFlow();
@@ -271,7 +271,7 @@ void tst_SaveFileWinDialog::leavesTheDialogAlone()
     flow.reset();
     QCOMPARE(m_shell->liveObjects, 1);
     QCOMPARE(dialog->nameFilters().size(), 3);
-    delete dialog; // so that the checker of leaks has nothing to pass over here
+    delete dialog; // so that the leak checker needs no exception for this test
     QCOMPARE(m_shell->liveObjects, 0);
 }
 
@@ -307,7 +307,7 @@ void tst_SaveFileWinDialog::savesOverTheBuiltInDialog()
     QVERIFY2(driver.finished(), qPrintable(driver.problem()));
     QCOMPARE(QString::fromStdString(flow->selectedFilename()), m_folders->path("old.dat"));
     QCOMPARE(flow->selectedWriter(), 0);
-    QCOMPARE(m_calls.size(), std::size_t(4)); // twice the check and the question
+    QCOMPARE(m_calls.size(), std::size_t(4)); // the check and the question, twice each
 }
 
 void tst_SaveFileWinDialog::faults_data()
@@ -326,7 +326,7 @@ void tst_SaveFileWinDialog::faults()
 
 void tst_SaveFileWinDialog::faultsOverTheBuiltInDialog_data()
 {
-    // Qt's dialog never hands these two on: it enters the folder, and does not accept the name.
+    // Qt's dialog never returns these two names: it enters the folder, and does not accept the long name.
     addSaveFaultRows({QStringLiteral("a folder as target"), QStringLiteral("name too long")});
 }
 

@@ -19,7 +19,7 @@ ComPointer<IShellItem> itemAt(const QString& path)
     return adopt(static_cast<IShellItem*>(item));
 }
 
-/// Backslashes are what the native dialog gives the shell, and all that the shell of Windows itself reads.
+/// Converts a path into the form that the native dialog passes to the shell. Windows accepts only this form.
 QString withBackslashes(QString path)
 {
     return path.replace(QLatin1Char('/'), QLatin1Char('\\'));
@@ -101,7 +101,7 @@ void tst_shellItems::readsPathsBack()
 void tst_shellItems::refusesWhatIsNoPath_data()
 {
     QTest::addColumn<QString>("path");
-#ifndef Q_OS_WIN // where it is the desktop
+#ifndef Q_OS_WIN // where an empty path means the desktop
     QTest::newRow("empty") << "";
 #endif
     QTest::newRow("relative") << "no-such-entry";

@@ -10,10 +10,10 @@ namespace {
 
 constexpr DWORD singleThreaded = COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE;
 
-// {6D2F0A11-4C3B-4E0B-9F53-0B8A1D1C7E01}: stands for no class that a system has.
+// {6D2F0A11-4C3B-4E0B-9F53-0B8A1D1C7E01}: the id of no existing class.
 constexpr CLSID testClass = {0x6d2f0a11, 0x4c3b, 0x4e0b, {0x9f, 0x53, 0x0b, 0x8a, 0x1d, 0x1c, 0x7e, 0x01}};
 
-/// A class object that makes nothing, but tells that it was asked.
+/// A class object that creates nothing and returns the given result.
 class SilentFactory : public IClassFactory
 {
 public:
@@ -46,7 +46,7 @@ private:
     HRESULT m_answer;
 };
 
-/// What a thread of its own, which is in no apartment yet, finds.
+/// Runs `step` in a new thread, which is in no apartment yet.
 template <typename Step>
 void onFreshThread(Step step)
 {
@@ -62,7 +62,7 @@ HRESULT create(REFCLSID classId)
     return result;
 }
 
-/// In the tests' own thread, so that a failure is theirs.
+/// Compares results in the test's own thread, where QtTest can record a failure.
 void check(HRESULT actual, HRESULT expected)
 {
     QCOMPARE(actual, expected);
@@ -107,7 +107,7 @@ void tst_shellObjects::countsEntriesOfAThread()
     check(results[1], S_FALSE);
     check(afterLeavingOnce, REGDB_E_CLASSNOTREG);
     check(afterLeavingTwice, CO_E_NOTINITIALIZED);
-    check(results[2], S_OK); // left altogether, a thread may enter the other kind
+    check(results[2], S_OK); // a thread that has left its apartment may enter the other kind
 }
 
 void tst_shellObjects::refusesTheOtherKindOfApartment()
@@ -119,7 +119,7 @@ void tst_shellObjects::refusesTheOtherKindOfApartment()
         CoInitializeEx(nullptr, COINIT_MULTITHREADED);
         refused = CoInitializeEx(nullptr, singleThreaded);
         still = create(testClass);
-        CoUninitialize(); // what was refused does not count
+        CoUninitialize(); // undoes the first entry, because the refused one does not count
         left = create(testClass);
     });
     check(refused, RPC_E_CHANGED_MODE);
@@ -175,7 +175,7 @@ void tst_shellObjects::asksTheClassObjectThatWasRegisteredLast()
         CoRegisterClassObject(CLSID_FileOpenDialog, &first, CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, &firstCookie),
         S_OK);
     QVERIFY(firstCookie != 0);
-    QCOMPARE(create(CLSID_FileOpenDialog), E_OUTOFMEMORY); // comes before the built-in class
+    QCOMPARE(create(CLSID_FileOpenDialog), E_OUTOFMEMORY); // used in place of the built-in class
     QVERIFY(first.askedForFileDialog);
     QCOMPARE(CoRevokeClassObject(firstCookie), S_OK);
     QCOMPARE(
@@ -216,7 +216,7 @@ void tst_shellObjects::refusesWhatItCannotRegister()
 
 void tst_shellObjects::findsInterfacesByTable()
 {
-    // Never called: only addresses and counts matter. The tables point at two class factories in a row.
+    // The table refers to two class factories in a row. They are never called; only addresses and counts matter.
     struct Pair
     {
         SilentFactory first{S_OK};

@@ -13,7 +13,7 @@
 
 namespace {
 
-/// An arrow with a line between it and the label of the button below: a button of its own would look like a lump.
+/// A tool button that draws an arrow and a separating line instead of a frame, because it lies on another button.
 class Arrow : public QToolButton
 {
 public:
@@ -103,7 +103,7 @@ void AcceptMenu::addItem(const ControlItem& item)
         return;
     QAction* action = m_menu->addAction(item.text);
     action->setEnabled(isUsable(item.state));
-    // Later: what comes of it may last, or change the items, and the menu has its own end to see to first.
+    // Queued so that the menu closes first: the action may run for a long time or change the items.
     const auto tell = [this, id = item.id] { m_picked(id); };
     connect(action, &QAction::triggered, this,
             [this, tell] { QMetaObject::invokeMethod(this, tell, Qt::QueuedConnection); });
@@ -140,7 +140,7 @@ bool AcceptMenu::opensMenu(const QObject* watched, const QEvent& event) const
     if (event.type() != QEvent::KeyPress || !m_needed || !m_arrow->isEnabled())
         return false;
     const int key = static_cast<const QKeyEvent&>(event).key();
-    // On the arrow Return means the arrow, not the button below.
+    // Return opens the menu only from the arrow. On the button it accepts the dialog.
     return key == Qt::Key_Down || (watched == m_arrow && (key == Qt::Key_Return || key == Qt::Key_Enter));
 }
 
@@ -152,8 +152,8 @@ void AcceptMenu::placeArrow()
     m_arrow->setGeometry(QStyle::visualRect(m_button.layoutDirection(), inside, trailing));
 }
 
-/// The label is in the middle of the button: what the arrow takes on one side has to be free on the other. From right
-/// to left that is so without an icon only: beside one, styles put the label at the far end.
+/// Makes the button wide enough for its label and the arrow. The label is centred, so the arrow's width is needed on
+/// both sides. In a right-to-left layout this holds only without an icon, beside which styles align the label.
 void AcceptMenu::reserveRoom()
 {
     const bool iconInTheWay = m_needed && m_button.layoutDirection() == Qt::RightToLeft;

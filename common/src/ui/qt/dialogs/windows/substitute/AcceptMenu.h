@@ -12,16 +12,16 @@ class QMenu;
 class QPushButton;
 class QToolButton;
 
-/// More ways to accept a dialog: a narrow arrow at the trailing edge of its accept button, with a menu. Down opens it
-/// from the button, too. It can be used whenever the button can.
+/// A menu with further ways to accept a dialog, opened by a narrow arrow at the trailing edge of its accept button. The
+/// Down key opens it from the button, too. The arrow is enabled whenever the button is.
 class AcceptMenu : public QObject
 {
 public:
-    /// `name` is what a screen reader says of the arrow. `picked` is called with the id of an item when the menu has
-    /// closed.
+    /// Adds the arrow to `button`, which becomes the parent. `name` is the arrow's accessible name. Calls `picked` with
+    /// the id of the chosen item after the menu has closed.
     AcceptMenu(QPushButton& button, const QString& name, std::function<void(DWORD)> picked);
 
-    /// Shows the items of `menu`. Null, hidden, and without a visible item: no arrow.
+    /// Offers the items of `menu`. Hides the arrow when the menu is null, hidden, or has no visible item.
     void update(const Control* menu);
 
     void close();

@@ -1,5 +1,6 @@
 #include "ui/qt/dialogs/windows/substitute/ControlBar.h"
 
+#include "ui/qt/dialogs/mnemonics.h"
 #include "ui/qt/dialogs/windows/substitute/FileDialogListener.h"
 #include "ui/qt/dialogs/windows/substitute/WrappingLayout.h"
 #include "ui/qt/dialogs/windows/substitute/texts.h"
@@ -10,6 +11,24 @@
 #include <QSignalBlocker>
 
 #include <algorithm>
+
+namespace {
+
+/// Returns the label without its mnemonic if the dialog itself uses the same one. The application has to avoid
+/// conflicts among its own labels.
+QString rowText(const QString& label, QSet<QKeySequence> taken)
+{
+    return withFreeMnemonic(label, taken);
+}
+
+/// Returns the label with a mnemonic that is not in `taken`, if it has one at all. Only the Help button is prominent,
+/// and it gives way to all other labels.
+QString prominentText(const QString& label, const QSet<QKeySequence>& taken)
+{
+    return QKeySequence::mnemonic(label).isEmpty() ? label : withAnyFreeMnemonic(label, taken);
+}
+
+} // namespace
 
 ControlBar::ControlBar(ControlModel& model, FileDialogListener& listener, QDialogButtonBox& prominentPlace,
                        QWidget* parent)
@@ -23,19 +42,33 @@ ControlBar::ControlBar(ControlModel& model, FileDialogListener& listener, QDialo
     layout->setObjectName(QStringLiteral("controlBarLayout"));
 }
 
-void ControlBar::update(QSet<QKeySequence> taken)
+void ControlBar::update(const QSet<QKeySequence>& taken)
 {
+    const QSet<QKeySequence> takenForProminent = taken + mnemonicsOfRow(taken);
     bool rowNeeded = false;
     for (const Control& control : m_model.controls()) {
         if (control.kind == Control::Kind::AcceptMenu)
             continue;
         QAbstractButton& button = *buttonFor(control);
         putInPlace(button, control.prominent);
-        button.setText(withFreeMnemonic(control.label, taken));
+        button.setText(control.prominent ? prominentText(control.label, takenForProminent)
+                                         : rowText(control.label, taken));
         applyState(button, control);
         rowNeeded = rowNeeded || (!control.prominent && isShown(control.state));
     }
     setVisible(rowNeeded);
+}
+
+/// Returns the mnemonics of the visible controls in the row.
+QSet<QKeySequence> ControlBar::mnemonicsOfRow(const QSet<QKeySequence>& taken) const
+{
+    QSet<QKeySequence> mnemonics;
+    for (const Control& control : m_model.controls()) {
+        if (control.kind != Control::Kind::AcceptMenu && !control.prominent && isShown(control.state))
+            mnemonics.insert(QKeySequence::mnemonic(rowText(control.label, taken)));
+    }
+    mnemonics.remove(QKeySequence());
+    return mnemonics;
 }
 
 std::vector<QWidget*> ControlBar::inOrder() const
@@ -73,7 +106,7 @@ QAbstractButton* ControlBar::buttonFor(const Control& control)
 QAbstractButton* ControlBar::makePushButton(DWORD id)
 {
     auto* button = new QPushButton(this);
-    button->setAutoDefault(false); // Return stays with the accept button
+    button->setAutoDefault(false); // keeps the accept button the default button, which Return presses
     connect(button, &QPushButton::clicked, this, [this, id] { m_listener.buttonClicked(id); });
     return button;
 }
@@ -92,7 +125,7 @@ void ControlBar::applyState(QAbstractButton& button, const Control& control)
 {
     button.setEnabled(isUsable(control.state));
     button.setVisible(isShown(control.state));
-    // Only users toggle a box as far as the listener is concerned.
+    // The listener is called for toggles by the user only.
     const QSignalBlocker blocker(&button);
     button.setChecked(control.checked);
 }

@@ -13,24 +13,28 @@ class FileDialogListener;
 class QAbstractButton;
 class QDialogButtonBox;
 
-/// The push buttons and check boxes that were added to a dialog, in a row; prominent ones in the button box of the
-/// dialog.
+/// A row with the push buttons and check boxes that were added to a dialog. Prominent buttons move to the dialog's
+/// button box.
 class ControlBar : public QWidget
 {
 public:
-    /// Borrows everything. Controls are there after the first update().
+    /// Borrows all arguments but `parent`, which becomes the parent widget. The first update() creates the controls.
     ControlBar(ControlModel& model, FileDialogListener& listener, QDialogButtonBox& prominentPlace, QWidget* parent);
 
-    /// Shows the controls as they are known now. Mnemonics in `taken` are not used.
-    void update(QSet<QKeySequence> taken);
+    /// Creates missing controls and shows the current state of the model. A control in the row loses a mnemonic that is
+    /// in `taken`. A prominent control takes another letter of its label if its mnemonic is in `taken` or used in the
+    /// row.
+    void update(const QSet<QKeySequence>& taken);
 
-    /// The controls in the order of adding, the prominent ones among them.
+    /// Returns all controls, also the prominent ones, in the order in which they were added.
     std::vector<QWidget*> inOrder() const;
-    /// Whether there is any control to see, in the row or in the button box.
+    /// Returns whether any control is shown, in the row or in the button box.
     bool isAnyShown() const;
+    /// Returns whether `button` is one of the added controls.
     bool contains(const QAbstractButton* button) const;
 
 private:
+    QSet<QKeySequence> mnemonicsOfRow(const QSet<QKeySequence>& taken) const;
     QAbstractButton* buttonFor(const Control& control);
     QAbstractButton* makePushButton(DWORD id);
     QAbstractButton* makeCheckBox(DWORD id);

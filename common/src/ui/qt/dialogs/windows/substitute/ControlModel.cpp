@@ -181,7 +181,7 @@ ControlItem* ControlModel::editItem(DWORD id, DWORD item)
     return const_cast<ControlItem*>(findItem(id, item));
 }
 
-/// True, for whoever has changed something.
+/// Calls the listener after a change, and returns true for the operation that made it.
 bool ControlModel::changed() const
 {
     if (m_listener)

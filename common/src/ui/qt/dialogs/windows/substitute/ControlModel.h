@@ -9,6 +9,7 @@
 #include <optional>
 #include <vector>
 
+/// An item of a menu.
 struct ControlItem
 {
     DWORD id = 0;
@@ -16,7 +17,7 @@ struct ControlItem
     CDCONTROLSTATEF state = CDCS_ENABLEDVISIBLE;
 };
 
-/// What is known of one control that was added to a dialog.
+/// The state of one control that was added to a dialog.
 struct Control
 {
     enum class Kind { PushButton, CheckButton, AcceptMenu };
@@ -26,9 +27,9 @@ struct Control
     QString label;
     CDCONTROLSTATEF state = CDCS_ENABLEDVISIBLE;
     bool prominent = false;
-    bool checked = false;           ///< of a check button
-    std::vector<ControlItem> items; ///< of the menu
-    std::optional<DWORD> selected;  ///< of the menu; nothing as long as nobody has chosen
+    bool checked = false;           ///< for a check button
+    std::vector<ControlItem> items; ///< for the menu
+    std::optional<DWORD> selected;  ///< for the menu; empty until an item was selected
 };
 
 inline bool isShown(CDCONTROLSTATEF state)
@@ -41,27 +42,29 @@ inline bool isUsable(CDCONTROLSTATEF state)
     return state & CDCS_ENABLED;
 }
 
-/// The item that stands for `menu` itself, on the button and for who presses it: the first one that is visible, or else
-/// the first. Null when it has none.
+/// Returns the item that the accept button itself shows and selects when it is pressed: the first visible one, or the
+/// first one when all are hidden. Null when the menu has no items.
 COMMON_UI_QT_INTERNAL_EXPORT const ControlItem* firstItem(const Control& menu);
 
-/// The controls that were added to a dialog, in order. Operations give false, and change nothing, for an id that is
-/// not there, not of the right kind, or there already.
+/// A list of the controls that were added to a dialog, in the order in which they were added. An operation returns
+/// false and changes nothing when the id is unknown, belongs to another kind of control, or is to be added and exists
+/// already.
 class COMMON_UI_QT_INTERNAL_EXPORT ControlModel
 {
 public:
-    /// `listener` is called after each change; an empty one is nobody.
+    /// Sets the function that is called after each change. An empty function removes it.
     void setListener(std::function<void()> listener);
 
     const std::vector<Control>& controls() const { return m_controls; }
     const Control* find(DWORD id) const;
     const ControlItem* findItem(DWORD id, DWORD item) const;
-    /// The menu of the accept button; null when there is none.
+    /// Returns the menu of the accept button, or null.
     const Control* acceptMenu() const;
-    /// Whether there is anything for a user to see: a menu without items is nothing.
+    /// Returns whether there is any control. Hidden controls count, because they may be shown later; a menu without
+    /// items does not count.
     bool hasControls() const;
 
-    /// There can be one menu.
+    /// Adds a control at the end. A dialog can have one menu.
     bool add(Control control);
     bool setLabel(DWORD id, const QString& label);
     bool setState(DWORD id, CDCONTROLSTATEF state);
@@ -75,7 +78,8 @@ public:
     bool setItemState(DWORD id, DWORD item, CDCONTROLSTATEF state);
     bool selectItem(DWORD id, DWORD item);
 
-    /// The item that was selected last; before, the one that stands for the menu; nothing when there are no items.
+    /// Returns the item that was selected last, or else the one that the accept button shows. Empty for a menu without
+    /// items.
     std::optional<DWORD> selectedItem(DWORD id) const;
 
 private:

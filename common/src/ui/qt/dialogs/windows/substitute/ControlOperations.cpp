@@ -128,7 +128,7 @@ HRESULT ControlOperations::SetControlItemText(DWORD control, DWORD item, LPCWSTR
     return okIf(m_controls.setItemText(control, item, textOf(label)));
 }
 
-// What the library has no use for
+// Operations that the library does not use
 
 HRESULT ControlOperations::AddMenu(DWORD /*control*/, LPCWSTR /*label*/)
 {

@@ -3,11 +3,11 @@
 #include "ui/qt/dialogs/windows/substitute/ControlModel.h"
 #include "ui/qt/dialogs/windows/substitute/fileDialog.h"
 
-/// Customizing a dialog by way of records of its controls. Counting references and telling of other interfaces is left
-/// to the object that this is a part of.
+/// The part of a dialog object that implements IFileDialogCustomize on top of a ControlModel. The derived dialog object
+/// implements the reference count and QueryInterface().
 ///
-/// E_INVALIDARG for an unknown id, one that is used already, or one of another kind of control. Kinds of controls that
-/// the library has no use for are E_NOTIMPL.
+/// Operations return E_INVALIDARG for an id that is unknown, already in use, or belongs to another kind of control, and
+/// E_NOTIMPL for kinds of controls that the library does not use.
 class ControlOperations : public IFileDialogCustomize
 {
 public:

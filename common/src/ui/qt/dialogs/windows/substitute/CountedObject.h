@@ -4,8 +4,8 @@
 
 #include <atomic>
 
-/// Counts the references of an object with one or several interfaces: one at construction, and with the last one it
-/// deletes itself.
+/// A base class that implements the reference count of an object with one or several interfaces. The count starts at 1;
+/// the object deletes itself when the count reaches 0.
 template <typename... Interfaces>
 class CountedObject : public Interfaces...
 {
@@ -27,7 +27,7 @@ public:
 protected:
     virtual ~CountedObject() = default;
 
-    /// Where `Interface` is in `object`, for a table of interfaces.
+    /// Returns the offset of `Interface` in `object`, in bytes, for a table of interfaces.
     template <typename Interface, typename Object>
     static int offsetOf(Object* object)
     {

@@ -11,7 +11,8 @@ bool EventSinks::remove(DWORD cookie)
     const auto entry = m_sinks.find(cookie);
     if (entry == m_sinks.end())
         return false;
-    const ComPointer<IFileDialogEvents> removed = entry->second; // its end may come back here
+    const ComPointer<IFileDialogEvents> removed =
+        entry->second; // released last, because a sink's destructor may call this object
     m_sinks.erase(entry);
     return true;
 }

@@ -6,19 +6,20 @@
 #include <functional>
 #include <map>
 
-/// Who wants to be told of what happens in a dialog. References are held from add() to remove(), or to the end.
+/// A list of the event sinks of a dialog. Holds a reference to each sink until remove() or its own destruction.
 class COMMON_UI_QT_INTERNAL_EXPORT EventSinks
 {
 public:
-    /// A number that stands for the sink from now on; never 0.
+    /// Adds a sink and returns its cookie, which is never 0.
     DWORD add(IFileDialogEvents& sink);
-    /// False for a number that stands for nothing.
+    /// Removes the sink with this cookie. Returns false when there is none.
     bool remove(DWORD cookie);
 
-    /// Calls `tell` with each sink that is there now, in order of adding. Sinks may come and go meanwhile: one that was
-    /// removed is not called any more. An exception of `tell` ends it, and is passed on.
+    /// Calls `tell` for each sink in the order in which they were added. Sinks may be added and removed meanwhile; a
+    /// removed sink is not called any more, and an added one not yet. An exception that `tell` throws ends the loop and
+    /// passes to the caller.
     void forEach(const std::function<void(IFileDialogEvents&)>& tell) const;
-    /// The same with the control events of those sinks that have them.
+    /// Does the same for the sinks that implement IFileDialogControlEvents.
     void forEachWithControls(const std::function<void(IFileDialogControlEvents&)>& tell) const;
 
 private:

@@ -4,21 +4,21 @@
 
 #include <QStringList>
 
-/// What a dialog on the screen tells of its user. None of this may throw: it is called out of Qt's event loop. All of
-/// it may close the dialog, or destroy it by destroying its owner.
+/// An interface that is notified of the user's actions in a dialog. No function may throw, because Qt's event loop
+/// calls them. Each may close the dialog, or destroy it by destroying its owner.
 class FileDialogListener
 {
 public:
-    /// Another folder is shown, or the first one.
+    /// Called for the first folder that is shown, and whenever the folder changes.
     virtual void folderChanged() noexcept = 0;
-    /// The user has picked another file type.
+    /// Called when the user has selected another file type.
     virtual void typeChanged() noexcept = 0;
-    /// The user is done; false keeps the dialog open.
+    /// Called when the user accepts `files`. Returns false to keep the dialog open.
     virtual bool mayAccept(const QStringList& files) noexcept = 0;
 
     virtual void buttonClicked(DWORD control) noexcept = 0;
     virtual void checkButtonToggled(DWORD control, bool checked) noexcept = 0;
-    /// The user is about to be done by way of an item of the accept button's menu: mayAccept() comes next.
+    /// Called when the user accepts through an item of the accept button's menu, right before mayAccept().
     virtual void itemSelected(DWORD menu, DWORD item) noexcept = 0;
 
 protected:

@@ -24,7 +24,7 @@ HRESULT FileDialogObject<DialogInterface>::Show(HWND owner)
 {
     if (m_window)
         return E_UNEXPECTED;
-    const ComPointer<IFileDialog> self(this); // a sink may release the last reference of the caller
+    const ComPointer<IFileDialog> self(this); // a sink may release the caller's last reference
     m_chosen.clear();
     m_closeResult.reset();
 
@@ -55,9 +55,9 @@ HRESULT FileDialogObject<DialogInterface>::Close(HRESULT result)
     return S_OK;
 }
 
-// Telling the sinks
+// Notifying the sinks
 
-/// Keeps what a sink throws away from Qt's event loop, until Show() comes back.
+/// Stores an exception of a sink until Show() throws it again, because none may pass through Qt's event loop.
 template <typename DialogInterface>
 template <typename Tell>
 void FileDialogObject<DialogInterface>::guarded(const Tell& tell) noexcept
@@ -295,7 +295,7 @@ HRESULT FileDialogObject<DialogInterface>::GetResult(IShellItem** item)
     return *item ? S_OK : E_UNEXPECTED;
 }
 
-// What the library has no use for
+// Operations that the library does not use
 
 template <typename DialogInterface>
 HRESULT FileDialogObject<DialogInterface>::GetCurrentSelection(IShellItem** /*item*/)

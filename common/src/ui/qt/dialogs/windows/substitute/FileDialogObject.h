@@ -14,17 +14,18 @@
 #include <memory>
 #include <optional>
 
-/// The common file dialog, for one of the interfaces IFileOpenDialog and IFileSaveDialog, over a QFileDialog that it
-/// makes for each Show(). GUI thread only. Where it has to choose among what callers may expect:
+/// An implementation of the common file dialog, through IFileOpenDialog or IFileSaveDialog, on top of a QFileDialog
+/// that each Show() creates. Use on the GUI thread only. Where the interfaces leave the behaviour open:
 ///
-/// - Set before Show() or while it runs, everything stays for the next one, which goes on with the folder, the name
-///   and the type that were shown last. Labels, title, folder, name, type and controls change at once in an open
-///   dialog, options and the default extension the next time.
-/// - GetFolder() is E_FAIL as long as there is none, that is before the first Show() without SetFolder().
-/// - A type index out of range stands for the first type once the dialog is shown, and is E_INVALIDARG while it is.
-/// - OnFileOk() is asked of every sink; one S_FALSE is enough to go on. What other operations of a sink answer means
-///   nothing.
-/// - What a sink throws closes the dialog and comes out of Show().
+/// - All settings persist from one Show() to the next, which starts with the folder, the name and the type that were
+///   shown last. In an open dialog labels, title, folder, name, type and controls change at once; options and the
+///   default extension take effect at the next Show().
+/// - GetFolder() returns E_FAIL while no folder is known: before the first Show(), unless SetFolder() was called.
+/// - A type index that was set out of range selects the first type when the dialog opens. While the dialog is open,
+///   setting such an index returns E_INVALIDARG.
+/// - OnFileOk() is called on every sink. A single S_FALSE keeps the dialog open. The results of all other operations of
+///   a sink are ignored.
+/// - An exception thrown by a sink closes the dialog and leaves Show().
 template <typename DialogInterface>
 class FileDialogObject : public CountedObject<DialogInterface, ControlOperations>, private FileDialogListener
 {
@@ -78,8 +79,8 @@ private:
     FileDialogRequest m_request;
     EventSinks m_sinks;
 
-    std::unique_ptr<FileDialogWindow> m_window; ///< as long as it is on the screen
-    /// Of the dialog on the screen, or the last one.
+    std::unique_ptr<FileDialogWindow> m_window; ///< null unless Show() is running
+    /// The chosen files of the open dialog, or of the last one.
     QStringList m_chosen;
     std::optional<HRESULT> m_closeResult;
     std::exception_ptr m_thrown;

@@ -5,7 +5,7 @@
 
 #include <QString>
 
-/// What a dialog is to be shown with. Empty texts leave it to QFileDialog.
+/// The content that a dialog shows when it opens. For an empty string QFileDialog chooses.
 struct FileDialogRequest
 {
     explicit FileDialogRequest(DialogKind dialogKind)
@@ -20,9 +20,9 @@ struct FileDialogRequest
     QString acceptLabel;
     QString fileNameLabel;
     QString folder;
-    QString defaultFolder; ///< where `folder` is empty
-    QString fileName;      ///< as in the file-name box: several names are quoted
+    QString defaultFolder; ///< used when `folder` is empty
+    QString fileName;      ///< as shown in the file-name box, where several names are quoted
     QString defaultExtension;
     FileTypes types;
-    int type = 0; ///< a place in `types`, or any number
+    int type = 0; ///< an index into `types`; may be out of range
 };

@@ -1,6 +1,12 @@
 #include "ui/qt/dialogs/windows/substitute/FileDialogWindow.h"
 
+#include "ui/qt/dialogs/AcceptButtonGuide.h"
+#include "ui/qt/dialogs/acceptTypedName.h"
+#include "ui/qt/dialogs/closeWithQuestions.h"
+#include "ui/qt/dialogs/hideOutdatedCompletions.h"
 #include "ui/qt/dialogs/letAcceptButtonFollowFolder.h"
+#include "ui/qt/dialogs/selectTypedName.h"
+#include "ui/qt/dialogs/typedName.h"
 #include "ui/qt/dialogs/unselectShownFolder.h"
 #include "ui/qt/dialogs/windows/substitute/AcceptMenu.h"
 #include "ui/qt/dialogs/windows/substitute/ControlBar.h"
@@ -19,7 +25,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QTimer>
@@ -81,28 +86,30 @@ FileDialogWindow::~FileDialogWindow()
 
 bool FileDialogWindow::run()
 {
-    // Not QDialog::exec(): with a dialog of the desktop that one waits for the desktop's answer, and would go on
-    // waiting after closeAtOnce(), or end with an answer that was refused.
+    // QDialog::exec() would wait for the answer of the desktop's dialog. It would then not return after closeAtOnce(),
+    // and would return an answer that the listener refused.
     QEventLoop loop;
     connect(this, &QDialog::finished, &loop, &QEventLoop::quit);
     m_open = true;
     setWindowModality(Qt::ApplicationModal);
     showSilently();
-    // The first folder is reported when the dialog is there to be worked with.
+    // Reports the first folder once the dialog is open and its event loop runs.
     QTimer::singleShot(0, this, [this] { reportFolder(); });
     if (m_open)
         loop.exec(QEventLoop::DialogExec);
+    if (m_open) // the application quits
+        closeAtOnce();
     return m_accepted;
 }
 
 void FileDialogWindow::closeAtOnce()
 {
-    for (QDialog* question : findChildren<QDialog*>())
-        question->reject();
+    closeQuestions(*this);
     done(Rejected);
 }
 
-/// Qt would destroy the dialog with its owner, at a time when functions of the dialog may be running.
+/// Closes the dialog and takes it out of the children of its owner, which is being destroyed. The owner would delete
+/// the dialog while functions of the dialog may still be running.
 void FileDialogWindow::outliveOwner()
 {
     closeAtOnce();
@@ -112,7 +119,7 @@ void FileDialogWindow::outliveOwner()
 void FileDialogWindow::setVisible(bool visible)
 {
     QFileDialog::setVisible(visible);
-    // A desktop that turns out to have no dialog leaves it to Qt at the last moment.
+    // Qt creates its own widgets only now if the desktop turns out to have no dialog.
     if (visible && !isDrawnByQt() && findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))) {
         attachToWidgets();
         updateLabels();
@@ -123,7 +130,10 @@ void FileDialogWindow::setVisible(bool visible)
 void FileDialogWindow::accept()
 {
     unselectShownFolder(*this);
-    if (!filterByTypedPattern() && !acceptNameWithQuote())
+    // The desktop may have closed its dialog without a choice; QFileDialog would go on waiting.
+    if (!isDrawnByQt() && selectedUrls().isEmpty())
+        showAgainLater();
+    else if (!filterByTypedPattern() && !typedNameIsTooLong(*this) && !acceptTypedName(*this))
         QFileDialog::accept();
 }
 
@@ -134,7 +144,7 @@ void FileDialogWindow::done(int result)
     const bool accepted = result == Accepted;
     if (accepted && !mayAccept()) {
         if (!isDrawnByQt())
-            QTimer::singleShot(0, this, [this] { showAgain(); });
+            showAgainLater();
         return;
     }
     m_open = false;
@@ -144,15 +154,20 @@ void FileDialogWindow::done(int result)
     QFileDialog::done(result);
 }
 
-/// False, too, when the dialog was closed meanwhile.
+/// Asks the listener. Also returns false when the dialog was closed meanwhile.
 bool FileDialogWindow::mayAccept()
 {
     selectAcceptItem();
-    const QStringList files = m_nameWithQuote.isEmpty() ? selectedFiles() : QStringList(m_nameWithQuote);
-    return m_open && m_listener.mayAccept(files) && m_open;
+    return m_open && m_listener.mayAccept(chosenFiles(*this)) && m_open;
 }
 
-/// Some desktops take their dialog away before anybody was asked.
+/// Shows the dialog again after the desktop's current callback has returned.
+void FileDialogWindow::showAgainLater()
+{
+    QTimer::singleShot(0, this, [this] { showAgain(); });
+}
+
+/// Shows the dialog again for a desktop that closed it before the listener could refuse.
 void FileDialogWindow::showAgain()
 {
     if (!m_open)
@@ -161,7 +176,8 @@ void FileDialogWindow::showAgain()
     showSilently();
 }
 
-/// A desktop's dialog may tell of each file type on the way to the one that it is to show.
+/// Shows the dialog with its signals blocked, because a desktop's dialog may report file types that it selects only on
+/// the way to the requested one.
 void FileDialogWindow::showSilently()
 {
     const QSignalBlocker blocker(this);
@@ -176,11 +192,12 @@ void FileDialogWindow::acceptWith(DWORD item)
         return;
     m_pickedItem = item;
     accept();
-    // What was accepted may have been a folder to go to: then nothing has come of the item.
+    // If the accepted name was a folder, the dialog has entered it and is still open. The item no longer counts.
     m_pickedItem.reset();
 }
 
-/// The button itself stands for the first item, whatever was picked in a run before.
+/// Selects the picked item, or the first item when the user pressed the button itself. A choice of an earlier run does
+/// not count.
 void FileDialogWindow::selectAcceptItem()
 {
     const Control* menu = m_controls.acceptMenu();
@@ -194,7 +211,7 @@ void FileDialogWindow::selectAcceptItem()
         m_listener.itemSelected(menuId, *picked);
 }
 
-// Parts of a dialog that Qt draws
+// Widgets of a dialog that Qt draws
 
 void FileDialogWindow::attachToWidgets()
 {
@@ -207,11 +224,15 @@ void FileDialogWindow::attachToWidgets()
     m_buttonBox = findChild<QDialogButtonBox*>(QStringLiteral("buttonBox"));
     m_acceptButton = m_buttonBox->button(acceptMode() == AcceptSave ? QDialogButtonBox::Save : QDialogButtonBox::Open);
     m_plainAcceptText = m_acceptButton->text();
+    m_plainFileNameLabel = labelText(FileName);
 
+    selectTypedName(*this);
     letAcceptButtonFollowFolder(*this);
-    // Types are used by their place. QFileDialog would go by text, and change the name's suffix, too.
+    new AcceptButtonGuide(*this);
+    hideOutdatedCompletions(*this);
+    // Types are selected by index. QFileDialog would look them up by text, and also change the suffix of the name.
     disconnect(m_fileTypeCombo, SIGNAL(activated(int)), this, nullptr);
-    // More than directoryEntered() tells: also of a folder that was typed.
+    // Unlike directoryEntered(), this signal also reports a folder that the user typed.
     connect(m_model, &QFileSystemModel::rootPathChanged, this, [this] { reportFolder(); });
     placeControlBar();
     const bool saving = m_request.kind == DialogKind::Save;
@@ -229,13 +250,14 @@ void FileDialogWindow::placeControlBar()
         layout()->addWidget(m_controlBar);
         return;
     }
-    // A row of its own below the file types, beside the buttons.
+    // The bar gets its own row below the file types, beside the buttons.
     const GridPlace types = placeIn(*grid, m_fileTypeCombo);
     grid->addWidget(m_controlBar, types.row + 1, types.column, 1, types.columns);
     m_buttonRows = placeIn(*grid, m_buttonBox).rows;
 }
 
-/// The buttons reach down beside the row of controls: as long as there is one, or it would take room.
+/// Extends the button box down to the row of controls while any control is shown. Otherwise the spacing of an empty row
+/// would remain.
 void FileDialogWindow::fitButtonBox()
 {
     auto* grid = qobject_cast<QGridLayout*>(layout());
@@ -252,8 +274,9 @@ void FileDialogWindow::fitButtonBox()
 void FileDialogWindow::updateLabels()
 {
     showAcceptText();
-    if (!m_request.fileNameLabel.isEmpty())
-        setLabelText(FileName, m_request.fileNameLabel);
+    const QString name = m_request.fileNameLabel.isEmpty() ? m_plainFileNameLabel : m_request.fileNameLabel;
+    if (name != labelText(FileName))
+        setLabelText(FileName, name);
     updateControls();
 }
 
@@ -275,7 +298,7 @@ void FileDialogWindow::showAcceptText()
         setLabelText(Accept, text);
 }
 
-/// The menu's first item, the text that was asked for, or QFileDialog's own.
+/// Returns the text of the menu's first item, or else the requested label, or else QFileDialog's own text.
 QString FileDialogWindow::acceptText() const
 {
     const Control* menu = m_controls.acceptMenu();
@@ -300,7 +323,8 @@ QSet<QKeySequence> FileDialogWindow::takenMnemonics() const
 
 void FileDialogWindow::updateTabOrder()
 {
-    // The box stands for its first button, and before the file types: Tab would go there and pass over the types.
+    // The button box precedes the file types in the focus chain, and its focus proxy is its first button. Tab would go
+    // from the box to that button and skip the types.
     m_buttonBox->setFocusProxy(nullptr);
     QWidget* previous = m_fileTypeCombo;
     const auto append = [&previous](QWidget* next) {
@@ -326,7 +350,7 @@ void FileDialogWindow::updateTabOrder()
 
 QString FileDialogWindow::folder() const
 {
-    // All drives together are no folder; what they hang on is one.
+    // The model's root path is empty when it shows the list of all drives, which is not a folder.
     if (isDrawnByQt())
         return m_model->rootPath().isEmpty() ? QDir::rootPath() : m_model->rootPath();
     return directory().absolutePath();
@@ -335,6 +359,7 @@ QString FileDialogWindow::folder() const
 void FileDialogWindow::setFolder(const QString& folder)
 {
     setDirectory(folder);
+    reportFolder(); // not every desktop reports a folder that the program sets
 }
 
 void FileDialogWindow::reportFolder()
@@ -354,7 +379,7 @@ QString FileDialogWindow::fileName() const
     QStringList names;
     for (const QString& file : selectedFiles())
         names += QFileInfo(file).fileName();
-    // A desktop's dialog tells of what exists, or only of what was accepted.
+    // A desktop's dialog may report existing files only, or none before the user has accepted.
     return names.isEmpty() ? m_request.fileName : fileNameText(names);
 }
 
@@ -363,19 +388,20 @@ void FileDialogWindow::setFileName(const QString& text)
     const QFileInfo info(text);
     const bool otherFolder = info.isAbsolute() && info.dir().exists();
     if (otherFolder)
-        setDirectory(info.path());
+        setFolder(info.path());
     const QString shown = otherFolder ? info.fileName() : text;
     if (isDrawnByQt()) {
-        // What is selected in the list would be added to the text.
+        // QFileDialog would append the files that are selected in the list to the text.
         m_selection->clear();
         m_fileNameEdit->setText(shown);
         return;
     }
     for (const QString& name : namesIn(shown))
-        selectFile(QDir(folder()).filePath(name)); // by itself it would mean the first folder
+        selectFile(QDir(folder()).filePath(name)); // a relative name would refer to the initial folder
 }
 
-/// A typed pattern filters the list, until a type is picked or another folder set up; the type stays the same.
+/// Filters the list by a pattern that the user typed as the name. The pattern applies until a file type is picked or
+/// set; the selected type does not change. Returns false when the name is not a pattern.
 bool FileDialogWindow::filterByTypedPattern()
 {
     const QString typed = isDrawnByQt() ? m_fileNameEdit->text() : QString();
@@ -388,34 +414,6 @@ bool FileDialogWindow::filterByTypedPattern()
     m_model->setNameFilters(patterns);
     m_fileNameEdit->selectAll();
     return true;
-}
-
-/// A name with a quote in it. QFileDialog would take what follows the quote for the name.
-bool FileDialogWindow::acceptNameWithQuote()
-{
-    const QString typed = isDrawnByQt() ? m_fileNameEdit->text() : QString();
-    if (!typed.contains(QLatin1Char('"')) || namesIn(typed) != QStringList(typed))
-        return false;
-    const QFileInfo file(QDir(folder()), typed);
-    if (file.isDir() || (fileMode() != AnyFile && !file.exists()))
-        return false;
-    if (!mayReplace(file))
-        return true;
-    m_nameWithQuote = QDir::cleanPath(file.absoluteFilePath());
-    QDialog::accept(); // NOLINT(bugprone-parent-virtual-call): past QFileDialog, which would read the name again
-    m_nameWithQuote.clear();
-    return true;
-}
-
-bool FileDialogWindow::mayReplace(const QFileInfo& file)
-{
-    if (acceptMode() != AcceptSave || testOption(DontConfirmOverwrite) || !file.exists())
-        return true;
-    const QString question =
-        QCoreApplication::translate("FileDialogWindow", "%1 exists. Do you want to replace it?").arg(file.fileName());
-    const auto answer =
-        QMessageBox::warning(this, windowTitle(), question, QMessageBox::Yes | QMessageBox::No, QMessageBox::No);
-    return m_open && answer == QMessageBox::Yes;
 }
 
 // File types
@@ -435,8 +433,8 @@ void FileDialogWindow::setFileType(int place)
     showTypes();
 }
 
-/// Selects the request's type without telling of it: unlike the system's dialog also at opening, where a program that
-/// answers with another extension would change a name that nobody has touched.
+/// Selects the requested type without reporting it. The system's dialog does report the type when it opens; an
+/// application that then replaces the extension would change a name that the user has not touched.
 void FileDialogWindow::showTypes()
 {
     if (m_request.types.isEmpty())

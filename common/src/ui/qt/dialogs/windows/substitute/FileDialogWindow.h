@@ -4,7 +4,6 @@
 #include "ui/qt/dialogs/windows/substitute/FileDialogRequest.h"
 
 #include <QFileDialog>
-#include <QFileInfo>
 #include <QKeySequence>
 #include <QSet>
 #include <QString>
@@ -21,23 +20,23 @@ class QItemSelectionModel;
 class QLineEdit;
 class QPushButton;
 
-/// The dialog on the screen, for one run. As long as no controls were added the desktop may draw it.
+/// The window of a FileDialogObject, for one run. The desktop may draw it as long as no controls were added.
 ///
-/// Without Q_OBJECT on purpose: QFileDialog lets the desktop draw only what is by its meta object a plain QFileDialog.
+/// The class must not have Q_OBJECT: QFileDialog lets the desktop draw only objects whose meta-object is its own.
 class FileDialogWindow : public QFileDialog
 {
 public:
-    /// Borrows everything but `owner`, which becomes the parent and may be null.
+    /// Borrows all arguments but `owner`, which becomes the parent and may be null.
     FileDialogWindow(QWidget* owner, FileDialogRequest& request, ControlModel& controls, FileDialogListener& listener);
 
-    /// Puts into the request what was shown last: the next dialog goes on from there.
+    /// Writes the folder, type and name that were shown last into the request, from which the next window starts.
     ~FileDialogWindow() override;
 
-    /// Shows the dialog and waits for its user; true when the user has accepted. An owner that is destroyed meanwhile
-    /// closes the dialog. Once only.
+    /// Shows the dialog modally and waits until it is closed. Returns whether the user has accepted. The dialog closes
+    /// when its owner is destroyed or the application quits. May be called once only.
     bool run();
 
-    /// Closes the dialog without asking anybody.
+    /// Closes the dialog as rejected, together with the questions that it has opened. Does not ask the listener.
     void closeAtOnce();
 
     QString folder() const;
@@ -45,6 +44,7 @@ public:
     QString fileName() const;
     void setFileName(const QString& text);
     int fileType() const;
+    /// Selects the type with this index (from 0), or the first one when it is out of range.
     void setFileType(int place);
     void updateLabels();
 
@@ -67,14 +67,13 @@ private:
     void showTypes();
     void useFileType();
     bool filterByTypedPattern();
-    bool acceptNameWithQuote();
-    bool mayReplace(const QFileInfo& file);
 
     void reportFolder();
     void reportType();
     bool mayAccept();
     void acceptWith(DWORD item);
     void selectAcceptItem();
+    void showAgainLater();
     void showAgain();
     void showSilently();
 
@@ -82,7 +81,7 @@ private:
     ControlModel& m_controls;
     FileDialogListener& m_listener;
 
-    /// Parts of a dialog that Qt draws; null in any other.
+    /// Child widgets of a dialog that Qt draws; null in a dialog of the desktop.
     QLineEdit* m_fileNameEdit = nullptr;
     QComboBox* m_fileTypeCombo = nullptr;
     QFileSystemModel* m_model = nullptr;
@@ -93,11 +92,11 @@ private:
     AcceptMenu* m_acceptMenu = nullptr;
     int m_buttonRows = 0;
     QString m_plainAcceptText;
+    QString m_plainFileNameLabel;
 
     QString m_reportedFolder;
     int m_reportedType = 0;
     std::optional<DWORD> m_pickedItem;
-    QString m_nameWithQuote;
     bool m_open = false;
     bool m_accepted = false;
 };

@@ -7,7 +7,8 @@
 #include <QStringList>
 #include <QVector>
 
-/// The file types of a dialog. A type is known by its place, from 0: names and patterns may be equal.
+/// A list of the file types of a dialog. A type is identified by its index, from 0, because two types may have the same
+/// name and the same patterns.
 class COMMON_UI_QT_INTERNAL_EXPORT FileTypes
 {
 public:
@@ -17,17 +18,17 @@ public:
     int count() const { return m_types.size(); }
     bool isEmpty() const { return m_types.isEmpty(); }
 
-    /// A place for any number: the first one for what is outside.
+    /// Returns `index`, or 0 when it is out of range.
     int placeOf(int index) const;
 
-    /// The types as QFileDialog takes and shows them, with each run of white space as one blank.
+    /// Returns the types as name filters of QFileDialog, which shows each run of white space as one blank.
     QStringList nameFilters() const;
 
-    /// The patterns of one type; none where everything matches, and for a place that there is not.
+    /// Returns the patterns of one type. Empty for a type that matches everything and for an index out of range.
     QStringList patterns(int place) const;
 
-    /// The place of a filter that a dialog tells by its text only. Among equal ones `current`, if it is one of them,
-    /// else the first; `current` for a text that there is not.
+    /// Returns the index of the type with this name filter. Prefers `current` among equal types, then the first one,
+    /// and returns `current` when no type has the filter.
     int placeOfFilter(const QString& nameFilter, int current) const;
 
 private:

@@ -105,8 +105,8 @@ private:
     std::vector<ComPointer<IShellItem>> m_items;
 };
 
-/// `path` with slashes. A backslash that stands for one is told from one in a name by what is there: each name is taken
-/// as short as it can be. Empty when there is nothing at the path.
+/// Returns `path` with slashes as separators, or an empty string when nothing exists there. A backslash may be a
+/// separator or part of a name. If several interpretations exist on the disk, prefers shorter names.
 QString resolvedPath(const QString& path)
 {
     QString resolved;

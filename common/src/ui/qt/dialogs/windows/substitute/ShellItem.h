@@ -5,11 +5,11 @@
 #include <QString>
 #include <QStringList>
 
-/// `text`, in memory that the receiver frees with CoTaskMemFree(); null when there is none left.
+/// Copies `text` into memory that the receiver frees with CoTaskMemFree(). Returns null when memory is exhausted.
 LPWSTR taskText(const QString& text);
 
-/// The item at `path`, absolute and with slashes; whether there is anything is not asked.
+/// Makes the item for an absolute path with slashes. Does not check that the path exists.
 ComPointer<IShellItem> makeShellItem(const QString& path);
 
-/// Items in the order of `paths`.
+/// Makes an array of items in the order of `paths`.
 ComPointer<IShellItemArray> makeShellItemArray(const QStringList& paths);

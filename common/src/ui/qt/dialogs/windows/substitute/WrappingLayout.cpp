@@ -52,7 +52,8 @@ QSize WrappingLayout::minimumSize() const
     return size;
 }
 
-/// The widest widget alone: a width to prefer is the dialog's to know, and the height follows from it.
+/// Returns the size that the widest widget needs. The dialog determines the actual width, from which the height
+/// follows.
 QSize WrappingLayout::sizeHint() const
 {
     return minimumSize();
@@ -87,7 +88,7 @@ std::vector<WrappingLayout::Place> WrappingLayout::placesFor(int width) const
     return places;
 }
 
-/// Gives every widget of a line the height of the highest, and tells it: each draws itself in the middle.
+/// Gives every widget of a line the height of the tallest one, so that each centres itself, and returns this height.
 int WrappingLayout::levelLine(std::vector<Place>& places, std::size_t begin)
 {
     int height = 0;

@@ -5,8 +5,8 @@
 #include <memory>
 #include <vector>
 
-/// Puts widgets beside each other in the direction of reading, each in its own size, and begins another line where one
-/// is full. Hidden ones take no room.
+/// A layout that places widgets side by side in reading direction, each in its preferred size, and starts a new line
+/// where one is full. Hidden widgets take no space.
 class WrappingLayout : public QLayout
 {
 public:
@@ -32,7 +32,7 @@ private:
         QRect rect;
     };
 
-    /// Where everything goes from the top left on, in reading order from left to right.
+    /// Computes the place of each widget for a left-to-right layout that begins at the top left.
     std::vector<Place> placesFor(int width) const;
     static int levelLine(std::vector<Place>& places, std::size_t begin);
     int gap(Qt::Orientation orientation) const;

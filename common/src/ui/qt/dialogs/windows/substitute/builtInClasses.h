@@ -2,5 +2,5 @@
 
 #include "ui/qt/dialogs/windows/substitute/objects.h"
 
-/// Makes an object of a class that is always there; REGDB_E_CLASSNOTREG for any other.
+/// Makes an object of one of the built-in classes. Returns REGDB_E_CLASSNOTREG for any other class.
 HRESULT createBuiltInObject(REFCLSID classId, REFIID iid, void** object);

@@ -7,10 +7,9 @@
 
 enum class DialogKind { Open, Save };
 
-/// The options that a dialog has before anybody sets them.
+/// Returns the options of a new dialog object.
 COMMON_UI_QT_INTERNAL_EXPORT FILEOPENDIALOGOPTIONS defaultOptions(DialogKind kind);
 
-/// What options mean to a QFileDialog. An existing folder (FOS_PATHMUSTEXIST) is nothing that it can be told to ask
-/// for.
+/// Translate options into the terms of QFileDialog, which has no counterpart of FOS_PATHMUSTEXIST.
 COMMON_UI_QT_INTERNAL_EXPORT QFileDialog::FileMode fileModeOf(FILEOPENDIALOGOPTIONS options);
 COMMON_UI_QT_INTERNAL_EXPORT QFileDialog::Options dialogOptionsOf(FILEOPENDIALOGOPTIONS options);

@@ -4,7 +4,7 @@
 #include "ui/qt/dialogs/windows/substitute/shellItems.h"
 #include "ui/qt/dialogs/windows/substitute/types.h"
 
-// The common file dialog. Operations that the library has no use for are there to keep the order.
+// The common file dialog. Operations that the library does not use keep the order of virtual functions.
 
 struct IFileDialog;
 struct IFileDialogCustomize;

@@ -11,7 +11,7 @@
 
 namespace {
 
-/// The apartment that a thread is in.
+/// The apartment that the current thread has entered.
 struct Apartment
 {
     int entered = 0;
@@ -24,7 +24,7 @@ Apartment& currentApartment()
     return apartment;
 }
 
-/// The class objects that were put in charge, in order.
+/// The registered class objects, in the order of registration.
 class ClassRegistry
 {
 public:
@@ -37,7 +37,7 @@ public:
 
     bool remove(DWORD cookie)
     {
-        ComPointer<IUnknown> removed; // let go of when the lock is open again: the object may come back here
+        ComPointer<IUnknown> removed; // released after the lock, because the object may call this registry again
         const std::lock_guard<std::mutex> lock(m_mutex);
         const auto entry = std::find_if(m_entries.begin(), m_entries.end(),
                                         [cookie](const Entry& other) { return other.cookie == cookie; });

@@ -2,7 +2,7 @@
 
 #include "ui/qt/dialogs/windows/substitute/types.h"
 
-// What operations answer: a negative value is a failure.
+// The results of operations. A negative value is a failure.
 
 constexpr bool SUCCEEDED(HRESULT result)
 {
@@ -31,7 +31,7 @@ constexpr HRESULT RPC_E_CHANGED_MODE = static_cast<HRESULT>(0x80010106);
 constexpr LONG ERROR_FILE_NOT_FOUND = 2;
 constexpr LONG ERROR_CANCELLED = 1223;
 
-/// The result that stands for a system error code.
+/// Converts a system error code into a result.
 constexpr HRESULT HRESULT_FROM_WIN32(LONG error)
 {
     return error <= 0 ? error : static_cast<HRESULT>((static_cast<ULONG>(error) & 0xFFFFU) | 0x80070000U);

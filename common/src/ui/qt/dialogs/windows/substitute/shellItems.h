@@ -4,7 +4,8 @@
 #include "ui/qt/dialogs/windows/substitute/objects.h"
 #include "ui/qt/dialogs/windows/substitute/types.h"
 
-// Files and folders as the shell's objects. Operations that the library has no use for are there to keep the order.
+// The shell's objects for files and folders. Operations that the library does not use keep the order of virtual
+// functions.
 
 struct IBindCtx;
 struct IEnumShellItems;
@@ -25,7 +26,7 @@ struct IShellItem : IUnknown
 {
     virtual HRESULT STDMETHODCALLTYPE BindToHandler(IBindCtx* context, REFGUID handler, REFIID iid, void** object) = 0;
     virtual HRESULT STDMETHODCALLTYPE GetParent(IShellItem** parent) = 0;
-    /// `*name` is the caller's, for CoTaskMemFree().
+    /// Stores the name in `*name`, which the caller frees with CoTaskMemFree().
     virtual HRESULT STDMETHODCALLTYPE GetDisplayName(SIGDN kind, LPWSTR* name) = 0;
     virtual HRESULT STDMETHODCALLTYPE GetAttributes(SFGAOF mask, SFGAOF* attributes) = 0;
     virtual HRESULT STDMETHODCALLTYPE Compare(IShellItem* other, SICHINTF hint, int* order) = 0;
@@ -45,6 +46,6 @@ struct IShellItemArray : IUnknown
 constexpr IID IID_IShellItem = {0x43826d1e, 0xe718, 0x42ee, {0xbc, 0x55, 0xa1, 0xe2, 0x61, 0xc3, 0x7b, 0xfe}};
 constexpr IID IID_IShellItemArray = {0xb63ea76d, 0x1f85, 0x456f, {0xa1, 0x9c, 0x48, 0x15, 0x9e, 0xfa, 0x85, 0x8b}};
 
-/// The item at an absolute path, with slashes or backslashes between the names. The failure of ERROR_FILE_NOT_FOUND
-/// when there is nothing, E_INVALIDARG for a relative path.
+/// Makes the item at an absolute path, whose separators may be slashes or backslashes. Returns the result for
+/// ERROR_FILE_NOT_FOUND when nothing exists there, and E_INVALIDARG for a relative path.
 COMMON_UI_QT_EXPORT HRESULT SHCreateItemFromParsingName(LPCWSTR path, IBindCtx* context, REFIID iid, void** item);

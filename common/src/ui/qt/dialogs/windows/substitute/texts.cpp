@@ -1,22 +1,11 @@
 #include "ui/qt/dialogs/windows/substitute/texts.h"
 
+#include "ui/qt/dialogs/mnemonics.h"
+#include "ui/qt/dialogs/rules/quotedNames.h"
+
 namespace {
 
 const QLatin1Char quote('"');
-const QLatin1Char ampersand('&');
-
-QString withoutMnemonic(const QString& label)
-{
-    QString result;
-    for (int i = 0; i < label.size(); ++i) {
-        const bool literal = label.midRef(i, 2) == QLatin1String("&&");
-        if (literal)
-            result += label[i++];
-        if (literal || label[i] != ampersand)
-            result += label[i];
-    }
-    return result;
-}
 
 } // namespace
 
@@ -29,8 +18,8 @@ QString fileNameText(const QStringList& names)
 
 QStringList namesIn(const QString& fileNameText)
 {
-    // One quote alone is a letter of a name.
-    if (!fileNameText.startsWith(quote) || fileNameText.count(quote) < 2)
+    // A single quote character is part of a name.
+    if (!startsWithQuotedName(fileNameText))
         return fileNameText.isEmpty() ? QStringList() : QStringList(fileNameText);
     QStringList names;
     const QStringList parts = fileNameText.split(quote);

@@ -8,18 +8,19 @@
 #include <QString>
 #include <QStringList>
 
-/// `text`, and an empty one for null.
+/// Converts `text`. Returns an empty string for null.
 inline QString textOf(LPCWSTR text)
 {
     return text ? QString::fromWCharArray(text) : QString();
 }
 
-/// What a file-name box shows for `names`: one as it is, several in quotes with a blank between them.
+/// Returns the content of a file-name box for `names`: a single name unchanged, several names quoted and separated by
+/// blanks.
 COMMON_UI_QT_INTERNAL_EXPORT QString fileNameText(const QStringList& names);
 
-/// The names that the text of a file-name box stands for: those in quotes, or all of it.
+/// Returns the names in the content of a file-name box: the quoted names if it begins with one, or else the whole
+/// content as one name.
 COMMON_UI_QT_INTERNAL_EXPORT QStringList namesIn(const QString& fileNameText);
 
-/// `label` as it may be shown beside labels that use the mnemonics `taken`: without its own where that is one of them.
-/// Otherwise its own is taken from then on.
+/// Returns `label`, without its mnemonic if `taken` contains that. Otherwise adds the mnemonic to `taken`.
 COMMON_UI_QT_INTERNAL_EXPORT QString withFreeMnemonic(const QString& label, QSet<QKeySequence>& taken);

@@ -3,7 +3,8 @@
 #include <cstdint>
 #include <cstring>
 
-// The shell's plain types. Widths are the shell's; text is `wchar_t`, whatever its width is here.
+// The shell's plain types, with the widths that they have on Windows. Strings consist of `wchar_t`, whose width is that
+// of the compiler: two bytes on Windows, four elsewhere.
 
 using BOOL = int;
 using INT = int;
@@ -16,7 +17,7 @@ using WCHAR = wchar_t;
 using LPWSTR = wchar_t*;
 using LPCWSTR = const wchar_t*;
 
-/// A window: here the number that QWidget::winId() gives.
+/// A window handle, which is the value of QWidget::winId() here.
 using HWND = struct HwndTag*;
 
 #ifndef TRUE

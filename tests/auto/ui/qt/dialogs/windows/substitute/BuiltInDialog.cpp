@@ -24,7 +24,7 @@ QString takePath(IShellItem* item)
 
 HWND windowOf(const QWidget& widget)
 {
-    return reinterpret_cast<HWND>(widget.winId()); // NOLINT(performance-no-int-to-ptr): so a window is told
+    return reinterpret_cast<HWND>(widget.winId()); // NOLINT(performance-no-int-to-ptr): a handle
 }
 
 // RecordingSink

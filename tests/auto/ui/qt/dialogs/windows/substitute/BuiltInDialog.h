@@ -11,7 +11,7 @@
 #include <utility>
 #include <vector>
 
-/// The apartment that objects are made in.
+/// A scope in the single-threaded apartment, in which the tests create objects.
 class Apartment
 {
 public:
@@ -23,7 +23,8 @@ public:
 
 HWND windowOf(const QWidget& widget);
 
-/// Writes down, in order, what a dialog tells: "folder", "type", "ok", "button 1", "check 2 on", "item 3 10".
+/// An event sink that records the events of a dialog in order: "folder", "type", "ok", "button 1", "check 2 on", "item
+/// 3 10".
 class RecordingSink : public IFileDialogEvents, public IFileDialogControlEvents
 {
 public:
@@ -32,11 +33,11 @@ public:
     RecordingSink(const RecordingSink&) = delete;
     RecordingSink& operator=(const RecordingSink&) = delete;
 
-    /// How many there are.
+    /// Returns the number of existing sinks.
     static int alive();
 
     QStringList events;
-    /// Called with each event after it was written down; its answer is that of the sink.
+    /// Called with each event after it was recorded. The sink returns its result.
     std::function<HRESULT(const QString&)> whenTold;
     bool hasControlEvents = true;
 
@@ -62,7 +63,7 @@ private:
     ULONG m_references = 1;
 };
 
-/// A built-in dialog with a sink, in Qt's types.
+/// A wrapper of a built-in dialog and a sink, with an interface in Qt's types.
 class BuiltInDialog
 {
 public:
@@ -71,7 +72,7 @@ public:
     BuiltInDialog(const BuiltInDialog&) = delete;
     BuiltInDialog& operator=(const BuiltInDialog&) = delete;
 
-    /// How many dialogs were not destroyed with their last BuiltInDialog.
+    /// Returns the number of dialog objects that were not destroyed together with their BuiltInDialog.
     static int leaked();
 
     IFileDialog* operator->() const { return m_dialog; }
@@ -79,7 +80,7 @@ public:
     IFileDialogCustomize& controls() const { return *m_controls; }
     RecordingSink& sink() const { return *m_sink; }
     DWORD cookie() const { return m_cookie; }
-    /// Gives the reference away.
+    /// Passes the reference to the caller.
     IFileDialog* detach();
 
     HRESULT show(const QWidget* owner = nullptr) const;
@@ -89,13 +90,13 @@ public:
     bool setOptions(FILEOPENDIALOGOPTIONS on, FILEOPENDIALOGOPTIONS off = 0) const;
 
     int typeIndex() const;
-    /// Empty where there is none.
+    /// Returns the folder, or an empty string when there is none.
     QString folder() const;
     QString name() const;
     QString result() const;
     QStringList results() const;
 
-    /// The item that is selected in a menu, or the failure.
+    /// Returns the id of the selected item of a menu, or the HRESULT of the failure.
     qint64 selectedItem(DWORD menu) const;
     bool isChecked(DWORD box) const;
 

@@ -19,7 +19,7 @@ Control control(DWORD id, Control::Kind kind)
     return result;
 }
 
-/// With a button, a box and a menu that has the items 10, 11 and 12.
+/// Creates a model with a button, a check box and a menu with the items 10, 11 and 12.
 ControlModel someControls()
 {
     ControlModel model;
@@ -106,7 +106,7 @@ void tst_ControlModel::whatCountsAsControls()
     model.removeItem(menu, 10);
     QVERIFY(!model.hasControls());
     model.add(control(button, Control::Kind::PushButton));
-    model.setState(button, CDCS_INACTIVE); // it can be shown while the dialog is open
+    model.setState(button, CDCS_INACTIVE); // a hidden control counts, because it may be shown while the dialog is open
     QVERIFY(model.hasControls());
 }
 
@@ -191,13 +191,16 @@ void tst_ControlModel::items()
 
 void tst_ControlModel::selection()
 {
-    QCOMPARE(m_model.selectedItem(menu).value_or(0), 10U); // nobody has chosen
+    QCOMPARE(m_model.selectedItem(menu).value_or(0), 10U); // the first item, because none was selected
     QVERIFY(m_model.selectItem(menu, 12));
     QCOMPARE(m_model.selectedItem(menu).value_or(0), 12U);
     QVERIFY(!m_model.selectedItem(button));
     QVERIFY(!m_model.selectedItem(unknown));
     m_model.removeAllItems(menu);
     QVERIFY(!m_model.selectedItem(menu));
+    m_model.addItem(menu, {13, {}});
+    m_model.addItem(menu, {12, {}});
+    QCOMPARE(m_model.selectedItem(menu).value_or(0), 13U); // removing all items has reset the selection
 }
 
 void tst_ControlModel::firstItemStandsForTheMenu()
@@ -207,7 +210,7 @@ void tst_ControlModel::firstItemStandsForTheMenu()
     QCOMPARE(firstItem(*m_model.find(menu))->id, 11U);
     m_model.setItemState(menu, 11, CDCS_INACTIVE);
     m_model.setItemState(menu, 12, CDCS_INACTIVE);
-    QCOMPARE(firstItem(*m_model.find(menu))->id, 10U); // none is visible
+    QCOMPARE(firstItem(*m_model.find(menu))->id, 10U); // the first item, because none is visible
     m_model.removeAllItems(menu);
     QVERIFY(!firstItem(*m_model.find(menu)));
 }

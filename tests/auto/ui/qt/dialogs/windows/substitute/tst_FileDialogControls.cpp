@@ -68,7 +68,7 @@ QStringList menuTexts(QFileDialog& dialog)
     return texts;
 }
 
-/// Calls `action` once a menu is open, in the menu's own event loop.
+/// Calls `action` in the event loop of the menu that is about to open.
 void whenMenuIsOpen(const std::function<void(QMenu&)>& action)
 {
     QTimer::singleShot(0, [action] {
@@ -80,7 +80,7 @@ void whenMenuIsOpen(const std::function<void(QMenu&)>& action)
     });
 }
 
-/// Goes down to the item at `row` and picks it.
+/// Picks the item at `row` (from 0) of the menu that is about to open, with the Down and Return keys.
 void pickRow(int row)
 {
     whenMenuIsOpen([row](QMenu& open) {
@@ -174,7 +174,7 @@ std::unique_ptr<BuiltInDialog> tst_FileDialogControls::makeDialog(REFCLSID class
     return dialog;
 }
 
-// Without showing
+// Before the dialog is shown
 
 void tst_FileDialogControls::operations()
 {
@@ -254,7 +254,7 @@ void tst_FileDialogControls::statesRoundTrip()
     QCOMPARE(controls.GetControlItemState(menu, CopyItem, nullptr), E_POINTER);
 }
 
-// Buttons and boxes
+// Buttons and check boxes
 
 void tst_FileDialogControls::whoDrawsTheDialog()
 {
@@ -273,7 +273,7 @@ void tst_FileDialogControls::whoDrawsTheDialog()
         DialogDriver driver;
         driver.onDialog<QFileDialog>(kind, [byQt](QFileDialog& shown) {
             QCOMPARE(shown.testOption(QFileDialog::DontUseNativeDialog), byQt);
-            // QFileDialog leaves only objects to the desktop that look like its own.
+            // QFileDialog lets the desktop draw only objects whose meta-object is its own.
             QCOMPARE(shown.metaObject(), &QFileDialog::staticMetaObject);
             cancel(shown);
         });
@@ -337,7 +337,7 @@ void tst_FileDialogControls::checkButton()
         QCOMPARE(dialog->sink().events, byUser);
         QCOMPARE(dialog->controls().SetCheckButtonState(box, FALSE), S_OK);
         QVERIFY(!control->isChecked());
-        QCOMPARE(dialog->sink().events, byUser); // the program knows
+        QCOMPARE(dialog->sink().events, byUser); // a change by the program is not reported
         cancel(shown);
     });
     QCOMPARE(dialog->show(m_window.get()), cancelledResult);
@@ -458,13 +458,14 @@ void tst_FileDialogControls::mnemonics()
 {
     const auto dialog = makeDialog();
     dialog->controls().AddPushButton(button, L"&Preview");
-    dialog->controls().AddCheckButton(box, L"Read &only", FALSE);      // Alt+O is the Open button's
-    dialog->controls().AddCheckButton(unknown, L"With &notes", FALSE); // Alt+N is the name's
+    dialog->controls().AddCheckButton(box, L"Read &only", FALSE);      // the Open button has Alt+O
+    dialog->controls().AddCheckButton(unknown, L"With &notes", FALSE); // the name's label has Alt+N
     DialogDriver driver;
     driver.onDialog<QFileDialog>("press", [&dialog](QFileDialog& shown) {
         typeName(shown, QStringLiteral("a.dat"));
         QTest::keyClick(&shown, Qt::Key_P, Qt::AltModifier);
-        QTRY_COMPARE(dialog->sink().events, (QStringList{"folder", "button 1"})); // once the button is up again
+        QTRY_COMPARE(dialog->sink().events,
+                     (QStringList{"folder", "button 1"})); // reported when the button is released
         takeKeyboardFocus(fileTypeCombo(shown));
         QTest::keyClick(&shown, Qt::Key_N, Qt::AltModifier);
         QVERIFY(fileNameEdit(shown).hasFocus());
@@ -483,7 +484,7 @@ void tst_FileDialogControls::tabOrder()
     dialog->controls().AddPushButton(button, L"Action");
     dialog->controls().AddCheckButton(box, L"Option", FALSE);
     addItems(*dialog);
-    dialog->setName(QStringLiteral("a.dat")); // typed, it would open a list that takes the first Tab
+    dialog->setName(QStringLiteral("a.dat")); // typing it would open the completer, which takes the first Tab
     DialogDriver driver;
     driver.onDialog<QFileDialog>("walk", [](QFileDialog& shown) {
         takeKeyboardFocus(fileNameEdit(shown));
@@ -712,7 +713,7 @@ void tst_FileDialogControls::saveMenu()
         question.button(QMessageBox::No)->click();
     });
     driver.onDialog<QFileDialog>("pick again", [&dialog](QFileDialog& shown) {
-        QCOMPARE(dialog->sink().events, QStringList{"folder"}); // nothing came of the first time
+        QCOMPARE(dialog->sink().events, QStringList{"folder"}); // the first choice only entered a folder
         typeName(shown, QStringLiteral("new.dat"));
         pickRow(1);
         QTest::mouseClick(&arrow(shown), Qt::LeftButton);
@@ -723,7 +724,7 @@ void tst_FileDialogControls::saveMenu()
     QCOMPARE(dialog->result(), m_folders->path(QStringLiteral("new.dat")));
 }
 
-/// Going to a folder is no end of the dialog, whatever it was done with.
+/// Entering a folder does not close the dialog, whichever button or item the user pressed.
 void tst_FileDialogControls::menuAndFolders()
 {
     const auto dialog = makeDialog();
@@ -800,7 +801,7 @@ void tst_FileDialogControls::menuChangesWhileOpen()
         typeName(shown, QStringLiteral("a.dat"));
         const int plainWidth = acceptButton(shown).minimumWidth();
         QVERIFY(!arrow(shown).isVisible());
-        QTest::keyClick(&acceptButton(shown), Qt::Key_Down); // opens nothing
+        QTest::keyClick(&acceptButton(shown), Qt::Key_Down); // the menu is empty and does not open
         addItems(*dialog);
         QVERIFY(arrow(shown).isVisible());
         QVERIFY(acceptButton(shown).minimumWidth() > plainWidth);
@@ -837,7 +838,7 @@ void tst_FileDialogControls::labelOfTheAcceptButton()
     driver.onDialog<QFileDialog>("look", [&](QFileDialog& shown) {
         const QPushButton& accept = acceptButton(shown);
         QCOMPARE(accept.text(), QStringLiteral("Open &all"));
-        typeName(shown, QStringLiteral("deeper")); // a folder is opened, whatever the item says
+        typeName(shown, QStringLiteral("deeper")); // the button opens the folder, whatever the first item is
         QCOMPARE(accept.text(), QStringLiteral("&Open"));
         typeName(shown, QStringLiteral("a.dat"));
         QCOMPARE(accept.text(), QStringLiteral("Open &all"));

@@ -41,7 +41,7 @@ std::unique_ptr<BuiltInDialog> makeDialog(Class kind)
     return std::make_unique<BuiltInDialog>(kind == Class::Open ? CLSID_FileOpenDialog : CLSID_FileSaveDialog);
 }
 
-/// The names in the list, in its order.
+/// Returns the names in the list, in the order that the user sees.
 QStringList listOrder(QFileDialog& dialog)
 {
     auto* list = dialog.findChild<QListView*>(QStringLiteral("listView"));
@@ -58,7 +58,7 @@ QStringList listedNames(QFileDialog& dialog)
     return names;
 }
 
-/// Sorting comes after reading: nothing in the list is where it will be before it.
+/// Returns whether the list is sorted. The model sorts after it has read the folder, and rows move then.
 bool isListSorted(QFileDialog& dialog)
 {
     return listOrder(dialog) == QStringList{"deeper", "a.dat", "b.dat", "c.csv"};
@@ -152,6 +152,11 @@ private Q_SLOTS:
     void overwritingRefused();
     void secondShow();
     void titleAndLabels();
+    void refusedNameWithAQuote_data();
+    void refusedNameWithAQuote();
+    void secondRunShowsNoOldResult();
+    void switchesBetweenRuns();
+    void typedPatternInEachRun();
 
 private:
     std::unique_ptr<DialogFolders> m_folders;
@@ -203,7 +208,7 @@ void tst_FileDialogObject::interfaces()
         QCOMPARE(dialog->get()->QueryInterface(iid, &found), E_NOINTERFACE);
         QVERIFY(!found);
     }
-    // Each interface is a working one.
+    // Each interface works.
     FILEOPENDIALOGOPTIONS options = 0;
     const auto plain = queryFor<IFileDialog>(IID_IFileDialog, identity.get());
     QCOMPARE(plain->GetOptions(&options), S_OK);
@@ -228,7 +233,7 @@ void tst_FileDialogObject::nullPointers()
     QCOMPARE(dialog->SetFolder(nullptr), E_INVALIDARG);
     QCOMPARE(dialog->SetDefaultFolder(nullptr), E_INVALIDARG);
     QCOMPARE(dialog->SetFileTypes(1, nullptr), E_INVALIDARG);
-    QCOMPARE(dialog->SetFileName(nullptr), S_OK); // as an empty text
+    QCOMPARE(dialog->SetFileName(nullptr), S_OK); // counts as an empty string
     QCOMPARE(dialog->SetTitle(nullptr), S_OK);
 }
 
@@ -245,7 +250,7 @@ void tst_FileDialogObject::stateBeforeShow()
         QCOMPARE(options, 0x12345678U);
 
         QCOMPARE(dialog->typeIndex(), 1);
-        for (const UINT index : {3U, 0U, 1000U}) { // there are no types yet
+        for (const UINT index : {3U, 0U, 1000U}) { // every index is out of range without types
             QCOMPARE(dialog->get()->SetFileTypeIndex(index), S_OK);
             QCOMPARE(dialog->typeIndex(), int(index));
         }
@@ -288,7 +293,8 @@ void tst_FileDialogObject::unusedOperations()
     QCOMPARE(dialog.controls().StartVisualGroup(1, L"a"), E_NOTIMPL);
     QCOMPARE(dialog.controls().EndVisualGroup(), E_NOTIMPL);
     CDCONTROLSTATEF state = CDCS_ENABLED;
-    QCOMPARE(dialog.controls().GetControlState(1, &state), E_INVALIDARG); // none of it has added anything
+    QCOMPARE(dialog.controls().GetControlState(1, &state),
+             E_INVALIDARG); // none of the refused calls has added a control
 }
 
 void tst_FileDialogObject::sinksComeAndGo()
@@ -304,14 +310,14 @@ void tst_FileDialogObject::sinksComeAndGo()
         QCOMPARE(dialog->Unadvise(0), E_INVALIDARG);
         QCOMPARE(dialog->Unadvise(first), S_OK);
         QCOMPARE(dialog->Unadvise(first), E_INVALIDARG);
-        QCOMPARE(sink->AddRef(), 3U); // this one, the test's, and that of the second cookie
+        QCOMPARE(sink->AddRef(), 3U); // this reference, the test's, and the one of the second cookie
         QCOMPARE(sink->Release(), 2U);
     }
     QCOMPARE(sink->AddRef(), 2U);
     QCOMPARE(sink->Release(), 1U);
 }
 
-// How a dialog ends
+// Closing
 
 void tst_FileDialogObject::accepted()
 {
@@ -396,7 +402,7 @@ void tst_FileDialogObject::closedByTheProgram()
     QCOMPARE(dialog.results(), QStringList());
     QCOMPARE(dialog.sink().events.last(), event);
 
-    // The object is as good as before.
+    // The object works as before.
     dialog.sink().whenTold = {};
     driver.onDialog<QFileDialog>("accept", [](QFileDialog& shown) { acceptName(shown, QStringLiteral("b.dat")); });
     QCOMPARE(dialog.show(m_window.get()), S_OK);
@@ -404,7 +410,7 @@ void tst_FileDialogObject::closedByTheProgram()
     QCOMPARE(dialog.result(), m_folders->path(QStringLiteral("b.dat")));
 }
 
-/// Close() is not kept waiting by a question that Qt asks.
+/// Close() also closes a question that Qt has opened.
 void tst_FileDialogObject::closedUnderAQuestion()
 {
     const BuiltInDialog dialog(CLSID_FileSaveDialog);
@@ -454,14 +460,14 @@ void tst_FileDialogObject::releasedWhileShowing()
     }
     sink->whenTold = [object](const QString& event) {
         if (event == QLatin1String("folder"))
-            object->Release(); // the last one that anybody but the object knows of
+            object->Release(); // the last reference from outside the object
         return S_OK;
     };
     DialogDriver driver;
     driver.onDialog<QFileDialog>("cancel", [](QFileDialog& shown) { cancel(shown); });
     QCOMPARE(object->Show(nullptr), cancelledResult);
     QVERIFY2(driver.finished(), qPrintable(driver.problem()));
-    QCOMPARE(sink->AddRef(), 2U); // the object is gone, with its reference
+    QCOMPARE(sink->AddRef(), 2U); // the object is destroyed and has released its reference
     sink->Release();
 }
 
@@ -546,7 +552,7 @@ void tst_FileDialogObject::refused()
     };
     const ComPointer<RecordingSink> other(new RecordingSink, false);
     DWORD cookie = 0;
-    dialog->Advise(other.get(), &cookie); // its consent does not outweigh the refusal
+    dialog->Advise(other.get(), &cookie); // this sink accepts, but one refusal is enough
     DialogDriver driver;
     driver.onDialog<QFileDialog>("refused", [&dialog](QFileDialog& shown) {
         acceptName(shown, QStringLiteral("a.dat"));
@@ -664,7 +670,7 @@ void tst_FileDialogObject::unadviseDuringAnEvent()
         ++calls;
         return S_OK;
     };
-    second.reset(); // the dialog holds it alone
+    second.reset(); // only the dialog holds a reference now
     dialog.sink().whenTold = [&dialog, secondCookie](const QString&) {
         dialog->Unadvise(secondCookie);
         return dialog->Unadvise(dialog.cookie());
@@ -681,7 +687,7 @@ void tst_FileDialogObject::unadviseDuringAnEvent()
     dialog.show(m_window.get());
     QVERIFY2(driver.finished(), qPrintable(driver.problem()));
     QCOMPARE(dialog.sink().events, opened);
-    QCOMPARE(calls, 0); // it was removed before its turn
+    QCOMPARE(calls, 0); // it was removed before it would have been called
     QCOMPARE(third->events, (QStringList{"folder", "folder"}));
 }
 
@@ -810,7 +816,7 @@ void tst_FileDialogObject::typeEvents()
     };
     DialogDriver driver;
     driver.onDialog<QFileDialog>("pick", [&](QFileDialog& shown) {
-        QCOMPARE(indexes, QList<int>()); // none at the start
+        QCOMPARE(indexes, QList<int>()); // no event for the initial type
         QCOMPARE(shown.nameFilters(), (QStringList{"Data (*.dat)", "Tables (*.csv *.tab)", "All (*)"}));
         QCOMPARE(fileTypeCombo(shown).currentIndex(), 1);
         QCOMPARE(dialog.typeIndex(), 2);
@@ -827,10 +833,10 @@ void tst_FileDialogObject::typeEvents()
     dialog.show(m_window.get());
     QVERIFY2(driver.finished(), qPrintable(driver.problem()));
     QCOMPARE(indexes, (QList<int>{1, 2}));
-    QCOMPARE(dialog.typeIndex(), 3); // stays
+    QCOMPARE(dialog.typeIndex(), 3); // the choice persists after the dialog has closed
 }
 
-/// It is the program's to do so, which is told of the type.
+/// Changing the extension is left to the application, which is notified of the type.
 void tst_FileDialogObject::typeDoesNotChangeTheName()
 {
     const BuiltInDialog dialog(CLSID_FileSaveDialog);
@@ -945,7 +951,7 @@ void tst_FileDialogObject::typesFilterTheList()
     driver.onDialogWhen<QFileDialog>("listed", isListed, [](QFileDialog& shown) { cancel(shown); });
     driver.onDialogWhen<QFileDialog>("listed again", isListed, [](QFileDialog& shown) { cancel(shown); });
     dialog.show(m_window.get());
-    dialog.show(m_window.get()); // with the type that was picked before
+    dialog.show(m_window.get()); // starts with the type that was picked before
     QVERIFY2(driver.finished(), qPrintable(driver.problem()));
 }
 
@@ -963,7 +969,7 @@ void tst_FileDialogObject::typedPattern()
         },
         [&dialog](QFileDialog& shown) {
             QCOMPARE(dialog.typeIndex(), 1);
-            pickFilter(shown, 0); // the same type ends it
+            pickFilter(shown, 0); // picking the same type ends the pattern
         });
     driver.onDialogWhen<QFileDialog>(
         "type again",
@@ -976,7 +982,7 @@ void tst_FileDialogObject::typedPattern()
     QCOMPARE(dialog.sink().events, opened);
 }
 
-/// What a program does that keeps the extension in step with the type.
+/// An application may adapt the extension of the name to the type.
 void tst_FileDialogObject::extensionOnTypeChange()
 {
     const BuiltInDialog dialog(CLSID_FileSaveDialog);
@@ -1123,7 +1129,7 @@ void tst_FileDialogObject::namesWithQuotes()
         QVERIFY2(driver.finished(), qPrintable(driver.problem()));
         QCOMPARE(dialog->result(), m_folders->path(name));
         QCOMPARE(dialog->name(), name);
-        m_folders->addFile(name); // for opening it
+        m_folders->addFile(name); // so that the open dialog can accept it
     }
 }
 
@@ -1304,7 +1310,7 @@ void tst_FileDialogObject::secondShow()
     });
     QCOMPARE(dialog.show(m_window.get()), cancelledResult);
     QVERIFY2(driver.finished(), qPrintable(driver.problem()));
-    QCOMPARE(dialog.result(), QString()); // not that of the first time
+    QCOMPARE(dialog.result(), QString()); // not the result of the first run
     QCOMPARE(dialog.results(), QStringList());
     QCOMPARE(dialog.sink().events, (QStringList{"folder", "type", "ok", "folder"}));
 }
@@ -1327,10 +1333,121 @@ void tst_FileDialogObject::titleAndLabels()
         QCOMPARE(accept->text(), QStringLiteral("Other"));
         dialog->SetOkButtonLabel(L"");
         QCOMPARE(accept->text(), QStringLiteral("&Open"));
+        dialog->SetFileNameLabel(L"&Other:");
+        QCOMPARE(shown.labelText(QFileDialog::FileName), QStringLiteral("&Other:"));
+        dialog->SetFileNameLabel(L"");
+        QCOMPARE(shown.labelText(QFileDialog::FileName), QStringLiteral("File &name:"));
         cancel(shown);
     });
     dialog.show(m_window.get());
     QVERIFY2(driver.finished(), qPrintable(driver.problem()));
+}
+
+void tst_FileDialogObject::refusedNameWithAQuote_data()
+{
+    QTest::addColumn<QStringList>("names"); // the last name is accepted
+    QTest::newRow("then a plain name") << QStringList{"5\" disk.dat", "new.dat"};
+    QTest::newRow("then another one") << QStringList{"5\" disk.dat", "3\" disk.dat"};
+    QTest::newRow("then the same") << QStringList{"5\" disk.dat", "5\" disk.dat"};
+    QTest::newRow("twice, then a plain name") << QStringList{"5\" disk.dat", "3\" disk.dat", "new.dat"};
+    QTest::newRow("after a plain name") << QStringList{"new.dat", "5\" disk.dat"};
+}
+
+void tst_FileDialogObject::refusedNameWithAQuote()
+{
+    QFETCH(QStringList, names);
+    const BuiltInDialog dialog(CLSID_FileSaveDialog);
+    QVERIFY(dialog.setFolder(m_folders->path()));
+    QStringList chosen;
+    dialog.sink().whenTold = [&](const QString& event) {
+        if (event != QLatin1String("ok"))
+            return S_OK;
+        chosen += dialog.result();
+        return chosen.size() < names.size() ? HRESULT(S_FALSE) : S_OK;
+    };
+    DialogDriver driver;
+    QStringList paths;
+    for (const QString& name : names) {
+        driver.onDialog<QFileDialog>(name, [name](QFileDialog& shown) { acceptName(shown, name); });
+        paths += m_folders->path(name);
+    }
+    QCOMPARE(dialog.show(m_window.get()), S_OK);
+    QVERIFY2(driver.finished(), qPrintable(driver.problem()));
+    QCOMPARE(chosen, paths);
+    QCOMPARE(dialog.result(), paths.last());
+}
+
+/// A sink that asks for results while the dialog is open must not get those of an earlier run.
+void tst_FileDialogObject::secondRunShowsNoOldResult()
+{
+    const BuiltInDialog dialog;
+    QVERIFY(dialog.setFolder(m_folders->path()));
+    QVERIFY(dialog.setOptions(FOS_ALLOWMULTISELECT));
+    DialogDriver driver;
+    driver.onDialog<QFileDialog>("accept", [](QFileDialog& shown) { acceptName(shown, QStringLiteral("a.dat")); });
+    QCOMPARE(dialog.show(m_window.get()), S_OK);
+    QCOMPARE(dialog.result(), m_folders->path(QStringLiteral("a.dat")));
+    dialog.sink().whenTold = [&dialog](const QString&) {
+        return dialog.result().isEmpty() && dialog.results().isEmpty() ? S_OK : dialog->Close(E_FAIL);
+    };
+    driver.onDialog<QFileDialog>("cancel", [&dialog](QFileDialog& shown) {
+        QCOMPARE(dialog.result(), QString());
+        QCOMPARE(dialog.results(), QStringList());
+        cancel(shown);
+    });
+    QCOMPARE(dialog.show(m_window.get()), cancelledResult);
+    QVERIFY2(driver.finished(), qPrintable(driver.problem()));
+    QCOMPARE(dialog.results(), QStringList());
+}
+
+/// Each run uses the settings at its start and nothing of an earlier run.
+void tst_FileDialogObject::switchesBetweenRuns()
+{
+    const BuiltInDialog dialog(CLSID_FileSaveDialog);
+    QVERIFY(dialog.setFolder(m_folders->path()));
+    DialogDriver driver;
+    for (const bool prompt : {false, true, false}) {
+        QVERIFY(dialog.setOptions(prompt ? FOS_OVERWRITEPROMPT : 0, prompt ? 0 : FOS_OVERWRITEPROMPT));
+        driver.onDialog<QFileDialog>("accept", [](QFileDialog& shown) { acceptName(shown, QStringLiteral("a.dat")); });
+        if (prompt)
+            driver.onDialog<QMessageBox>("yes", [](QMessageBox& box) { box.button(QMessageBox::Yes)->click(); });
+        QCOMPARE(dialog.show(m_window.get()), S_OK);
+        QVERIFY2(driver.finished(), qPrintable(driver.problem()));
+    }
+    for (const bool extension : {true, false}) {
+        QCOMPARE(dialog->SetDefaultExtension(extension ? L"dat" : L""), S_OK);
+        driver.onDialog<QFileDialog>("accept", [](QFileDialog& shown) { acceptName(shown, QStringLiteral("new")); });
+        QCOMPARE(dialog.show(m_window.get()), S_OK);
+        QCOMPARE(dialog.result(), m_folders->path(extension ? QStringLiteral("new.dat") : QStringLiteral("new")));
+    }
+    QVERIFY2(driver.finished(), qPrintable(driver.problem()));
+}
+
+void tst_FileDialogObject::typedPatternInEachRun()
+{
+    const BuiltInDialog dialog;
+    QVERIFY(dialog.setFolder(m_folders->path()));
+    QVERIFY(dialog.setTypes(types));
+    const QStringList ofTheType{"a.dat", "b.dat", "deeper"};
+    DialogDriver driver;
+    for (int run = 0; run < 2; ++run) {
+        driver.onDialogWhen<QFileDialog>(
+            "list of the type", [&](QFileDialog& shown) { return listedNames(shown) == ofTheType; },
+            [](QFileDialog& shown) {
+                acceptName(shown, QStringLiteral("*.csv"));
+                QCOMPARE(fileNameEdit(shown).selectedText(),
+                         QStringLiteral("*.csv")); // selected, so that the user can type over it
+            });
+        driver.onDialogWhen<QFileDialog>(
+            "list of the pattern",
+            [](QFileDialog& shown) {
+                return listedNames(shown) == QStringList{"c.csv", "deeper"};
+            },
+            [](QFileDialog& shown) { cancel(shown); });
+        QCOMPARE(dialog.show(m_window.get()), cancelledResult);
+        QVERIFY2(driver.finished(), qPrintable(driver.problem()));
+        QVERIFY(dialog.setName({})); // otherwise the next run would start with the pattern
+    }
 }
 
 int main(int argc, char* argv[])

@@ -8,7 +8,7 @@
 
 namespace {
 
-/// Ends with a row that is not counted: it must not be read.
+/// Native types, followed by an uncounted row that must not be read.
 FileTypes someTypes()
 {
     const COMDLG_FILTERSPEC specs[] = {{L"Data", L"*.dat"},     {L"Tables", L"*.csv;*.tab"}, {L"Data", L"*.plt"},

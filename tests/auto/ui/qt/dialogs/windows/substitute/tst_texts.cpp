@@ -69,7 +69,7 @@ void tst_texts::readOnly()
 void tst_texts::mnemonics_data()
 {
     QTest::addColumn<QString>("label");
-    QTest::addColumn<QString>("expected"); // where Alt+O is taken
+    QTest::addColumn<QString>("expected"); // result when Alt+O is taken
 
     QTest::newRow("no mnemonic") << "Options"
                                  << "Options";

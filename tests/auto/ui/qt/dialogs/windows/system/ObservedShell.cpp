@@ -4,7 +4,8 @@
 
 #include <QDir>
 
-/// Everything is the system's dialog's, but for the count of references and the lists of cookies.
+/// A front object that forwards every call to the system's dialog. It keeps its own reference count and records
+/// cookies.
 class ObservedShell::Front : public IFileOpenDialog
 {
 public:
@@ -109,7 +110,7 @@ private:
     ComPointer<IFileOpenDialog> openDialog() const { return queryFor<IFileOpenDialog>(IID_IFileOpenDialog, m_dialog); }
 
     ObservedShell& m_shell;
-    IFileDialog* const m_dialog; // one reference, given back where its count is looked at
+    IFileDialog* const m_dialog; // holds one reference, which the destructor releases and checks
     ULONG m_references = 1;
 };
 

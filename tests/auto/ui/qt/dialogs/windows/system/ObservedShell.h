@@ -7,10 +7,10 @@
 #include <memory>
 #include <vector>
 
-/// Looks at the system's file dialogs from the inside: while this object is there, those that CoCreateInstance() makes
-/// are the system's own behind a thin front, which counts who refers to it and remembers who is advised.
+/// An observer of the system's file dialogs. While it exists, CoCreateInstance() wraps each dialog of the system in a
+/// thin front object, which counts its references and records the event sinks and their cookies.
 ///
-/// Belongs to the apartment in which it was made, which must be a single-threaded one.
+/// Must be created in a single-threaded apartment, and used and destroyed there.
 class ObservedShell
 {
 public:
@@ -19,22 +19,23 @@ public:
     ObservedShell(const ObservedShell&) = delete;
     ObservedShell& operator=(const ObservedShell&) = delete;
 
-    /// The last dialog that was made, as long as it is there.
+    /// Returns the dialog that was created last, or null after it has been destroyed.
     IFileDialog* dialog() const { return m_dialog; }
     FILEOPENDIALOGOPTIONS options() const;
-    /// Its folder, with slashes.
+    /// Returns the folder of that dialog, with slashes.
     QString folder() const;
 
-    int made = 0;                 ///< dialogs
-    int gone = 0;                 ///< of them
-    ULONG systemReferences = 0;   ///< to the system's dialogs, left over from those that are gone
-    std::vector<DWORD> advised;   ///< the cookies, in order
-    std::vector<DWORD> unadvised; ///< likewise
+    int made = 0;                 ///< number of dialogs that were created
+    int gone = 0;                 ///< number of those that were destroyed
+    ULONG systemReferences = 0;   ///< references to the system's dialogs that destroyed front objects left behind
+    std::vector<DWORD> advised;   ///< the cookies of Advise(), in order
+    std::vector<DWORD> unadvised; ///< the cookies of Unadvise(), in order
 
-    /// Everybody's references to the dialog that is there; 0 for none.
+    /// Returns the reference count of the existing dialog; 0 when there is none.
     ULONG references() const;
 
-    /// Everybody else's references to those who were ever advised. The shell's own, which keep them, go.
+    /// Releases the observer's references to all event sinks that were ever advised. Returns the number of references
+    /// to them that others still hold.
     ULONG releaseAdvised();
 
 private:

@@ -31,7 +31,7 @@ QString windowClass(HWND window)
 
 namespace {
 
-/// All windows in `window`, at any depth, of one class.
+/// Returns all descendants of `window` with the window class `name`.
 std::vector<HWND> childrenOfClass(HWND window, const QString& name)
 {
     struct Search
@@ -51,7 +51,7 @@ std::vector<HWND> childrenOfClass(HWND window, const QString& name)
     return search.found;
 }
 
-/// What cannot be seen or used cannot be clicked.
+/// Posts a click on `button`. Does nothing when a user could not click it, because it is hidden or disabled.
 void clickLater(HWND button)
 {
     if (IsWindowVisible(button) && IsWindowEnabled(button))
@@ -193,7 +193,8 @@ HWND SystemDialog::field(int id) const
     return GetDlgItem(m_window, id);
 }
 
-/// One that is seen comes first: the dialog has hidden buttons of its own.
+/// Returns the button with this label, or null. Prefers a visible one, because the dialog has hidden buttons of its
+/// own.
 HWND SystemDialog::button(const QString& label) const
 {
     HWND found = nullptr;

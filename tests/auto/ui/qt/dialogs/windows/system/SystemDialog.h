@@ -5,17 +5,17 @@
 
 #include <windows.h>
 
-/// Whether Windows is played by Wine, whose dialog differs in places.
+/// Returns whether the test runs under Wine, whose dialog differs in some details from that of Windows.
 bool isWine();
 
 QString windowText(HWND window);
 QString windowClass(HWND window);
 
-/// The system's file dialog as it stands on the screen: what a user sees of it, and does with it. Buttons and check
-/// boxes are found by their labels, with the `&` of the mnemonic.
+/// The open file dialog of the system, with functions for what a user sees in it and does with it. Buttons and check
+/// boxes are identified by their labels, including the `&` of the mnemonic.
 ///
-/// What is done is done when the dialog gets to it, so that it may open a window of its own: look at the effect in a
-/// later step. Knows where Wine's dialog has its fields; Windows itself lays some of them out in another way.
+/// Actions are posted to the dialog, because they may open another window: check their effect in a later step. The
+/// class knows the control ids of Wine's dialog; some of them differ on Windows itself.
 class SystemDialog
 {
 public:
@@ -29,13 +29,13 @@ public:
     void typeName(const QString& name) const;
 
     QStringList fileTypes() const;
-    int fileType() const; ///< from 0; -1 for none
+    int fileType() const; ///< index from 0, or -1 when no type is selected
     void pickFileType(int index) const;
 
-    /// The names of files and folders in the list.
+    /// Returns the names of the files and folders in the list.
     QStringList shownFiles() const;
 
-    /// Whether a button or a check box is there at all, and how.
+    /// Return whether a button or a check box exists, and its state.
     bool has(const QString& label) const;
     bool isShown(const QString& label) const;
     bool isEnabled(const QString& label) const;
@@ -56,21 +56,21 @@ private:
     HWND m_window;
 };
 
-/// A message box of the system's dialog.
+/// A message box that the system's dialog has opened.
 class SystemQuestion
 {
 public:
     explicit SystemQuestion(HWND window);
 
     QString text() const;
-    /// `button`: IDYES, IDNO, IDOK, ...
+    /// Presses `button`: IDYES, IDNO, IDOK, ...
     void answer(int button) const;
 
 private:
     HWND m_window;
 };
 
-/// The menu of the accept button, while it is open.
+/// The open menu of the accept button.
 class SystemMenu
 {
 public:
@@ -78,7 +78,7 @@ public:
 
     QStringList items() const;
     bool isEnabled(int index) const;
-    /// Picks an item as the keyboard does.
+    /// Picks the item at `index` (from 0) with keys.
     void pick(int index) const;
     void close() const;
 

@@ -7,14 +7,14 @@
 
 namespace {
 
-// Long enough for a timer of the system's, which comes when nothing else is left to do: what a step has set going is
-// done.
+// In milliseconds. Windows delivers timer messages only when no other message is pending, so the consequences of a step
+// have been handled before the next poll.
 constexpr int pollInterval = 20;
 
 const QString dialogClass = QStringLiteral("#32770");
 const QString menuClass = QStringLiteral("#32768");
 
-/// The windows of the system's that this thread shows: dialogs, message boxes, menus.
+/// Returns the visible windows of the system on this thread: dialogs, message boxes and menus.
 std::vector<HWND> systemWindows()
 {
     std::vector<HWND> windows;
@@ -45,7 +45,7 @@ HWND findMenu()
     return findWindow([](HWND window) { return windowClass(window) == menuClass; });
 }
 
-/// One that no other system's dialog has opened, as it does its message boxes.
+/// Returns whether `window` is a file dialog. A message box has the same class, but its owner is a dialog.
 bool isFileDialog(HWND window)
 {
     return windowClass(window) == dialogClass && windowClass(GetWindow(window, GW_OWNER)) != dialogClass;
@@ -78,7 +78,7 @@ void endWindows()
         EndMenu();
     for (HWND window : systemWindows()) {
         if (IsWindowEnabled(window)) {
-            PostMessageW(window, WM_COMMAND, IDNO, 0); // a question
+            PostMessageW(window, WM_COMMAND, IDNO, 0); // answers a question
             PostMessageW(window, WM_COMMAND, IDCANCEL, 0);
         }
     }
@@ -152,8 +152,8 @@ void SystemDialogDriver::addStep(Step step)
 
 void SystemDialogDriver::poll()
 {
-    // Another timer each time, and started first: a step may open a loop of its own, and a timer does not fire while
-    // its own slot runs.
+    // Starts a new timer before the step, which may run a nested event loop: a repeating timer does not fire while its
+    // own slot runs.
     QTimer::singleShot(pollInterval, this, [this] { poll(); });
     if (!m_problem.isEmpty())
         endWindows();

@@ -9,45 +9,45 @@
 #include <functional>
 #include <queue>
 
-/// Plays the user of the system's file dialog: takes steps one after the other, each inside the dialog's own loop,
-/// while the code under test waits in exec().
+/// A driver that plays the user of the system's file dialog. It takes its steps in order, each inside the dialog's own
+/// event loop, while the code under test waits in exec().
 ///
 ///     SystemDialogDriver driver;
 ///     driver.inDialog("type a name", [](const SystemDialog& dialog) { dialog.acceptName("a.dat"); });
 ///     QCOMPARE(dialog.exec(), QDialog::Accepted);
 ///     QVERIFY2(driver.finished(), qPrintable(driver.problem()));
 ///
-/// A step waits until its window is there and can be used, and, where it has one, until its condition holds. When that
-/// takes longer than the deadline, or a dialog stays open so long after the last step, the driver remembers what was
-/// wrong and ends every window of the system's on its thread from then on, so that the code under test comes back.
+/// A step waits until its window exists and is enabled, and until its condition, if any, is true. If that takes longer
+/// than the deadline, or if a dialog stays open for that time after the last step, the driver records the problem and
+/// from then on closes every window of the system on its thread, so that the code under test returns.
 ///
-/// Beside a DialogDriver it leaves Qt's dialogs to that one. Works in any thread whose event loop runs, for that
-/// thread.
+/// It may be used together with a DialogDriver, which handles Qt's dialogs. Works in any thread with a running event
+/// loop, for the windows of that thread.
 class SystemDialogDriver : public QObject
 {
 public:
-    /// `title`: the dialog's; empty for any. `deadline`: how long one step may wait, in milliseconds.
+    /// Drives dialogs with the title `title`, or any dialog if it is empty. A step may wait `deadline` milliseconds.
     explicit SystemDialogDriver(const QString& title = {}, int deadline = 15000);
 
     void inDialog(const QString& name, std::function<void(const SystemDialog&)> action);
     void inDialogWhen(const QString& name, std::function<bool(const SystemDialog&)> condition,
                       std::function<void(const SystemDialog&)> action);
-    /// In a message box that the dialog has opened.
+    /// Adds a step in a message box that the dialog has opened.
     void inQuestion(const QString& name, std::function<void(const SystemQuestion&)> action);
-    /// In the open menu of the accept button.
+    /// Adds a step in the open menu of the accept button.
     void inMenu(const QString& name, std::function<void(const SystemMenu&)> action);
 
-    /// True when every step was taken in time, and no dialog stayed open after the last one.
+    /// Returns whether every step was taken in time and no dialog stayed open after the last step.
     bool finished() const;
 
-    /// What went wrong, for a test's message; empty when nothing did.
+    /// Returns a description of what went wrong, for the message of a failed test. Empty when all went well.
     QString problem() const;
 
 private:
     struct Step
     {
         QString name;
-        std::function<bool()> take; ///< false: not due
+        std::function<bool()> take; ///< returns false when the step is not due yet
     };
 
     void addStep(Step step);

@@ -1,5 +1,7 @@
 #include "SystemDialogTest.h"
 
+#include "Keyboard.h"
+
 #include <QtTest>
 
 void SystemDialogTest::init()
@@ -9,7 +11,9 @@ void SystemDialogTest::init()
         m_folders->addFile(name, "contents");
     m_window = std::make_unique<QWidget>();
     m_window->show();
-    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+    // Asks again: the window before may have been destroyed under a dialog, whereupon no window gets the focus by
+    // itself.
+    QVERIFY(QTest::qWaitFor([this] { return hasKeyboard(*m_window); }, 15000));
     m_shell = std::make_unique<ObservedShell>();
     m_driver = std::make_unique<SystemDialogDriver>();
 }

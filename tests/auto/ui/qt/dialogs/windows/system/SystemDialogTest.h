@@ -10,15 +10,15 @@
 
 #include <memory>
 
-/// What each test of the system's dialog has: some files, the window that the dialog is over, a look inside, and a
-/// user.
+/// The base class of the tests of the system's dialog. Provides some files, a parent window, an observed shell and a
+/// driver that plays the user.
 class SystemDialogTest : public QObject
 {
     Q_OBJECT
 
 protected:
     QString path(const QString& name = {}) const { return m_folders->path(name); }
-    /// The path as the system writes it.
+    /// Returns the path in the system's own form, with backslashes.
     QString native(const QString& name) const { return QDir::toNativeSeparators(path(name)); }
 
     std::unique_ptr<DialogFolders> m_folders; ///< a.dat, b.dat, c.txt, d.csv, and e.dat in the folder "inner"
@@ -28,6 +28,6 @@ protected:
 
 protected Q_SLOTS:
     void init();
-    /// Fails the test when the user could not do what was to be done.
+    /// Fails the test when the driver could not take all of its steps.
     void cleanup();
 };

@@ -20,7 +20,7 @@ constexpr FILEOPENDIALOGOPTIONS optionsOfOurs =
 
 } // namespace
 
-/// The system's dialog as the class shows it: what is seen in it, and what comes back.
+/// Tests what the system's dialog shows for the settings of the class, and what the class returns.
 class tst_SystemDialog : public SystemDialogTest
 {
     Q_OBJECT
@@ -295,7 +295,7 @@ void tst_SystemDialog::hasTheOptionsOfItsMode()
     });
     dialog->exec();
     QCOMPARE(options & optionsOfOurs, expected);
-    QCOMPARE(options & ~optionsOfOurs, before & ~optionsOfOurs); // what is the system's stays
+    QCOMPARE(options & ~optionsOfOurs, before & ~optionsOfOurs); // the system's own options do not change
     QVERIFY(before & ~optionsOfOurs);
 }
 
@@ -422,7 +422,7 @@ void tst_SystemDialog::followsTheFileType_data()
 {
     QTest::addColumn<QFileDialog::AcceptMode>("mode");
     QTest::addColumn<QString>("name");
-    QTest::newRow("open") << QFileDialog::AcceptOpen << "inner\\data.dat"; // stays
+    QTest::newRow("open") << QFileDialog::AcceptOpen << "inner\\data.dat"; // the name does not change
     QTest::newRow("save") << QFileDialog::AcceptSave << "inner/data.txt";
 }
 
@@ -456,8 +456,8 @@ void tst_SystemDialog::replacesTheExtension_data()
     QTest::addColumn<QString>("filter");
     QTest::addColumn<QString>("typed");
     QTest::addColumn<QString>("renamed");
-    // Wine replaces the extension of a name of the type before by itself, too, by that of the first pattern. Under "*",
-    // under two patterns and in another folder it is seen who had the last word.
+    // Wine itself also replaces the previous type's extension, by that of the first pattern. The rows with "*", with
+    // two patterns and with another folder show that the library's name is set last.
     QTest::newRow("one pattern") << "Text (*.txt)"
                                  << "data.dat"
                                  << "data.txt";

@@ -29,7 +29,7 @@ void cancel(const SystemDialog& dialog)
 
 } // namespace
 
-/// What an application adds to the system's dialog, as the user meets it there.
+/// Tests the controls that an application adds to the system's dialog from the user's point of view.
 class tst_SystemDialogControls : public SystemDialogTest
 {
     Q_OBJECT
@@ -61,7 +61,7 @@ private Q_SLOTS:
 private:
     std::unique_ptr<ExtendedWinFileDialog> makeDialog(const std::string& helpTopic = {}, bool menu = false,
                                                       QFileDialog::AcceptMode mode = QFileDialog::AcceptOpen) const;
-    /// Shows the dialog and takes `look` in it.
+    /// Shows the dialog, calls `look` while it is open, and closes it.
     void run(ExtendedWinFileDialog& dialog, const std::function<void(const SystemDialog&)>& look);
 };
 
@@ -143,7 +143,7 @@ void tst_SystemDialogControls::closesFromAnAction()
     const auto dialog = makeDialog({}, false, acceptMode);
     dialog->setFileMode(mode);
     dialog->addCustomButton("Close", [&dialog] { dialog->close(); });
-    for (int i = 0; i < 2; ++i) { // it can be shown again
+    for (int i = 0; i < 2; ++i) { // the dialog can be shown again
         m_driver->inDialog("click", [](const SystemDialog& shown) {
             shown.typeName("a.dat");
             shown.click("Close");
@@ -381,7 +381,7 @@ void tst_SystemDialogControls::appliesHandlesWhileShown()
         note(shown);
     });
     QCOMPARE(states, (QStringList{"shown", "hidden", "hidden, disabled", "shown, disabled", "shown"}));
-    QVERIFY(!handle->windowHandle()); // the handle itself is never seen
+    QVERIFY(!handle->windowHandle()); // the handle itself never gets a window
 }
 
 void tst_SystemDialogControls::appliesTheHandlesOfItems()

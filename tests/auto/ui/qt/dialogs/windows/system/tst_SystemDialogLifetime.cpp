@@ -15,8 +15,8 @@ namespace {
 
 const auto nothing = [] {};
 
-/// In a thread of its own, which is in no apartment. Both threads wait in event loops: the windows of one are told of
-/// those of the other, and a driver needs its timers.
+/// Runs `step` in a new thread, which is in no apartment. Both threads run event loops: windows of one thread send
+/// messages to those of the other, and a driver needs timers.
 void onFreshThread(const std::function<void()>& step)
 {
     QThread thread;
@@ -26,7 +26,7 @@ void onFreshThread(const std::function<void()>& step)
         step();
         thread.quit();
     };
-    QObject::connect(&thread, &QThread::started, &onThread, takeStep, Qt::QueuedConnection); // not before its loop
+    QObject::connect(&thread, &QThread::started, &onThread, takeStep, Qt::QueuedConnection); // when its event loop runs
     QEventLoop loop;
     QObject::connect(&thread, &QThread::finished, &loop, &QEventLoop::quit);
     thread.start();
@@ -34,7 +34,7 @@ void onFreshThread(const std::function<void()>& step)
     thread.wait();
 }
 
-/// How often the thread has entered the single-threaded apartment without leaving it. It is out of it afterwards.
+/// Leaves the single-threaded apartment as often as the thread has entered it. Returns this number.
 int leaveApartment()
 {
     int entries = 0;
@@ -46,7 +46,8 @@ int leaveApartment()
     return entries;
 }
 
-/// What each showing leaves behind: Wine's dialog enters the apartment and does not leave it.
+/// Returns the number of apartment entries that each showing leaves behind: Wine's dialog enters once and does not
+/// leave.
 int entriesOfShowing()
 {
     return isWine() ? 1 : 0;
@@ -54,7 +55,7 @@ int entriesOfShowing()
 
 } // namespace
 
-/// What the class takes from the system, and that it gives all of it back.
+/// Tests that the class releases everything that it acquires from the system.
 class tst_SystemDialogLifetime : public SystemDialogTest
 {
     Q_OBJECT
@@ -65,6 +66,8 @@ private Q_SLOTS:
     void givesReferencesBackAfterOthersLookedIn();
     void advisesForEachShowing();
     void keepsNoReferenceOfAControl();
+    void goesWhileItRuns_data();
+    void goesWhileItRuns();
     void leavesTheApartment_data();
     void leavesTheApartment();
     void staysOutOfTheOtherApartment_data();
@@ -93,7 +96,7 @@ void tst_SystemDialogLifetime::givesReferencesBack_data()
     QTest::newRow("cancelled") << QFileDialog::AcceptOpen << QFileDialog::ExistingFile << QString();
 }
 
-/// After every operation, with the user going through all that is told of.
+/// Calls every operation, while the user causes every event that the class handles.
 void tst_SystemDialogLifetime::givesReferencesBack()
 {
     QFETCH(QFileDialog::AcceptMode, acceptMode);
@@ -134,7 +137,7 @@ void tst_SystemDialogLifetime::givesReferencesBack()
     QCOMPARE(m_shell->releaseAdvised(), ULONG(0));
 }
 
-/// The counts do count: somebody else's references are seen in them.
+/// Proves that the counts are meaningful: references of the test itself appear in them.
 void tst_SystemDialogLifetime::givesReferencesBackAfterOthersLookedIn()
 {
     auto dialog = makeDialog();
@@ -166,10 +169,10 @@ void tst_SystemDialogLifetime::advisesForEachShowing()
         QCOMPARE(unadvisedWhileOpen, showings - 1);
         QCOMPARE(m_shell->unadvised, m_shell->advised);
     }
-    QCOMPARE(m_shell->releaseAdvised(), ULONG(0)); // each handler is gone, and not only the last
+    QCOMPARE(m_shell->releaseAdvised(), ULONG(0)); // every handler is destroyed, not only the last one
 }
 
-/// A control's handle borrows the dialog: it neither holds nor loses it.
+/// The handle of a control borrows the dialog: it changes no reference count.
 void tst_SystemDialogLifetime::keepsNoReferenceOfAControl()
 {
     auto dialog = makeDialog();
@@ -183,6 +186,38 @@ void tst_SystemDialogLifetime::keepsNoReferenceOfAControl()
     dialog.reset();
     QCOMPARE(m_shell->gone, 1);
     QCOMPARE(m_shell->systemReferences, ULONG(0));
+}
+
+void tst_SystemDialogLifetime::goesWhileItRuns_data()
+{
+    QTest::addColumn<bool>("parentGoes");
+    QTest::addColumn<bool>("inButton");
+    QTest::newRow("the object, while the dialog is open") << false << false;
+    QTest::newRow("the parent, while the dialog is open") << true << false;
+    QTest::newRow("the object, in the action of a button") << false << true;
+    QTest::newRow("the parent, in the action of a button") << true << true;
+}
+
+/// The dialog must close: the driver would report it if it stayed open.
+void tst_SystemDialogLifetime::goesWhileItRuns()
+{
+    QFETCH(bool, parentGoes);
+    QFETCH(bool, inButton);
+    auto dialog = makeDialog();
+    int strikes = 0;
+    const auto strike = [&] {
+        ++strikes;
+        parentGoes ? m_window.reset() : dialog.reset();
+    };
+    dialog->addCustomButton("Strike", strike);
+    m_driver->inDialog("strike", [&](const SystemDialog& shown) { inButton ? shown.click("Strike") : strike(); });
+    QCOMPARE(dialog->exec(), QDialog::Rejected);
+    QCOMPARE(strikes, 1);
+    dialog.reset();
+    QCOMPARE(m_shell->gone, 1);
+    QCOMPARE(m_shell->systemReferences, ULONG(0));
+    QCOMPARE(m_shell->unadvised, m_shell->advised);
+    QCOMPARE(m_shell->releaseAdvised(), ULONG(0));
 }
 
 void tst_SystemDialogLifetime::leavesTheApartment_data()
@@ -204,7 +239,7 @@ void tst_SystemDialogLifetime::leavesTheApartment()
     QStringList files;
     QString problem;
     int after = -1;
-    m_shell.reset(); // belongs to the test's thread
+    m_shell.reset(); // belongs to the apartment of the test's thread
     onFreshThread([&] {
         before = leaveApartment();
         {
@@ -222,7 +257,7 @@ void tst_SystemDialogLifetime::leavesTheApartment()
         after = leaveApartment();
     });
     QCOMPARE(before, 0);
-    QCOMPARE(entered, S_FALSE); // the object was in
+    QCOMPARE(entered, S_FALSE); // the dialog had entered the apartment
     QCOMPARE(problem, QString());
     QCOMPARE(result, shown ? int(QDialog::Accepted) : -1);
     QCOMPARE(files, shown ? QStringList{native("new.dat")} : QStringList());
@@ -236,7 +271,7 @@ void tst_SystemDialogLifetime::staysOutOfTheOtherApartment_data()
     QTest::newRow("save") << QFileDialog::AcceptSave;
 }
 
-/// The object leaves an apartment that it has not entered, which is kept on purpose: the one of the thread.
+/// The dialog cannot enter the thread's multithreaded apartment, but leaves it once at its end.
 void tst_SystemDialogLifetime::staysOutOfTheOtherApartment()
 {
     QFETCH(QFileDialog::AcceptMode, mode);
@@ -249,7 +284,7 @@ void tst_SystemDialogLifetime::staysOutOfTheOtherApartment()
         CoInitializeEx(nullptr, COINIT_MULTITHREADED);
         {
             ExtendedWinFileDialog dialog(nullptr, "Lifetime", path().toStdString(), "Data (*.dat)", "", mode, true);
-            SystemDialogDriver driver; // ends a dialog that must not come
+            SystemDialogDriver driver; // closes a dialog, which must not appear
             result = dialog.exec();
             files = dialog.selectedFiles();
             dialog.close();

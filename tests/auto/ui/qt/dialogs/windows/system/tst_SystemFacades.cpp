@@ -15,7 +15,7 @@ const std::vector<std::string> filters{"Data (*.dat)", "Text (*.txt)"};
 
 } // namespace
 
-/// The facades whose native kind is the system's dialog, from outside.
+/// Tests the facades with the native switch on, through their public interface only.
 class tst_SystemFacades : public SystemDialogTest
 {
     Q_OBJECT
@@ -53,7 +53,7 @@ void tst_SystemFacades::launchesForOneFile()
     QCOMPARE(name, QString("a.dat"));
     QCOMPARE(QDir(folder), QDir(path()));
     QCOMPARE(type, 1);
-    QCOMPARE(owner, reinterpret_cast<HWND>(m_window->winId())); // the active window
+    QCOMPARE(owner, reinterpret_cast<HWND>(m_window->winId())); // the active window is the default parent
     QCOMPARE(files, std::vector<std::string>{nativeUtf8("c.txt")});
     QCOMPARE(filter, 1);
 }

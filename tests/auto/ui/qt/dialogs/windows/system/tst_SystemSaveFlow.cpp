@@ -19,14 +19,14 @@ using Calls = RecordingMessageHandler::Calls;
 
 namespace {
 
-// Wine's dialog appends the extension of a type's first pattern by itself. Under the second and the third type it has
-// none to append: what is appended there is the flow's doing.
+// Wine's dialog itself appends the extension of a type's first pattern. The first pattern of the second and the third
+// type has no extension, so that only the flow can append one.
 const std::vector<std::string> writers{"Data files (*.dat)", "Runs (* *.run)", "Tables (* *.csv)"};
 
 } // namespace
 
-/// The save flow over the system's dialog, with the questions that it asks in between. The dialog's own question about
-/// overwriting must not come: the driver would report the dialog that it makes wait.
+/// Tests the save flow and its questions over the system's dialog. The dialog itself must not ask about overwriting:
+/// the driver would report that the dialog waits for an answer.
 class tst_SystemSaveFlow : public SystemDialogTest
 {
     Q_OBJECT
@@ -110,7 +110,7 @@ void tst_SystemSaveFlow::appendsTheExtension_data()
     QTest::newRow("another extension") << "new.csv" << QString();
 }
 
-/// A name that gets an extension has slashes afterwards; another one stays as the system writes it.
+/// A path to which the flow appends an extension gets slashes. Any other path keeps the system's backslashes.
 void tst_SystemSaveFlow::appendsTheExtension()
 {
     QFETCH(QString, typed);
@@ -121,7 +121,7 @@ void tst_SystemSaveFlow::appendsTheExtension()
     const QString saved = appended.isNull() ? native(typed) : path(appended);
     QCOMPARE(QString::fromStdString(flow->selectedFilename()), saved);
     QCOMPARE(m_calls, (Calls{"check " + flow->selectedFilename()}));
-    QVERIFY(!QFile::exists(saved)); // the probe leaves nothing
+    QVERIFY(!QFile::exists(saved)); // the probe leaves no file behind
 }
 
 void tst_SystemSaveFlow::appendsTheExtensionOfThePickedType()
@@ -156,7 +156,7 @@ void tst_SystemSaveFlow::asksBeforeOverwriting()
 {
     m_folders->addFile("old.run", "contents");
     const auto flow = makeFlow<SaveFileWinDialog>();
-    accept("old"); // by the system there is no such file yet
+    accept("old"); // without its extension the name does not exist, so the system does not ask
     answer("overwrite", QMessageBox::Yes);
     QVERIFY(flow->launch());
     QCOMPARE(QString::fromStdString(flow->selectedFilename()), path("old.run"));
@@ -218,9 +218,10 @@ void tst_SystemSaveFlow::asksWhereItCannotWrite()
     if (triesAgain)
         accept(native("run"));
     const bool launched = flow->launch();
-    m_folders->setReadOnly("locked", false); // so that it can be removed
+    m_folders->setReadOnly("locked", false); // so that the folder can be removed
     QCOMPARE(launched, triesAgain);
-    QCOMPARE(m_calls.size(), std::size_t(triesAgain ? 3 : 2)); // each check, and that it cannot be written
+    QCOMPARE(m_calls.size(),
+             std::size_t(triesAgain ? 3 : 2)); // each check, and the message that the file cannot be written
     if (triesAgain)
         QCOMPARE(QString::fromStdString(flow->selectedFilename()), path("run.run"));
 }

@@ -1,0 +1,283 @@
+#include "compat/substitute/NarrowedSource.h"
+
+#include "textsearch/ContainsFilterModel.h"
+
+#include <QSignalBlocker>
+
+#include <utility>
+
+namespace zelmar {
+
+namespace {
+
+/// QCompleter looks through fewer rows in less time than a frame on the screen takes.
+constexpr int manyRows = 1000;
+
+/// Counts up for its lifetime.
+class Counted
+{
+public:
+    explicit Counted(int& counter)
+        : m_counter(counter)
+    {
+        ++m_counter;
+    }
+    ~Counted() { --m_counter; }
+    Counted(const Counted&) = delete;
+    Counted& operator=(const Counted&) = delete;
+
+private:
+    int& m_counter;
+};
+
+} // namespace
+
+NarrowedSource::NarrowedSource(QObject* parent)
+    : QAbstractProxyModel(parent)
+    , m_filter(new ContainsFilterModel(this))
+{
+    followFilter();
+}
+
+void NarrowedSource::setSourceModel(QAbstractItemModel* model)
+{
+    beginResetModel();
+    if (m_source)
+        disconnect(m_source, nullptr, this, nullptr);
+    m_isNarrowed = false;
+    // Before the filter follows the model: of a model that is destroyed, this one has to know first.
+    m_source = model;
+    QAbstractProxyModel::setSourceModel(model);
+    followSource();
+    m_filter->setSourceModel(nullptr);
+    endResetModel();
+}
+
+QAbstractItemModel* NarrowedSource::source() const
+{
+    return m_source;
+}
+
+void NarrowedSource::followSource()
+{
+    if (!m_source)
+        return;
+    connect(m_source, SIGNAL(rowsInserted(QModelIndex, int, int)), this, SLOT(onRowsInserted(QModelIndex, int, int)));
+    connect(m_source, SIGNAL(dataChanged(QModelIndex, QModelIndex, QVector<int>)), this,
+            SLOT(onDataChanged(QModelIndex, QModelIndex, QVector<int>)));
+    connect(m_source, SIGNAL(destroyed()), this, SLOT(onSourceDestroyed()));
+    for (const char* signal : {SIGNAL(rowsRemoved(QModelIndex, int, int)),
+                               SIGNAL(rowsMoved(QModelIndex, int, int, QModelIndex, int)), SIGNAL(layoutChanged())})
+        connect(m_source, signal, this, SLOT(onRowsChanged()));
+    for (const char* signal :
+         {SIGNAL(columnsInserted(QModelIndex, int, int)), SIGNAL(columnsRemoved(QModelIndex, int, int)),
+          SIGNAL(columnsMoved(QModelIndex, int, int, QModelIndex, int)), SIGNAL(modelReset())})
+        connect(m_source, signal, this, SLOT(onReset()));
+}
+
+void NarrowedSource::followFilter()
+{
+    for (const char* signal :
+         {SIGNAL(modelReset()), SIGNAL(layoutChanged()), SIGNAL(rowsInserted(QModelIndex, int, int)),
+          SIGNAL(rowsRemoved(QModelIndex, int, int)), SIGNAL(rowsMoved(QModelIndex, int, int, QModelIndex, int))})
+        connect(m_filter, signal, this, SLOT(onFilterChanged()));
+    connect(m_filter, SIGNAL(dataChanged(QModelIndex, QModelIndex, QVector<int>)), this,
+            SLOT(onFilterDataChanged(QModelIndex, QModelIndex, QVector<int>)));
+}
+
+// Narrowing
+
+bool NarrowedSource::isWorthNarrowing() const
+{
+    return m_source && m_source->rowCount() >= manyRows;
+}
+
+bool NarrowedSource::isAnswered(const Question& question) const
+{
+    return m_isNarrowed && question.text == m_question.text && question.caseSensitivity == m_question.caseSensitivity
+           && question.column == m_question.column && question.role == m_question.role;
+}
+
+bool NarrowedSource::narrow(const Question& question)
+{
+    if (isAnswered(question))
+        return true;
+    if (!isWorthNarrowing()) {
+        showAll();
+        return false;
+    }
+    const Counted refresh(m_refreshes);
+    beginResetModel();
+    find(question);
+    m_isNarrowed = true;
+    m_question = question;
+    m_shownRows = m_filter->rowCount();
+    endResetModel();
+    return true;
+}
+
+/// Has the filter find the rows, with no signal of its own: one reset covers all that changes.
+void NarrowedSource::find(const Question& question)
+{
+    const QSignalBlocker quiet(m_filter);
+    if (m_filter->sourceModel() != m_source)
+        m_filter->setSourceModel(m_source);
+    m_filter->setTextColumn(question.column, question.role);
+    m_filter->setContainedText(question.text, question.caseSensitivity);
+}
+
+void NarrowedSource::showAll()
+{
+    // A reset asks the model for its roles; one that is being destroyed cannot answer.
+    if (!m_isNarrowed || !m_source)
+        return;
+    beginResetModel();
+    m_isNarrowed = false;
+    m_filter->setContainedText(QString(), m_question.caseSensitivity);
+    endResetModel();
+}
+
+bool NarrowedSource::isRefreshing() const
+{
+    return m_refreshes > 0;
+}
+
+// Following the source model
+
+void NarrowedSource::onRowsInserted(const QModelIndex& parent, int first, int last)
+{
+    if (m_isNarrowed)
+        return; // the filter tells
+    beginInsertRows(parent, first, last);
+    endInsertRows();
+}
+
+void NarrowedSource::onRowsChanged()
+{
+    if (m_isNarrowed)
+        return;
+    beginResetModel();
+    endResetModel();
+}
+
+void NarrowedSource::onReset()
+{
+    if (m_isNarrowed)
+        showAll(); // whereupon the completer asks anew
+    else
+        onRowsChanged();
+}
+
+void NarrowedSource::onDataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight,
+                                   const QVector<int>& roles)
+{
+    if (!m_isNarrowed)
+        Q_EMIT dataChanged(topLeft, bottomRight, roles);
+}
+
+void NarrowedSource::onSourceDestroyed()
+{
+    beginResetModel();
+    m_isNarrowed = false;
+    endResetModel();
+}
+
+/// Rows that come are told as such, because the completer makes room for them in its popup. It does not ask which.
+void NarrowedSource::onFilterChanged()
+{
+    if (!m_isNarrowed)
+        return;
+    const Counted refresh(m_refreshes);
+    const int before = std::exchange(m_shownRows, m_filter->rowCount());
+    if (m_shownRows > before) {
+        beginInsertRows(QModelIndex(), before, m_shownRows - 1);
+        endInsertRows();
+    } else {
+        beginResetModel();
+        endResetModel();
+    }
+}
+
+void NarrowedSource::onFilterDataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight,
+                                         const QVector<int>& roles)
+{
+    if (!m_isNarrowed)
+        return;
+    const Counted refresh(m_refreshes);
+    Q_EMIT dataChanged(m_filter->mapToSource(topLeft), m_filter->mapToSource(bottomRight), roles);
+}
+
+// The model
+
+QModelIndex NarrowedSource::index(int row, int column, const QModelIndex& parent) const
+{
+    if (!m_source)
+        return {};
+    if (m_isNarrowed && !parent.isValid())
+        return m_filter->mapToSource(m_filter->index(row, column));
+    return m_source->index(row, column, parent);
+}
+
+QModelIndex NarrowedSource::parent(const QModelIndex& child) const
+{
+    return child.isValid() && child.model() != this ? child.parent() : QModelIndex();
+}
+
+int NarrowedSource::rowCount(const QModelIndex& parent) const
+{
+    if (!m_source)
+        return 0;
+    return m_isNarrowed && !parent.isValid() ? m_filter->rowCount() : m_source->rowCount(parent);
+}
+
+int NarrowedSource::columnCount(const QModelIndex& parent) const
+{
+    return m_source ? m_source->columnCount(parent) : 0;
+}
+
+bool NarrowedSource::hasChildren(const QModelIndex& parent) const
+{
+    if (!m_source)
+        return false;
+    return m_isNarrowed && !parent.isValid() ? m_filter->rowCount() > 0 : m_source->hasChildren(parent);
+}
+
+bool NarrowedSource::canFetchMore(const QModelIndex& parent) const
+{
+    return m_source && m_source->canFetchMore(parent);
+}
+
+void NarrowedSource::fetchMore(const QModelIndex& parent)
+{
+    if (m_source)
+        m_source->fetchMore(parent);
+}
+
+// QAbstractProxyModel would ask a source model that is being destroyed, as long as its own slot has not run.
+
+QVariant NarrowedSource::data(const QModelIndex& index, int role) const
+{
+    return m_source && index.isValid() ? m_source->data(index, role) : QVariant();
+}
+
+Qt::ItemFlags NarrowedSource::flags(const QModelIndex& index) const
+{
+    return m_source && index.isValid() ? m_source->flags(index) : Qt::ItemFlags();
+}
+
+QHash<int, QByteArray> NarrowedSource::roleNames() const
+{
+    return m_source ? m_source->roleNames() : QHash<int, QByteArray>();
+}
+
+QModelIndex NarrowedSource::mapToSource(const QModelIndex& index) const
+{
+    return index;
+}
+
+QModelIndex NarrowedSource::mapFromSource(const QModelIndex& index) const
+{
+    return index;
+}
+
+} // namespace zelmar

@@ -1,0 +1,20 @@
+#include "textsearch/Prefilter.h"
+
+#include <QtAlgorithms>
+
+#include <functional>
+#include <numeric>
+
+namespace zelmar::textsearch {
+
+UnitPattern::UnitPattern(const std::vector<char16_t>& units)
+{
+    const char16_t any = std::accumulate(units.begin(), units.end(), char16_t(0), std::bit_or<>());
+    const char16_t all = std::accumulate(units.begin(), units.end(), char16_t(0xffff), std::bit_and<>());
+    const auto differing = quint16(any ^ all);
+    mask = char16_t(~differing);
+    value = all;
+    isExact = units.size() == std::size_t(1) << qPopulationCount(differing);
+}
+
+} // namespace zelmar::textsearch

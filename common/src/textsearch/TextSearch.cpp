@@ -1,0 +1,225 @@
+#include "textsearch/TextSearch.h"
+
+#include <QtAlgorithms>
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace zelmar {
+
+using textsearch::LookAhead;
+using textsearch::LookAheadFilter;
+using textsearch::Prefilter;
+using textsearch::UnitPattern;
+
+namespace {
+
+/// A text is prefetched when the search is this number of rows before it.
+constexpr int prefetchDistance = 32;
+/// The number of candidates that are prefiltered before the survivors among them are verified. The texts of a block
+/// still are in the processor's cache then.
+constexpr int blockSize = 32;
+/// The positions in a haystack that contains the needle at unknown positions.
+constexpr quint64 somewhere = ~quint64(0);
+
+const char16_t* unitsOf(QStringView text)
+{
+    return reinterpret_cast<const char16_t*>(text.data());
+}
+
+/// Makes the processor load the beginning of the text's data in the background.
+void prefetch(const QString& text)
+{
+#ifdef ZELMAR_TEXTSEARCH_SSE2
+    // constData() would read the data and thus wait for it.
+    const char* const data = reinterpret_cast<const char*>(const_cast<QString&>(text).data_ptr());
+    _mm_prefetch(data, _MM_HINT_T0);
+    _mm_prefetch(data + 64, _MM_HINT_T0);
+#else
+    Q_UNUSED(text)
+#endif
+}
+
+} // namespace
+
+TextSearch::TextSearch(QString text, Qt::CaseSensitivity caseSensitivity)
+    : m_text(std::move(text))
+    , m_caseSensitivity(caseSensitivity)
+    , m_folding(caseSensitivity)
+{
+    // Case folding maps a surrogate pair as a whole, so QString has to compare such a needle.
+    if (m_text.isEmpty()
+        || (caseSensitivity == Qt::CaseInsensitive
+            && std::any_of(m_text.cbegin(), m_text.cend(), [](QChar unit) { return unit.isSurrogate(); })))
+        return;
+    for (const QChar unit : qAsConst(m_text))
+        m_units.append(m_folding(unit.unicode()));
+    // The last two code units are the most selective: the candidates of allAmong() usually contain the others.
+    const int last = m_text.size() - 1;
+    const int secondToLast = std::max(last - 1, 0);
+    const auto patternAt = [this](int offset) { return UnitPattern(m_folding.equivalentsOf(m_units.at(offset))); };
+    m_prefilter = Prefilter(secondToLast, patternAt(secondToLast), last, patternAt(last));
+    m_isPrefilterEnough = m_text.size() <= 2 && m_prefilter.isExact();
+}
+
+qint64 TextSearch::Found::byteCount() const
+{
+    return rows.size() * qint64(sizeof(int)) + lookAheads.size() * qint64(sizeof(LookAhead));
+}
+
+inline bool TextSearch::matchesAt(const char16_t* position) const
+{
+    return std::equal(m_units.begin(), m_units.end(), position,
+                      [this](char16_t folded, char16_t unit) { return folded == m_folding(unit); });
+}
+
+/// Returns whether the needle occurs at any of the candidate positions. Is not inline, because it would use registers
+/// that the prefilter needs in the loops over all rows.
+bool TextSearch::anyMatches(const char16_t* haystack, quint64 positions) const
+{
+    for (; positions != 0; positions &= positions - 1) {
+        if (matchesAt(haystack + qCountTrailingZeroBits(positions)))
+            return true;
+    }
+    return false;
+}
+
+/// Returns a bit mask of the positions at which the needle may occur, or `somewhere`.
+inline quint64 TextSearch::candidatePositions(QStringView haystack) const
+{
+    const int count = int(haystack.size()) - m_units.size() + 1;
+    if (count >= Prefilter::maxPositions || m_units.isEmpty())
+        return containsAnywhere(haystack) ? somewhere : 0;
+    return count > 0 ? m_prefilter.candidates(unitsOf(haystack), count) : 0;
+}
+
+/// Returns whether the haystack contains the needle. Has no limit on the length of the haystack or the kind of needle.
+bool TextSearch::containsAnywhere(QStringView haystack) const
+{
+    if (m_units.isEmpty())
+        return haystack.contains(m_text, m_caseSensitivity);
+    const int count = int(haystack.size()) - m_units.size() + 1;
+    for (int first = 0; first < count; first += Prefilter::maxPositions) {
+        const char16_t* const window = unitsOf(haystack) + first;
+        if (anyMatches(window, m_prefilter.candidates(window, std::min(count - first, Prefilter::maxPositions))))
+            return true;
+    }
+    return false;
+}
+
+inline bool TextSearch::contains(QStringView haystack) const
+{
+    const quint64 positions = candidatePositions(haystack);
+    // Most haystacks are decided here. If the prefilter is enough, there is no branch on its result.
+    if (m_isPrefilterEnough || positions == 0)
+        return positions != 0;
+    return positions == somewhere || anyMatches(unitsOf(haystack), positions);
+}
+
+/// Returns whether the needle occurs at any of the positions, of which there is at least one. Stores the look-ahead if
+/// there is exactly one.
+inline bool TextSearch::verify(QStringView haystack, quint64 positions, int lookAheadStart, LookAhead& lookAhead) const
+{
+    const bool isOnlyOne = (positions & (positions - 1)) == 0;
+    if (isOnlyOne)
+        lookAhead = LookAhead(haystack, int(qCountTrailingZeroBits(positions)) + lookAheadStart);
+    return m_isPrefilterEnough || positions == somewhere || anyMatches(unitsOf(haystack), positions);
+}
+
+int TextSearch::firstIn(const QStringList& texts) const
+{
+    const auto text = texts.cbegin();
+    for (int row = 0; row < texts.size(); ++row) {
+        prefetch(text[std::min(row + prefetchDistance, texts.size() - 1)]);
+        if (contains(text[row]))
+            return row;
+    }
+    return -1;
+}
+
+TextSearch::Found TextSearch::allIn(const QStringList& texts, int first, int end) const
+{
+    const auto text = texts.cbegin();
+    Found found{m_text, QVector<int>(end - first), {}, 0};
+    int* const rows = found.rows.data();
+    int count = 0;
+    for (int row = first; row < end; ++row) {
+        prefetch(text[std::min(row + prefetchDistance, end - 1)]);
+        rows[count] = row; // is overwritten unless counted
+        count += contains(text[row]);
+    }
+    found.rows.resize(count);
+    found.rows.squeeze();
+    return found;
+}
+
+/// The candidates of a block that have passed the prefilter or the look-ahead filter.
+struct TextSearch::Survivors
+{
+    std::array<int, blockSize> candidates; ///< indexes into the rows
+    std::array<quint64, blockSize> positions;
+    int count = 0;
+};
+
+TextSearch::Found TextSearch::allAmong(const Found& candidates, const QStringList& texts) const
+{
+    const LookAheadFilter filter = filterFor(candidates);
+    Found found{m_text, {}, {}, filter.start()};
+    found.rows.reserve(candidates.rows.size());
+    found.lookAheads.reserve(candidates.rows.size());
+    Survivors survivors;
+    for (int first = 0; first < candidates.rows.size(); first += blockSize) {
+        prefilterBlock(survivors, candidates.rows, first, texts, filter);
+        verifyBlock(survivors, candidates.rows, texts, filter, found);
+    }
+    found.rows.squeeze();
+    found.lookAheads.squeeze();
+    return found;
+}
+
+LookAheadFilter TextSearch::filterFor(const Found& candidates) const
+{
+    const bool isUsable = !candidates.lookAheads.isEmpty() && m_units.size() > candidates.needle.size()
+                          && m_units.size() <= candidates.lookAheadStart + LookAhead::capacity
+                          && m_text.startsWith(candidates.needle, m_caseSensitivity);
+    if (!isUsable)
+        return {m_text.size(), m_folding};
+    return {candidates.lookAheads, candidates.lookAheadStart, m_units, candidates.needle.size(), m_folding};
+}
+
+inline void TextSearch::prefilterBlock(Survivors& survivors, const QVector<int>& rows, int first,
+                                       const QStringList& texts, const LookAheadFilter& filter) const
+{
+    const auto text = texts.cbegin();
+    survivors.count = 0;
+    for (int candidate = first; candidate < std::min(first + blockSize, rows.size()); ++candidate) {
+        const int ahead = std::min(candidate + prefetchDistance, rows.size() - 1);
+        if (!filter.decides(ahead))
+            prefetch(text[rows.at(ahead)]);
+        const quint64 positions = filter.decides(candidate) ? quint64(filter.accepts(candidate))
+                                                            : candidatePositions(text[rows.at(candidate)]);
+        // Is overwritten unless counted. A branch would be mispredicted too often.
+        survivors.candidates[std::size_t(survivors.count)] = candidate;
+        survivors.positions[std::size_t(survivors.count)] = positions;
+        survivors.count += positions != 0;
+    }
+}
+
+inline void TextSearch::verifyBlock(const Survivors& survivors, const QVector<int>& rows, const QStringList& texts,
+                                    const LookAheadFilter& filter, Found& found) const
+{
+    for (std::size_t i = 0; i < std::size_t(survivors.count); ++i) {
+        const int candidate = survivors.candidates[i];
+        const int row = rows.at(candidate);
+        LookAhead lookAhead;
+        if (filter.decides(candidate))
+            lookAhead = filter.lookAhead(candidate);
+        else if (!verify(texts.at(row), survivors.positions[i], filter.start(), lookAhead))
+            continue;
+        found.rows.append(row);
+        found.lookAheads.append(lookAhead);
+    }
+}
+
+} // namespace zelmar

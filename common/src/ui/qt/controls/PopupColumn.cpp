@@ -1,0 +1,23 @@
+#include "ui/qt/controls/PopupColumn.h"
+
+#include <QAbstractItemModel>
+#include <QCompleter>
+#include <QListView>
+
+namespace zelmar::ui {
+
+PopupColumn::PopupColumn(QListView& list, QCompleter& completer)
+    : QObject(&list)
+    , m_list(list)
+    , m_completer(completer)
+{
+    connect(completer.completionModel(), SIGNAL(modelReset()), this, SLOT(follow()));
+}
+
+void PopupColumn::follow()
+{
+    if (m_list.modelColumn() != m_completer.completionColumn())
+        m_list.setModelColumn(m_completer.completionColumn());
+}
+
+} // namespace zelmar::ui

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QObject>
+
+class QCompleter;
+class QListView;
+
+namespace zelmar::ui {
+
+/// An object that sets the column of a completer's list to QCompleter::completionColumn() after each reset of the
+/// completion model. QCompleter sets the column only once, and QListView refuses a column that its model does not have
+/// yet. The object is a child of the list, which the completer owns.
+class PopupColumn : public QObject
+{
+    Q_OBJECT
+
+public:
+    PopupColumn(QListView& list, QCompleter& completer);
+
+private Q_SLOTS:
+    void follow();
+
+private:
+    QListView& m_list;
+    const QCompleter& m_completer;
+};
+
+} // namespace zelmar::ui

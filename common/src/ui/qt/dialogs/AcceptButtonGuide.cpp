@@ -1,0 +1,157 @@
+#include "ui/qt/dialogs/AcceptButtonGuide.h"
+
+#include "ui/qt/dialogs/nameProblem.h"
+#include "ui/qt/dialogs/typedName.h"
+
+#include <QCoreApplication>
+#include <QDialogButtonBox>
+#include <QEvent>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QFileSystemModel>
+#include <QItemSelectionModel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTextDocument>
+
+namespace {
+
+QPushButton* acceptButtonOf(const QFileDialog& dialog)
+{
+    const auto* box = dialog.findChild<QDialogButtonBox*>(QStringLiteral("buttonBox"));
+    return box->button(dialog.acceptMode() == QFileDialog::AcceptSave ? QDialogButtonBox::Save
+                                                                      : QDialogButtonBox::Open);
+}
+
+QLineEdit* nameEditOf(const QFileDialog& dialog)
+{
+    return dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+}
+
+/// Returns whether the dialog would choose the file by the typed name. It does not if a file is selected in the list or
+/// the name is a pattern.
+bool goesByTypedName(const QFileDialog& dialog)
+{
+    const QLineEdit* edit = nameEditOf(dialog);
+    return edit && !edit->text().isEmpty() && !edit->text().contains(QLatin1Char('*'))
+           && listSelection(dialog)->selectedRows().isEmpty();
+}
+
+/// Returns the problem of saving to a new file that the dialog would choose by its typed name. Does not look at
+/// existing files.
+NameProblem problemOfNewName(const QFileDialog& dialog)
+{
+    if (dialog.fileMode() != QFileDialog::AnyFile || !goesByTypedName(dialog))
+        return {};
+    const QString file = chosenFiles(dialog).value(0);
+    return file.isEmpty() || QFileInfo::exists(file) ? NameProblem() : problemOfSavingTo(file);
+}
+
+/// Returns why a dialog that accepts only existing files refuses the typed name.
+QString problemOfExistingName(const QFileDialog& dialog)
+{
+    for (const QString& file : chosenFiles(dialog)) {
+        if (!QFileInfo::exists(file))
+            return QCoreApplication::translate("FileDialogWindow", "%1 does not exist.")
+                .arg(QFileInfo(file).fileName());
+    }
+    return {};
+}
+
+QString asToolTip(const QString& plainText)
+{
+    return Qt::mightBeRichText(plainText) ? QStringLiteral("<p>%1</p>").arg(plainText.toHtmlEscaped()) : plainText;
+}
+
+} // namespace
+
+void WidgetNote::show(QWidget* widget, const QString& text)
+{
+    if (m_widget && m_widget == widget && m_widget->accessibleDescription() == text)
+        return;
+    end();
+    if (!widget || text.isEmpty())
+        return;
+    m_widget = widget;
+    m_ownToolTip = widget->toolTip();
+    m_ownDescription = widget->accessibleDescription();
+    m_shownToolTip = asToolTip(text);
+    m_shownDescription = text;
+    widget->setToolTip(m_shownToolTip);
+    widget->setAccessibleDescription(m_shownDescription);
+}
+
+void WidgetNote::end()
+{
+    // Texts that the application has set in the meantime stay.
+    if (m_widget && m_widget->toolTip() == m_shownToolTip)
+        m_widget->setToolTip(m_ownToolTip);
+    if (m_widget && m_widget->accessibleDescription() == m_shownDescription)
+        m_widget->setAccessibleDescription(m_ownDescription);
+    m_widget.clear();
+}
+
+AcceptButtonGuide::AcceptButtonGuide(QFileDialog& dialog)
+    : QObject(&dialog)
+    , m_dialog(dialog)
+    , m_edit(*nameEditOf(dialog))
+{
+    connect(&m_edit, &QLineEdit::textChanged, this, &AcceptButtonGuide::update);
+    const QItemSelectionModel* selection = listSelection(dialog);
+    connect(selection, &QItemSelectionModel::selectionChanged, this, &AcceptButtonGuide::update);
+    connect(selection, &QItemSelectionModel::currentChanged, this, &AcceptButtonGuide::update);
+    const auto* model = dialog.findChild<QFileSystemModel*>(QStringLiteral("qt_filesystem_model"));
+    connect(model, &QFileSystemModel::rootPathChanged, this, &AcceptButtonGuide::update);
+    connect(model, &QFileSystemModel::directoryLoaded, this, &AcceptButtonGuide::update);
+    connect(model, &QFileSystemModel::layoutChanged, this, &AcceptButtonGuide::update);
+    connect(model, &QFileSystemModel::rowsInserted, this, &AcceptButtonGuide::update);
+    connect(model, &QFileSystemModel::rowsRemoved, this, &AcceptButtonGuide::update);
+    dialog.installEventFilter(this);
+}
+
+bool AcceptButtonGuide::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == &m_dialog && event->type() == QEvent::Show)
+        update(); // The caller may have changed the accept mode or the file mode.
+    return QObject::eventFilter(watched, event);
+}
+
+void AcceptButtonGuide::update()
+{
+    QPushButton* const button = acceptButtonOf(m_dialog);
+    if (!button)
+        return;
+    enableForQuotedName(*button);
+    if (typedNameIsTooLong(m_dialog))
+        button->setEnabled(false);
+    const QString text = problem(*button);
+    m_buttonNote.show(button, text);
+    m_editNote.show(&m_edit, text);
+}
+
+void AcceptButtonGuide::enableForQuotedName(QPushButton& button)
+{
+    const std::optional<QString> name = typedNameWithQuotes(m_dialog);
+    const bool wordedForFolder = button.text() == QFileDialog::tr("&Open");
+    if (!wordedForFolder)
+        m_plainText = button.text();
+    if (!name)
+        return;
+    const QFileInfo file(*name);
+    button.setEnabled(file.exists() || m_dialog.fileMode() == QFileDialog::AnyFile);
+    // QFileDialog has changed the label to "Open" if the text between the quotes is the name of a folder.
+    if (wordedForFolder && m_dialog.acceptMode() == QFileDialog::AcceptSave && !file.isDir() && !m_plainText.isEmpty())
+        button.setText(m_plainText);
+}
+
+QString AcceptButtonGuide::problem(const QPushButton& button) const
+{
+    if (m_dialog.fileMode() == QFileDialog::AnyFile)
+        return explanationOf(problemOfNewName(m_dialog));
+    return !button.isEnabled() && goesByTypedName(m_dialog) ? problemOfExistingName(m_dialog) : QString();
+}
+
+bool typedNameIsTooLong(const QFileDialog& dialog)
+{
+    return problemOfNewName(dialog).kind == NameProblem::Kind::TooLong;
+}

@@ -1,0 +1,53 @@
+#include "ui/qt/dialogs/mnemonics.h"
+
+#include <QDialogButtonBox>
+#include <QFileDialog>
+#include <QLabel>
+#include <QPushButton>
+
+namespace {
+const QLatin1Char ampersand('&');
+}
+
+QString withoutMnemonic(const QString& label)
+{
+    QString result;
+    for (int i = 0; i < label.size(); ++i) {
+        const bool literal = label.midRef(i, 2) == QLatin1String("&&");
+        if (literal)
+            result += label[i++];
+        if (literal || label[i] != ampersand)
+            result += label[i];
+    }
+    return result;
+}
+
+QString withAnyFreeMnemonic(const QString& label, const QSet<QKeySequence>& taken)
+{
+    const QKeySequence own = QKeySequence::mnemonic(label);
+    if (!own.isEmpty() && !taken.contains(own))
+        return label;
+    QString bare = withoutMnemonic(label);
+    for (int i = 0; i < bare.size(); ++i) {
+        QString candidate = QString(bare).insert(i, ampersand);
+        if (bare.at(i).isLetterOrNumber() && !taken.contains(QKeySequence::mnemonic(candidate)))
+            return candidate;
+    }
+    return bare;
+}
+
+QSet<QKeySequence> mnemonicsBeside(const QAbstractButton& except, const QFileDialog& dialog)
+{
+    QSet<QKeySequence> taken;
+    for (const QLabel* label : dialog.findChildren<QLabel*>())
+        taken.insert(QKeySequence::mnemonic(label->text()));
+    const auto* box = dialog.findChild<QDialogButtonBox*>(QStringLiteral("buttonBox"));
+    for (const QAbstractButton* button : box->buttons()) {
+        if (button != &except)
+            taken.insert(QKeySequence::mnemonic(button->text()));
+    }
+    if (dialog.acceptMode() == QFileDialog::AcceptSave) // The Save button becomes "Open" for the name of a folder.
+        taken.insert(QKeySequence::mnemonic(QFileDialog::tr("&Open")));
+    taken.remove(QKeySequence());
+    return taken;
+}

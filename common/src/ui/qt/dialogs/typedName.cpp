@@ -1,0 +1,68 @@
+#include "ui/qt/dialogs/typedName.h"
+
+#include "ui/qt/dialogs/rules/quotedNames.h"
+
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QLineEdit>
+#include <QListView>
+
+namespace {
+
+/// Returns the absolute path of the single name `text` without a default suffix. A leading "~/" is the home folder
+/// unless the folder that is shown contains such a file.
+QString pathOf(const QFileDialog& dialog, const QString& text)
+{
+    const QString path = dialog.directory().absoluteFilePath(text);
+    if (text.startsWith(QLatin1String("~/")) && !QFileInfo::exists(path))
+        return QDir::cleanPath(QDir::homePath() + text.mid(1));
+    return QDir::cleanPath(path);
+}
+
+QString withDefaultSuffix(const QFileDialog& dialog, const QString& path, const QString& text)
+{
+    const QString suffix = dialog.defaultSuffix();
+    const bool lacksSuffix = !text.contains(QLatin1Char('.')) && !QFileInfo(path).isDir();
+    return lacksSuffix && !suffix.isEmpty() ? path + QLatin1Char('.') + suffix : path;
+}
+
+bool isOneName(const QFileDialog& dialog, const QString& text, const QString& path)
+{
+    const bool inQuotes = startsWithQuotedName(text);
+    if (dialog.fileMode() == QFileDialog::ExistingFiles)
+        return !inQuotes && QFileInfo::exists(path);
+    const bool saving = dialog.acceptMode() == QFileDialog::AcceptSave && dialog.fileMode() == QFileDialog::AnyFile;
+    return saving || !inQuotes || QFileInfo::exists(path);
+}
+
+} // namespace
+
+std::optional<QString> nameWithQuotesIn(const QFileDialog& dialog, const QString& text)
+{
+    if (!text.contains(QLatin1Char('"')))
+        return std::nullopt;
+    const QString path = withDefaultSuffix(dialog, pathOf(dialog, text), text);
+    return isOneName(dialog, text, path) ? std::make_optional(path) : std::nullopt;
+}
+
+std::optional<QString> typedNameWithQuotes(const QFileDialog& dialog)
+{
+    const auto* edit = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+    const QItemSelectionModel* selection = listSelection(dialog);
+    if (!edit || !selection || !selection->selectedRows().isEmpty())
+        return std::nullopt;
+    return nameWithQuotesIn(dialog, edit->text());
+}
+
+QStringList chosenFiles(const QFileDialog& dialog)
+{
+    const std::optional<QString> name = typedNameWithQuotes(dialog);
+    return name ? QStringList(*name) : dialog.QFileDialog::selectedFiles();
+}
+
+QItemSelectionModel* listSelection(const QFileDialog& dialog)
+{
+    const auto* list = dialog.findChild<QListView*>(QStringLiteral("listView"));
+    return list ? list->selectionModel() : nullptr;
+}

@@ -1,0 +1,66 @@
+#include "ui/qt/dialogs/windows/ExtendedWinFileDialogRun.h"
+
+#include "ui/qt/dialogs/windows/ExtendedWinFileDialogEventHandler.h"
+
+#include <QWidget>
+
+namespace {
+
+HWND windowOf(const QWidget* widget)
+{
+    return widget ? reinterpret_cast<HWND>(widget->winId()) : nullptr; // NOLINT(performance-no-int-to-ptr): a handle
+}
+
+} // namespace
+
+ExtendedWinFileDialog::Impl::Run::Apartment::Apartment()
+    : m_entered(SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE)))
+{
+}
+
+ExtendedWinFileDialog::Impl::Run::Apartment::~Apartment()
+{
+    if (m_entered)
+        CoUninitialize();
+}
+
+ExtendedWinFileDialog::Impl::Run::Run(Impl& owner)
+    : m_owner(&owner)
+    , m_dialog(owner.m_dialog)
+{
+    ExtendedWinFileDialogEventHandler::create(owner, m_events);
+    m_subscribed = m_events && SUCCEEDED(m_dialog->Advise(m_events.get(), &m_cookie));
+    if (owner.m_parent)
+        m_parentConnection = QObject::connect(owner.m_parent, &QObject::destroyed, [this] { cancel(); });
+    owner.m_run = this;
+}
+
+ExtendedWinFileDialog::Impl::Run::~Run()
+{
+    if (m_owner)
+        m_owner->m_run = nullptr;
+    QObject::disconnect(m_parentConnection);
+    ExtendedWinFileDialogEventHandler::forgetOwner(m_events.get()); // the shell may hold it longer than this run
+    if (m_subscribed)
+        m_dialog->Unadvise(m_cookie);
+}
+
+HRESULT ExtendedWinFileDialog::Impl::Run::show()
+{
+    return m_dialog->Show(windowOf(m_owner->m_parent));
+}
+
+void ExtendedWinFileDialog::Impl::Run::cancel()
+{
+    if (m_cancelled)
+        return;
+    m_cancelled = true;
+    ExtendedWinFileDialogEventHandler::forgetOwner(m_events.get());
+    m_dialog->Close(HRESULT_FROM_WIN32(ERROR_CANCELLED));
+}
+
+void ExtendedWinFileDialog::Impl::Run::loseOwner()
+{
+    m_owner = nullptr;
+    cancel();
+}

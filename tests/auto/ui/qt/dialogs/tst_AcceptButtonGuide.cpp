@@ -1,0 +1,254 @@
+#include "ui/qt/dialogs/AcceptButtonGuide.h"
+
+#include "platform/ApplicationSettings.h"
+#include "ui/qt/dialogs/ExtendedFileDialog.h"
+#include "ui/qt/dialogs/QExtendedFileDialog.h"
+#include "ui/qt/dialogs/SaveFileDialog.h"
+
+#include "DialogDriver.h"
+#include "DialogFolders.h"
+#include "FileDialogActions.h"
+#include "TestHome.h"
+#include "systemLimits.h"
+
+#include <QDialogButtonBox>
+#include <QDir>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QtTest>
+
+#include <memory>
+
+using zelmar::ApplicationSettings;
+
+namespace {
+
+QPushButton& acceptButton(QFileDialog& dialog)
+{
+    const auto kind = dialog.acceptMode() == QFileDialog::AcceptSave ? QDialogButtonBox::Save : QDialogButtonBox::Open;
+    return *dialog.findChild<QDialogButtonBox*>(QStringLiteral("buttonBox"))->button(kind);
+}
+
+/// Returns the explanation that the accept button and the file-name box show, or "different texts" if they differ.
+QString reason(QFileDialog& dialog)
+{
+    QString said = acceptButton(dialog).accessibleDescription();
+    if (said != fileNameEdit(dialog).accessibleDescription() || said != acceptButton(dialog).toolTip()
+        || said != fileNameEdit(dialog).toolTip())
+        return QStringLiteral("different texts");
+    return said;
+}
+
+const QString tooLong = systemLimits::nativeDialogIsTheSystems
+                            ? QStringLiteral("The name is longer than the file system allows (255 characters).")
+                            : QStringLiteral("The name is longer than the file system allows (255 bytes).");
+
+} // namespace
+
+class tst_AcceptButtonGuide : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+
+    void tellsWhyWhileSaving_data() { addKindRows(); }
+    void tellsWhyWhileSaving();
+    void refusesTooManyBytes_data() { addKindRows(); }
+    void refusesTooManyBytes();
+    void missingFolderIsAskedAbout_data() { addKindRows(); }
+    void missingFolderIsAskedAbout();
+    void tellsWhyWhileOpening_data() { addKindRows(); }
+    void tellsWhyWhileOpening();
+    void followsTheShownFolder();
+    void leavesTheApplicationsTexts();
+    void showsNamesAsTheyAre();
+    void withoutValidation();
+
+private:
+    static void addKindRows();
+    std::unique_ptr<ExtendedFileDialog> makeDialog(QFileDialog::AcceptMode mode);
+
+    std::unique_ptr<DialogFolders> m_folders;
+    std::unique_ptr<QWidget> m_window;
+};
+
+void tst_AcceptButtonGuide::addKindRows()
+{
+    QTest::addColumn<bool>("native");
+    QTest::newRow("drawn by Qt") << false;
+    if (!systemLimits::nativeDialogIsTheSystems)
+        QTest::newRow("native, over the built-in object") << true;
+}
+
+void tst_AcceptButtonGuide::init()
+{
+    ApplicationSettings::getInstance().setStore(std::make_unique<ApplicationSettings::MemoryStore>());
+    m_folders = std::make_unique<DialogFolders>();
+    m_folders->addFile(QStringLiteral("old.dat"));
+    m_folders->addFolder(QStringLiteral("folder"));
+    m_window = std::make_unique<QWidget>();
+}
+
+std::unique_ptr<ExtendedFileDialog> tst_AcceptButtonGuide::makeDialog(QFileDialog::AcceptMode mode)
+{
+    QFETCH(bool, native);
+    ExtendedFileDialog::setUseNativeFileDialog(native);
+    return std::make_unique<ExtendedFileDialog>(*m_window, "Choose", m_folders->path().toStdString(), "", "", mode);
+}
+
+/// Changes the name by single key presses around the limit.
+void tst_AcceptButtonGuide::tellsWhyWhileSaving()
+{
+    const auto dialog = makeDialog(QFileDialog::AcceptSave);
+    DialogDriver driver;
+    driver.onDialog<QFileDialog>("type", [this](QFileDialog& shown) {
+        QCOMPARE(reason(shown), QString());
+        typeName(shown, QString(255, QLatin1Char('x')));
+        QCOMPARE(reason(shown), QString());
+        QVERIFY(acceptButton(shown).isEnabled());
+        QTest::keyClick(&fileNameEdit(shown), Qt::Key_X);
+        QCOMPARE(reason(shown), tooLong);
+        QVERIFY(!acceptButton(shown).isEnabled());
+        pressReturn(shown);
+        QVERIFY(shown.isVisible());
+        QTest::keyClick(&fileNameEdit(shown), Qt::Key_Backspace);
+        QCOMPARE(reason(shown), QString());
+        QVERIFY(acceptButton(shown).isEnabled());
+
+        typeName(shown, QStringLiteral("missing/deeper/new"));
+        const QString missing = QDir::toNativeSeparators(m_folders->path(QStringLiteral("missing")));
+        QCOMPARE(reason(shown), QStringLiteral("The folder %1 does not exist.").arg(missing));
+        QVERIFY(acceptButton(shown).isEnabled());
+        typeName(shown, QStringLiteral("old.dat/new"));
+        const QString file = QDir::toNativeSeparators(m_folders->path(QStringLiteral("old.dat")));
+        QCOMPARE(reason(shown), QStringLiteral("%1 is not a folder.").arg(file));
+        typeName(shown, QStringLiteral("folder/new"));
+        QCOMPARE(reason(shown), QString());
+        typeName(shown, QStringLiteral("folder"));
+        QCOMPARE(reason(shown), QString());
+        typeName(shown, QStringLiteral("missing/new*"));
+        QCOMPARE(reason(shown), QString());
+        cancel(shown);
+    });
+    QCOMPARE(dialog->exec(), int(QDialog::Rejected));
+    QVERIFY2(driver.finished(), qPrintable(driver.problem()));
+}
+
+/// QFileDialog counts UTF-16 code units, whereas the file system counts bytes.
+void tst_AcceptButtonGuide::refusesTooManyBytes()
+{
+    if (systemLimits::nativeDialogIsTheSystems)
+        QSKIP("the file system counts as QFileDialog does");
+    const auto dialog = makeDialog(QFileDialog::AcceptSave);
+    DialogDriver driver;
+    driver.onDialog<QFileDialog>("type", [](QFileDialog& shown) {
+        acceptName(shown, QString(200, QChar(0xe4)));
+        QVERIFY(shown.isVisible());
+        QVERIFY(!acceptButton(shown).isEnabled());
+        QCOMPARE(reason(shown), tooLong);
+        acceptName(shown, QString(127, QChar(0xe4)));
+        QVERIFY(!shown.isVisible());
+    });
+    QCOMPARE(dialog->exec(), int(QDialog::Accepted));
+    QVERIFY2(driver.finished(), qPrintable(driver.problem()));
+}
+
+/// The button stays enabled, because the flow asks a question about such a name.
+void tst_AcceptButtonGuide::missingFolderIsAskedAbout()
+{
+    QFETCH(bool, native);
+    ExtendedFileDialog::setUseNativeFileDialog(native);
+    SaveFileDialog flow(m_window.get(), "Save", m_folders->path().toStdString(), "", "Data (*.dat)", "");
+    DialogDriver driver;
+    driver.onDialog<QFileDialog>("accept",
+                                 [](QFileDialog& shown) { acceptName(shown, QStringLiteral("missing/new")); });
+    driver.onDialog<QMessageBox>("again", [this](QMessageBox& box) {
+        QVERIFY(box.text().startsWith(QStringLiteral("Unable to save file %1, check access permissions")
+                                          .arg(m_folders->path(QStringLiteral("missing/new.dat")))));
+        box.button(QMessageBox::Yes)->click();
+    });
+    driver.onDialog<QFileDialog>("reason", [this](QFileDialog& shown) {
+        const QString missing = QDir::toNativeSeparators(m_folders->path(QStringLiteral("missing")));
+        QCOMPARE(reason(shown), QStringLiteral("The folder %1 does not exist.").arg(missing));
+        cancel(shown);
+    });
+    QVERIFY(!flow.launch());
+    QVERIFY2(driver.finished(), qPrintable(driver.problem()));
+}
+
+void tst_AcceptButtonGuide::tellsWhyWhileOpening()
+{
+    const auto dialog = makeDialog(QFileDialog::AcceptOpen);
+    dialog->setFileMode(QFileDialog::ExistingFile);
+    DialogDriver driver;
+    driver.onDialog<QFileDialog>("type", [](QFileDialog& shown) {
+        QCOMPARE(reason(shown), QString());
+        typeName(shown, QStringLiteral("old.da"));
+        QCOMPARE(reason(shown), QStringLiteral("old.da does not exist."));
+        QVERIFY(!acceptButton(shown).isEnabled());
+        QTest::keyClick(&fileNameEdit(shown), Qt::Key_T);
+        QCOMPARE(reason(shown), QString());
+        QVERIFY(acceptButton(shown).isEnabled());
+        cancel(shown);
+    });
+    QCOMPARE(dialog->exec(), int(QDialog::Rejected));
+    QVERIFY2(driver.finished(), qPrintable(driver.problem()));
+}
+
+void tst_AcceptButtonGuide::followsTheShownFolder()
+{
+    QExtendedFileDialog dialog(*m_window, "Save", m_folders->path().toStdString(), "", "", QFileDialog::AcceptSave);
+    fileNameEdit(dialog).setText(QStringLiteral("folder/new"));
+    QCOMPARE(reason(dialog), QString());
+    dialog.setDirectory(m_folders->path(QStringLiteral("folder")));
+    QVERIFY(reason(dialog).contains(QStringLiteral("does not exist")));
+    QVERIFY(QDir(m_folders->path(QStringLiteral("folder"))).mkdir(QStringLiteral("folder")));
+    dialog.show(); // The model now reports the new folder.
+    QTRY_COMPARE(reason(dialog), QString());
+}
+
+void tst_AcceptButtonGuide::leavesTheApplicationsTexts()
+{
+    QExtendedFileDialog dialog(*m_window, "Save", m_folders->path().toStdString(), "", "", QFileDialog::AcceptSave);
+    acceptButton(dialog).setToolTip(QStringLiteral("Writes the run"));
+    fileNameEdit(dialog).setAccessibleDescription(QStringLiteral("Name of the run"));
+    fileNameEdit(dialog).setText(QStringLiteral("missing/new"));
+    QVERIFY(acceptButton(dialog).toolTip().contains(QStringLiteral("does not exist")));
+    fileNameEdit(dialog).setText(QStringLiteral("gone/new"));
+    QVERIFY(acceptButton(dialog).toolTip().contains(QStringLiteral("gone")));
+    fileNameEdit(dialog).setText(QStringLiteral("new"));
+    QCOMPARE(acceptButton(dialog).toolTip(), QStringLiteral("Writes the run"));
+    QCOMPARE(fileNameEdit(dialog).accessibleDescription(), QStringLiteral("Name of the run"));
+
+    fileNameEdit(dialog).setText(QStringLiteral("missing/new"));
+    acceptButton(dialog).setToolTip(QStringLiteral("Set meanwhile"));
+    fileNameEdit(dialog).setText(QStringLiteral("new"));
+    QCOMPARE(acceptButton(dialog).toolTip(), QStringLiteral("Set meanwhile"));
+}
+
+/// A tool tip would interpret "<b>" as markup.
+void tst_AcceptButtonGuide::showsNamesAsTheyAre()
+{
+    if (systemLimits::noOddNames)
+        QSKIP(systemLimits::noOddNames);
+    QExtendedFileDialog dialog(*m_window, "Save", m_folders->path().toStdString(), "", "", QFileDialog::AcceptSave);
+    fileNameEdit(dialog).setText(QStringLiteral("a<b>c</b>/new"));
+    QVERIFY(acceptButton(dialog).accessibleDescription().contains(QStringLiteral("/a<b>c<")));
+    QVERIFY(acceptButton(dialog).toolTip().contains(QStringLiteral("/a&lt;b&gt;c&lt;")));
+}
+
+void tst_AcceptButtonGuide::withoutValidation()
+{
+    QExtendedFileDialog dialog(*m_window, "Save", m_folders->path().toStdString(), "", "", QFileDialog::AcceptSave);
+    dialog.performSelectedFileValidation(false);
+    DialogDriver driver;
+    driver.onDialog<QFileDialog>("accept",
+                                 [](QFileDialog& shown) { acceptName(shown, QString(300, QLatin1Char('x'))); });
+    QCOMPARE(dialog.exec(), int(QDialog::Accepted));
+    QVERIFY2(driver.finished(), qPrintable(driver.problem()));
+}
+
+UI_TEST_MAIN(tst_AcceptButtonGuide)
+#include "tst_AcceptButtonGuide.moc"

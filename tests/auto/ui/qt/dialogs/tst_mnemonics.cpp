@@ -1,0 +1,278 @@
+#include "ui/qt/dialogs/mnemonics.h"
+
+#include "platform/ApplicationSettings.h"
+#include "platform/HelpLauncher.h"
+#include "ui/qt/dialogs/ExtendedFileDialog.h"
+#include "ui/qt/dialogs/QExtendedFileDialog.h"
+#include "ui/qt/dialogs/windows/ExtendedWinFileDialog.h"
+
+#include "DialogDriver.h"
+#include "DialogFolders.h"
+#include "FileDialogActions.h"
+#include "TestHome.h"
+#include "systemLimits.h"
+
+#include <QAbstractButton>
+#include <QDialogButtonBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QtTest>
+
+#include <memory>
+#include <vector>
+
+using zelmar::ApplicationSettings;
+using zelmar::HelpLauncher;
+
+namespace {
+
+using Keys = QSet<QKeySequence>;
+
+/// Returns the texts of all visible labels and buttons that share a mnemonic with another one.
+QStringList clashes(QFileDialog& dialog)
+{
+    QMultiMap<QString, QString> textOf;
+    const auto add = [&textOf](const QWidget& widget, const QString& text) {
+        const QKeySequence mnemonic = QKeySequence::mnemonic(text);
+        if (widget.isVisible() && !mnemonic.isEmpty())
+            textOf.insert(mnemonic.toString(), text);
+    };
+    for (const QLabel* label : dialog.findChildren<QLabel*>())
+        add(*label, label->text());
+    for (const QAbstractButton* button : dialog.findChildren<QAbstractButton*>())
+        add(*button, button->text());
+    QStringList found;
+    for (const QString& mnemonic : textOf.uniqueKeys()) {
+        if (textOf.count(mnemonic) > 1)
+            found += textOf.values(mnemonic);
+    }
+    return found;
+}
+
+QPushButton* buttonOf(QFileDialog& dialog, QDialogButtonBox::ButtonRole role)
+{
+    const auto* box = dialog.findChild<QDialogButtonBox*>(QStringLiteral("buttonBox"));
+    for (QAbstractButton* button : box->buttons()) {
+        if (box->buttonRole(button) == role)
+            return qobject_cast<QPushButton*>(button);
+    }
+    return nullptr;
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(QFileDialog::DialogLabel)
+
+class tst_mnemonics : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+    void cleanupTestCase() { HelpLauncher::getInstance().setHandler({}); }
+
+    void freeLetters_data();
+    void freeLetters();
+    void noneTwice_data();
+    void noneTwice();
+    void helpGivesWayToLabels_data();
+    void helpGivesWayToLabels();
+    void helpGivesWayToAddedButtons();
+    void applicationsLabelsStay();
+
+private:
+    std::unique_ptr<DialogFolders> m_folders;
+    std::unique_ptr<QWidget> m_window;
+    std::vector<std::string> m_topics;
+};
+
+void tst_mnemonics::initTestCase()
+{
+    HelpLauncher::getInstance().setHandler([this](const std::string& topic) { m_topics.push_back(topic); });
+}
+
+void tst_mnemonics::init()
+{
+    ApplicationSettings::getInstance().setStore(std::make_unique<ApplicationSettings::MemoryStore>());
+    m_folders = std::make_unique<DialogFolders>();
+    m_folders->addFolder(QStringLiteral("folder"));
+    m_window = std::make_unique<QWidget>();
+    m_topics.clear();
+}
+
+void tst_mnemonics::freeLetters_data()
+{
+    QTest::addColumn<QString>("label");
+    QTest::addColumn<QString>("taken");
+    QTest::addColumn<QString>("expected");
+
+    QTest::newRow("its own is free") << "&Help"
+                                     << "OSN"
+                                     << "&Help";
+    QTest::newRow("none yet") << "Help"
+                              << "OSN"
+                              << "&Help";
+    QTest::newRow("its own is taken") << "&Help"
+                                      << "HN"
+                                      << "H&elp";
+    QTest::newRow("several are taken") << "&Help"
+                                       << "HEL"
+                                       << "Hel&p";
+    QTest::newRow("all are taken") << "&Help"
+                                   << "HELP"
+                                   << "Help";
+    QTest::newRow("its own is not the first") << "He&lp"
+                                              << "HN"
+                                              << "He&lp";
+    QTest::newRow("blanks are no mnemonics") << "&A b"
+                                             << "A"
+                                             << "A &b";
+    QTest::newRow("an ampersand that is shown") << "&A && b"
+                                                << "A"
+                                                << "A && &b";
+    QTest::newRow("an ampersand that is shown, at the start") << "&&b"
+                                                              << ""
+                                                              << "&&&b";
+    QTest::newRow("empty") << ""
+                           << "H"
+                           << "";
+}
+
+void tst_mnemonics::freeLetters()
+{
+    QFETCH(QString, label);
+    QFETCH(QString, taken);
+    Keys keys;
+    for (const QChar letter : taken)
+        keys.insert(QKeySequence(QStringLiteral("Alt+") + letter));
+    QTEST(withAnyFreeMnemonic(label, keys), "expected");
+}
+
+void tst_mnemonics::noneTwice_data()
+{
+    QTest::addColumn<bool>("native");
+    QTest::addColumn<QFileDialog::AcceptMode>("acceptMode");
+    QTest::addColumn<QFileDialog::FileMode>("fileMode");
+    QTest::addColumn<bool>("help");
+    for (const bool native : {false, true}) {
+        if (native && systemLimits::nativeDialogIsTheSystems)
+            continue;
+        const char* kind = native ? "native" : "drawn by Qt";
+        for (const bool help : {false, true}) {
+            const char* topic = help ? ", help" : "";
+            QTest::addRow("%s, open%s", kind, topic)
+                << native << QFileDialog::AcceptOpen << QFileDialog::ExistingFile << help;
+            QTest::addRow("%s, open several%s", kind, topic)
+                << native << QFileDialog::AcceptOpen << QFileDialog::ExistingFiles << help;
+            QTest::addRow("%s, directory%s", kind, topic)
+                << native << QFileDialog::AcceptOpen << QFileDialog::Directory << help;
+            QTest::addRow("%s, save%s", kind, topic)
+                << native << QFileDialog::AcceptSave << QFileDialog::AnyFile << help;
+        }
+    }
+}
+
+void tst_mnemonics::noneTwice()
+{
+    QFETCH(bool, native);
+    QFETCH(QFileDialog::AcceptMode, acceptMode);
+    QFETCH(QFileDialog::FileMode, fileMode);
+    QFETCH(bool, help);
+    ExtendedFileDialog::setUseNativeFileDialog(native);
+    ExtendedFileDialog dialog(*m_window, "Choose", m_folders->path().toStdString(), "", help ? "topic" : "",
+                              acceptMode);
+    dialog.setFileMode(fileMode);
+    DialogDriver driver;
+    driver.onDialog<QFileDialog>("walk, help", [&](QFileDialog& shown) {
+        QCOMPARE(clashes(shown), QStringList());
+        typeName(shown, QStringLiteral("folder")); // may change the label of the accept button
+        QCOMPARE(clashes(shown), QStringList());
+        fileNameEdit(shown).clear();
+        QTest::keyClick(&shown, Qt::Key_H, Qt::AltModifier);
+        QTRY_COMPARE(m_topics, (help ? std::vector<std::string>{"topic"} : std::vector<std::string>()));
+        QVERIFY(shown.isVisible());
+        if (help)
+            QCOMPARE(buttonOf(shown, QDialogButtonBox::HelpRole)->text(), QStringLiteral("&Help"));
+        cancel(shown);
+    });
+    QCOMPARE(dialog.exec(), int(QDialog::Rejected));
+    QVERIFY2(driver.finished(), qPrintable(driver.problem()));
+}
+
+void tst_mnemonics::helpGivesWayToLabels_data()
+{
+    QTest::addColumn<QFileDialog::DialogLabel>("label");
+    QTest::newRow("look in") << QFileDialog::LookIn;
+    QTest::newRow("name") << QFileDialog::FileName;
+    QTest::newRow("type") << QFileDialog::FileType;
+    QTest::newRow("accept") << QFileDialog::Accept;
+    QTest::newRow("reject") << QFileDialog::Reject;
+}
+
+/// The application sets the label after the dialog was created.
+void tst_mnemonics::helpGivesWayToLabels()
+{
+    QFETCH(QFileDialog::DialogLabel, label);
+    QExtendedFileDialog dialog(*m_window, "Choose", m_folders->path().toStdString(), "", "topic",
+                               QFileDialog::AcceptOpen);
+    dialog.setLabelText(label, QStringLiteral("&Hand over"));
+    DialogDriver driver;
+    driver.onDialog<QFileDialog>("walk", [&](QFileDialog& shown) {
+        QCOMPARE(clashes(shown), QStringList());
+        QCOMPARE(shown.labelText(label), QStringLiteral("&Hand over"));
+        QCOMPARE(buttonOf(shown, QDialogButtonBox::HelpRole)->text(), QStringLiteral("H&elp"));
+        QTest::keyClick(&shown, Qt::Key_E, Qt::AltModifier);
+        QTRY_COMPARE(m_topics, std::vector<std::string>{"topic"});
+        cancel(shown);
+    });
+    QCOMPARE(dialog.exec(), int(QDialog::Rejected));
+    QVERIFY2(driver.finished(), qPrintable(driver.problem()));
+}
+
+/// The application adds the button after the Help button.
+void tst_mnemonics::helpGivesWayToAddedButtons()
+{
+    if (systemLimits::nativeDialogIsTheSystems)
+        QSKIP("the system lays its dialog out");
+    ExtendedWinFileDialog dialog(*m_window, "Choose", m_folders->path().toStdString(), "", "topic",
+                                 QFileDialog::AcceptOpen, false);
+    int clicks = 0;
+    dialog.addCustomButton("&Histogram", [&clicks] { ++clicks; });
+    DialogDriver driver;
+    driver.onDialog<QFileDialog>("press", [&](QFileDialog& shown) {
+        QCOMPARE(clashes(shown), QStringList());
+        QCOMPARE(buttonOf(shown, QDialogButtonBox::HelpRole)->text(), QStringLiteral("H&elp"));
+        QTest::keyClick(&shown, Qt::Key_H, Qt::AltModifier);
+        QTRY_COMPARE(clicks, 1);
+        QTest::keyClick(&shown, Qt::Key_E, Qt::AltModifier);
+        QTRY_COMPARE(m_topics, std::vector<std::string>{"topic"});
+        cancel(shown);
+    });
+    QCOMPARE(dialog.exec(), QDialog::Rejected);
+    QVERIFY2(driver.finished(), qPrintable(driver.problem()));
+}
+
+/// The library does not resolve a clash between two labels of the application.
+void tst_mnemonics::applicationsLabelsStay()
+{
+    if (systemLimits::nativeDialogIsTheSystems)
+        QSKIP("the system lays its dialog out");
+    ExtendedWinFileDialog dialog(*m_window, "Choose", m_folders->path().toStdString(), "", "topic",
+                                 QFileDialog::AcceptOpen, false);
+    dialog.addCustomButton("&Preview", [] {});
+    dialog.addCustomButton("&Print", [] {});
+    DialogDriver driver;
+    driver.onDialog<QFileDialog>("walk", [](QFileDialog& shown) {
+        QCOMPARE(clashes(shown).size(), 2);
+        QVERIFY(clashes(shown).contains(QStringLiteral("&Preview")));
+        QVERIFY(clashes(shown).contains(QStringLiteral("&Print")));
+        cancel(shown);
+    });
+    QCOMPARE(dialog.exec(), QDialog::Rejected);
+    QVERIFY2(driver.finished(), qPrintable(driver.problem()));
+}
+
+UI_TEST_MAIN(tst_mnemonics)
+#include "tst_mnemonics.moc"
