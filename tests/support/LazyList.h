@@ -15,9 +15,11 @@ public:
     }
 
     int rowCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : m_shown; }
+    /// Returns an invalid variant for an invalid index, which QCompleter asks for when rows go while it is told of others.
     QVariant data(const QModelIndex& index, int role) const override
     {
-        return role == Qt::EditRole || role == Qt::DisplayRole ? m_texts.at(index.row()) : QVariant();
+        const bool isText = role == Qt::EditRole || role == Qt::DisplayRole;
+        return isText && index.isValid() ? m_texts.at(index.row()) : QVariant();
     }
     bool canFetchMore(const QModelIndex& parent) const override
     {
