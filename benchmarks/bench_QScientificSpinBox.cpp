@@ -4,7 +4,7 @@
 #include "Comparison.h"
 #include "LiteralNumberRules.h"
 #include "ui/qt/controls/QScientificSpinBox.h"
-#include "ui/qt/controls/numbers/growDigitsIntoRange.h"
+#include "ui/qt/controls/numbers/growDigitsIntoRange_p.h"
 
 #include <QApplication>
 #include <QStringList>

@@ -8,8 +8,8 @@
 #include "LiteralNumberRules.h"
 #include "sameBits.h"
 
-#include "ui/qt/controls/numbers/canTextGrowIntoRange.h"
-#include "ui/qt/controls/numbers/readNumber.h"
+#include "ui/qt/controls/numbers/canTextGrowIntoRange_p.h"
+#include "ui/qt/controls/numbers/readNumber_p.h"
 
 #include <QByteArray>
 #include <QList>

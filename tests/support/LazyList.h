@@ -15,7 +15,8 @@ public:
     }
 
     int rowCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : m_shown; }
-    /// Returns an invalid variant for an invalid index, which QCompleter asks for when rows go while it is told of others.
+    /// Returns an invalid variant for an invalid index, which QCompleter asks for when rows go while it is told of
+    /// others.
     QVariant data(const QModelIndex& index, int role) const override
     {
         const bool isText = role == Qt::EditRole || role == Qt::DisplayRole;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/qt/dialogs/windows/comPointers.h"
+#include "ui/qt/dialogs/windows/comPointers_p.h"
 
 #include <functional>
 

@@ -1,4 +1,4 @@
-#include "compat/QxtLabelAccessible.h"
+#include "compat/QxtLabelAccessible_p.h"
 
 #include "compat/QxtLabel.h"
 

@@ -1,6 +1,6 @@
-#include "textsearch/ContainsFilterModel.h"
+#include "textsearch/ContainsFilterModel_p.h"
 
-#include "textsearch/ModelTexts.h"
+#include "textsearch/ModelTexts_p.h"
 
 #include <algorithm>
 #include <numeric>

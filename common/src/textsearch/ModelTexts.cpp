@@ -1,4 +1,4 @@
-#include "textsearch/ModelTexts.h"
+#include "textsearch/ModelTexts_p.h"
 
 #include <QAbstractItemModel>
 #include <QMetaMethod>

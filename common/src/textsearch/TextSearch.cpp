@@ -1,4 +1,4 @@
-#include "textsearch/TextSearch.h"
+#include "textsearch/TextSearch_p.h"
 
 #include <QtAlgorithms>
 

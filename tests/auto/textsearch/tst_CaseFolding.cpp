@@ -1,4 +1,4 @@
-#include "textsearch/CaseFolding.h"
+#include "textsearch/CaseFolding_p.h"
 
 #include "TestHome.h"
 

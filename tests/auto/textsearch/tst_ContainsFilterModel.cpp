@@ -1,5 +1,5 @@
-#include "textsearch/ContainsFilterModel.h"
-#include "textsearch/ModelTexts.h"
+#include "textsearch/ContainsFilterModel_p.h"
+#include "textsearch/ModelTexts_p.h"
 
 #include "LazyList.h"
 #include "RandomTexts.h"

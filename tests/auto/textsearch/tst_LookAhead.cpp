@@ -1,4 +1,4 @@
-#include "textsearch/LookAhead.h"
+#include "textsearch/LookAhead_p.h"
 
 #include "TestHome.h"
 

@@ -1,4 +1,4 @@
-#include "textsearch/Prefilter.h"
+#include "textsearch/Prefilter_p.h"
 
 #include "TestHome.h"
 

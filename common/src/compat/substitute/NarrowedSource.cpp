@@ -1,6 +1,6 @@
-#include "compat/substitute/NarrowedSource.h"
+#include "compat/substitute/NarrowedSource_p.h"
 
-#include "textsearch/ContainsFilterModel.h"
+#include "textsearch/ContainsFilterModel_p.h"
 
 #include <QSignalBlocker>
 

@@ -1,6 +1,6 @@
 #include "compat/substitute/QxtLabel.h"
 
-#include "compat/QxtLabelAccessible.h"
+#include "compat/QxtLabelAccessible_p.h"
 
 #include <QAccessible>
 #include <QFontMetrics>

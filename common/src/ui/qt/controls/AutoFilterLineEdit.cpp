@@ -1,4 +1,4 @@
-#include "ui/qt/controls/AutoFilterLineEdit.h"
+#include "ui/qt/controls/AutoFilterLineEdit_p.h"
 
 #include <QAbstractItemView>
 #include <QCompleter>

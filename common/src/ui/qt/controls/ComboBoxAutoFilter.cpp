@@ -1,12 +1,12 @@
 #include "ui/qt/controls/ComboBoxAutoFilter.h"
 
 #include "compat/ctkCompleter.h"
-#include "textsearch/ModelTexts.h"
-#include "textsearch/TextSearch.h"
-#include "ui/qt/controls/AutoFilterItemView.h"
-#include "ui/qt/controls/AutoFilterLineEdit.h"
-#include "ui/qt/controls/PopupColumn.h"
-#include "ui/qt/controls/PopupFit.h"
+#include "textsearch/ModelTexts_p.h"
+#include "textsearch/TextSearch_p.h"
+#include "ui/qt/controls/AutoFilterItemView_p.h"
+#include "ui/qt/controls/AutoFilterLineEdit_p.h"
+#include "ui/qt/controls/PopupColumn_p.h"
+#include "ui/qt/controls/PopupFit_p.h"
 
 #include <QKeyEvent>
 #include <QStyle>

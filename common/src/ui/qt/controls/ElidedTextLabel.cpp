@@ -1,7 +1,7 @@
 #include "ui/qt/controls/ElidedTextLabel.h"
 
-#include "compat/QxtLabelAccessible.h"
-#include "ui/qt/controls/ElidedTextUtil.h"
+#include "compat/QxtLabelAccessible_p.h"
+#include "ui/qt/controls/ElidedTextUtil_p.h"
 
 ElidedTextLabel::ElidedTextLabel(QWidget* parent, Qt::WindowFlags flags)
     : QxtLabel(parent, flags)

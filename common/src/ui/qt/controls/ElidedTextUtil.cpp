@@ -1,4 +1,4 @@
-#include "ui/qt/controls/ElidedTextUtil.h"
+#include "ui/qt/controls/ElidedTextUtil_p.h"
 
 #include <QFontMetrics>
 #include <QString>

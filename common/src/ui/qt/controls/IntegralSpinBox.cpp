@@ -1,6 +1,6 @@
 #include "ui/qt/controls/IntegralSpinBox.h"
 
-#include "ui/qt/controls/steps.h"
+#include "ui/qt/controls/steps_p.h"
 
 namespace zelmar::ui {
 

@@ -1,4 +1,4 @@
-#include "ui/qt/controls/PopupColumn.h"
+#include "ui/qt/controls/PopupColumn_p.h"
 
 #include <QAbstractItemModel>
 #include <QCompleter>

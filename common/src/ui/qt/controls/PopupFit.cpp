@@ -1,4 +1,4 @@
-#include "ui/qt/controls/PopupFit.h"
+#include "ui/qt/controls/PopupFit_p.h"
 
 #include <QEvent>
 #include <QListView>

@@ -1,8 +1,8 @@
 #include "ui/qt/controls/QScientificSpinBox.h"
 
-#include "ui/qt/controls/numbers/readNumber.h"
-#include "ui/qt/controls/numbers/scientificText.h"
-#include "ui/qt/controls/steps.h"
+#include "ui/qt/controls/numbers/readNumber_p.h"
+#include "ui/qt/controls/numbers/scientificText_p.h"
+#include "ui/qt/controls/steps_p.h"
 
 #include <QDoubleValidator>
 #include <QLineEdit>

@@ -1,6 +1,6 @@
 #include "ui/qt/controls/TableCopyHandler.h"
 
-#include "ui/qt/controls/numbers/appendShortestText.h"
+#include "ui/qt/controls/numbers/appendShortestText_p.h"
 
 #include <QAbstractItemModel>
 #include <QClipboard>

@@ -1,6 +1,6 @@
-#include "ui/qt/designer/DesignerPlugin.h"
+#include "ui/qt/designer/DesignerPlugin_p.h"
 
-#include "ui/qt/designer/widgetTable.h"
+#include "ui/qt/designer/widgetTable_p.h"
 
 #include <QCoreApplication>
 #include <QIcon>

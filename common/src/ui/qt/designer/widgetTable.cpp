@@ -1,4 +1,4 @@
-#include "ui/qt/designer/widgetTable.h"
+#include "ui/qt/designer/widgetTable_p.h"
 
 #include "ui/qt/controls/ComboBoxAutoFilter.h"
 #include "ui/qt/controls/CorrectFontCommandLinkButton.h"

@@ -1,7 +1,7 @@
-#include "ui/qt/dialogs/AcceptButtonGuide.h"
+#include "ui/qt/dialogs/AcceptButtonGuide_p.h"
 
-#include "ui/qt/dialogs/nameProblem.h"
-#include "ui/qt/dialogs/typedName.h"
+#include "ui/qt/dialogs/nameProblem_p.h"
+#include "ui/qt/dialogs/typedName_p.h"
 
 #include <QCoreApplication>
 #include <QDialogButtonBox>

@@ -1,4 +1,4 @@
-#include "ui/qt/dialogs/FolderReadTracker.h"
+#include "ui/qt/dialogs/FolderReadTracker_p.h"
 
 FolderReadTracker::FolderReadTracker(QFileSystemModel& model)
     : QObject(&model)

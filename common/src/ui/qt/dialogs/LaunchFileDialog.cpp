@@ -1,8 +1,8 @@
 #include "ui/qt/dialogs/LaunchFileDialog.h"
 
 #include "ui/qt/dialogs/ExtendedFileDialog.h"
-#include "ui/qt/dialogs/rules/nameFilterList.h"
-#include "ui/qt/dialogs/rules/quotedNames.h"
+#include "ui/qt/dialogs/rules/nameFilterList_p.h"
+#include "ui/qt/dialogs/rules/quotedNames_p.h"
 
 #include <QApplication>
 #include <QFileInfo>

@@ -2,7 +2,7 @@
 
 #include "ui/qt/dialogs/DefaultSaveFileMessageHandler.h"
 #include "ui/qt/dialogs/QExtendedFileDialog.h"
-#include "ui/qt/dialogs/SaveFlow.h"
+#include "ui/qt/dialogs/SaveFlow_p.h"
 
 #include <QPointer>
 

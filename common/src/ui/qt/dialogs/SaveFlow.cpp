@@ -1,4 +1,4 @@
-#include "ui/qt/dialogs/SaveFlow.h"
+#include "ui/qt/dialogs/SaveFlow_p.h"
 
 #include "ui/qt/dialogs/SaveFileMessageHandlerInterface.h"
 

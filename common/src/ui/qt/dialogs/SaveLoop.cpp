@@ -1,9 +1,9 @@
-#include "ui/qt/dialogs/SaveLoop.h"
+#include "ui/qt/dialogs/SaveLoop_p.h"
 
 #include "ui/qt/dialogs/SaveFileMessageHandlerInterface.h"
-#include "ui/qt/dialogs/rules/defaultExtension.h"
-#include "ui/qt/dialogs/rules/fileExistence.h"
-#include "ui/qt/dialogs/writeProbe.h"
+#include "ui/qt/dialogs/rules/defaultExtension_p.h"
+#include "ui/qt/dialogs/rules/fileExistence_p.h"
+#include "ui/qt/dialogs/writeProbe_p.h"
 
 #include <boost/filesystem/operations.hpp>
 

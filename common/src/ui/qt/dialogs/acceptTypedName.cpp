@@ -1,6 +1,6 @@
-#include "ui/qt/dialogs/acceptTypedName.h"
+#include "ui/qt/dialogs/acceptTypedName_p.h"
 
-#include "ui/qt/dialogs/typedName.h"
+#include "ui/qt/dialogs/typedName_p.h"
 
 #include <QCoreApplication>
 #include <QFileDialog>

@@ -1,4 +1,4 @@
-#include "ui/qt/dialogs/closeWithQuestions.h"
+#include "ui/qt/dialogs/closeWithQuestions_p.h"
 
 #include <QDialog>
 #include <QMessageBox>

@@ -1,4 +1,4 @@
-#include "ui/qt/dialogs/letAcceptButtonFollowFolder.h"
+#include "ui/qt/dialogs/letAcceptButtonFollowFolder_p.h"
 
 #include <QDialogButtonBox>
 #include <QFileDialog>

@@ -1,4 +1,4 @@
-#include "ui/qt/dialogs/mnemonics.h"
+#include "ui/qt/dialogs/mnemonics_p.h"
 
 #include <QDialogButtonBox>
 #include <QFileDialog>

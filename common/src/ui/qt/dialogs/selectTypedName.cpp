@@ -1,7 +1,7 @@
-#include "ui/qt/dialogs/selectTypedName.h"
+#include "ui/qt/dialogs/selectTypedName_p.h"
 
-#include "ui/qt/dialogs/rules/quotedNames.h"
-#include "ui/qt/dialogs/typedName.h"
+#include "ui/qt/dialogs/rules/quotedNames_p.h"
+#include "ui/qt/dialogs/typedName_p.h"
 
 #include <QAbstractProxyModel>
 #include <QFileDialog>

@@ -1,6 +1,6 @@
-#include "ui/qt/dialogs/typedName.h"
+#include "ui/qt/dialogs/typedName_p.h"
 
-#include "ui/qt/dialogs/rules/quotedNames.h"
+#include "ui/qt/dialogs/rules/quotedNames_p.h"
 
 #include <QDir>
 #include <QFileDialog>

@@ -1,4 +1,4 @@
-#include "ui/qt/dialogs/unselectShownFolder.h"
+#include "ui/qt/dialogs/unselectShownFolder_p.h"
 
 #include <QFileDialog>
 #include <QLineEdit>

@@ -1,6 +1,6 @@
-#include "ui/qt/dialogs/writeProbe.h"
+#include "ui/qt/dialogs/writeProbe_p.h"
 
-#include "ui/qt/dialogs/rules/fileExistence.h"
+#include "ui/qt/dialogs/rules/fileExistence_p.h"
 
 #include <QDir>
 #include <QFile>

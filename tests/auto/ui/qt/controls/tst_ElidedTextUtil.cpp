@@ -1,5 +1,5 @@
 #include "systemLimits.h"
-#include "ui/qt/controls/ElidedTextUtil.h"
+#include "ui/qt/controls/ElidedTextUtil_p.h"
 
 #include "TestHome.h"
 #include "VirtualSlot.h"

@@ -1,4 +1,4 @@
-#include "ui/qt/dialogs/AcceptButtonGuide.h"
+#include "ui/qt/dialogs/AcceptButtonGuide_p.h"
 
 #include "platform/ApplicationSettings.h"
 #include "ui/qt/dialogs/ExtendedFileDialog.h"

@@ -1,4 +1,4 @@
-#include "ui/qt/dialogs/SaveLoop.h"
+#include "ui/qt/dialogs/SaveLoop_p.h"
 
 #include "DialogDriver.h"
 #include "DialogFolders.h"

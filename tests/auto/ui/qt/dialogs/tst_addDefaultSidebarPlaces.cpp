@@ -1,4 +1,4 @@
-#include "ui/qt/dialogs/addDefaultSidebarPlaces.h"
+#include "ui/qt/dialogs/addDefaultSidebarPlaces_p.h"
 
 #include "TestHome.h"
 

@@ -1,4 +1,4 @@
-#include "ui/qt/dialogs/hideOutdatedCompletions.h"
+#include "ui/qt/dialogs/hideOutdatedCompletions_p.h"
 
 #include "platform/ApplicationSettings.h"
 #include "ui/qt/dialogs/ExtendedFileDialog.h"

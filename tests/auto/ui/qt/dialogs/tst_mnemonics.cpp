@@ -1,4 +1,4 @@
-#include "ui/qt/dialogs/mnemonics.h"
+#include "ui/qt/dialogs/mnemonics_p.h"
 
 #include "platform/ApplicationSettings.h"
 #include "platform/HelpLauncher.h"

@@ -1,4 +1,4 @@
-#include "ui/qt/dialogs/nameProblem.h"
+#include "ui/qt/dialogs/nameProblem_p.h"
 
 #include "DialogFolders.h"
 #include "TestHome.h"

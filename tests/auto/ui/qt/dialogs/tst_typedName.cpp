@@ -1,4 +1,4 @@
-#include "ui/qt/dialogs/typedName.h"
+#include "ui/qt/dialogs/typedName_p.h"
 
 #include "platform/ApplicationSettings.h"
 #include "ui/qt/dialogs/ExtendedFileDialog.h"

@@ -1,4 +1,4 @@
-#include "ui/qt/dialogs/writeProbe.h"
+#include "ui/qt/dialogs/writeProbe_p.h"
 
 #include "DialogFolders.h"
 #include "OrdinaryUser.h"

@@ -1,4 +1,4 @@
-#include "ui/qt/controls/numbers/appendShortestText.h"
+#include "ui/qt/controls/numbers/appendShortestText_p.h"
 
 #include <QLatin1String>
 #include <QLocale>

@@ -1,7 +1,7 @@
-#include "ui/qt/controls/numbers/canTextGrowIntoRange.h"
+#include "ui/qt/controls/numbers/canTextGrowIntoRange_p.h"
 
-#include "ui/qt/controls/numbers/growDigitsIntoRange.h"
-#include "ui/qt/controls/numbers/powerOfTen.h"
+#include "ui/qt/controls/numbers/growDigitsIntoRange_p.h"
+#include "ui/qt/controls/numbers/powerOfTen_p.h"
 
 #include <cmath>
 

@@ -1,6 +1,6 @@
-#include "ui/qt/controls/numbers/growDigitsIntoRange.h"
+#include "ui/qt/controls/numbers/growDigitsIntoRange_p.h"
 
-#include "ui/qt/controls/numbers/powerOfTen.h"
+#include "ui/qt/controls/numbers/powerOfTen_p.h"
 
 #include <QVarLengthArray>
 

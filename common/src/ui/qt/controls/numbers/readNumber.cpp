@@ -1,6 +1,6 @@
-#include "ui/qt/controls/numbers/readNumber.h"
+#include "ui/qt/controls/numbers/readNumber_p.h"
 
-#include "ui/qt/controls/numbers/canTextGrowIntoRange.h"
+#include "ui/qt/controls/numbers/canTextGrowIntoRange_p.h"
 
 #include <QLocale>
 

@@ -1,4 +1,4 @@
-#include "ui/qt/controls/numbers/scientificText.h"
+#include "ui/qt/controls/numbers/scientificText_p.h"
 
 #include <array>
 #include <cfenv>

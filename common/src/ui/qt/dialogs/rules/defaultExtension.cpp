@@ -1,4 +1,4 @@
-#include "ui/qt/dialogs/rules/defaultExtension.h"
+#include "ui/qt/dialogs/rules/defaultExtension_p.h"
 
 #include <boost/filesystem/path.hpp>
 

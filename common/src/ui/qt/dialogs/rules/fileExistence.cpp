@@ -1,4 +1,4 @@
-#include "ui/qt/dialogs/rules/fileExistence.h"
+#include "ui/qt/dialogs/rules/fileExistence_p.h"
 
 namespace fs = boost::filesystem;
 

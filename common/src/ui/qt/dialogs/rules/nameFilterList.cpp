@@ -1,4 +1,4 @@
-#include "ui/qt/dialogs/rules/nameFilterList.h"
+#include "ui/qt/dialogs/rules/nameFilterList_p.h"
 
 namespace {
 

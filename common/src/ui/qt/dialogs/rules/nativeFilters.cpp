@@ -1,6 +1,6 @@
-#include "ui/qt/dialogs/rules/nativeFilters.h"
+#include "ui/qt/dialogs/rules/nativeFilters_p.h"
 
-#include "ui/qt/dialogs/rules/utf8Path.h"
+#include "ui/qt/dialogs/rules/utf8Path_p.h"
 
 #include <optional>
 

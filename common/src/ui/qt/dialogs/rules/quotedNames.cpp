@@ -1,4 +1,4 @@
-#include "ui/qt/dialogs/rules/quotedNames.h"
+#include "ui/qt/dialogs/rules/quotedNames_p.h"
 
 std::string quotedNames(const std::vector<std::string>& names)
 {

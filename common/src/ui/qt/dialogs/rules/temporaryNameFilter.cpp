@@ -1,4 +1,4 @@
-#include "ui/qt/dialogs/rules/temporaryNameFilter.h"
+#include "ui/qt/dialogs/rules/temporaryNameFilter_p.h"
 
 QString temporaryNameFilter(const QString& selected, const QString& pattern)
 {

@@ -1,4 +1,4 @@
-#include "ui/qt/dialogs/rules/utf8Path.h"
+#include "ui/qt/dialogs/rules/utf8Path_p.h"
 
 #ifdef _WIN32
 

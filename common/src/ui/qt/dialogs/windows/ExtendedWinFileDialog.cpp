@@ -1,7 +1,7 @@
 #include "ui/qt/dialogs/windows/ExtendedWinFileDialog.h"
 
-#include "ui/qt/dialogs/windows/ExtendedWinFileDialogImpl.h"
-#include "ui/qt/dialogs/windows/FakeWidget.h"
+#include "ui/qt/dialogs/windows/ExtendedWinFileDialogImpl_p.h"
+#include "ui/qt/dialogs/windows/FakeWidget_p.h"
 
 #include <QFileInfo>
 

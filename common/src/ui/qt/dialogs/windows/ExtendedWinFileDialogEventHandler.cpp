@@ -1,8 +1,8 @@
-#include "ui/qt/dialogs/windows/ExtendedWinFileDialogEventHandler.h"
+#include "ui/qt/dialogs/windows/ExtendedWinFileDialogEventHandler_p.h"
 
 #include "platform/utf8ToWideString.h"
-#include "ui/qt/dialogs/rules/nativeFilters.h"
-#include "ui/qt/dialogs/windows/fileSystemPath.h"
+#include "ui/qt/dialogs/rules/nativeFilters_p.h"
+#include "ui/qt/dialogs/windows/fileSystemPath_p.h"
 
 #include <new>
 

@@ -1,13 +1,13 @@
-#include "ui/qt/dialogs/windows/ExtendedWinFileDialogImpl.h"
+#include "ui/qt/dialogs/windows/ExtendedWinFileDialogImpl_p.h"
 
 #include "platform/HelpLauncher.h"
 #include "platform/utf8ToWideString.h"
-#include "ui/qt/dialogs/rules/nameFilterList.h"
-#include "ui/qt/dialogs/windows/ExtendedWinFileDialogEventHandler.h"
-#include "ui/qt/dialogs/windows/ExtendedWinFileDialogRun.h"
-#include "ui/qt/dialogs/windows/FakeWidget.h"
-#include "ui/qt/dialogs/windows/fileSystemPath.h"
-#include "ui/qt/dialogs/windows/nativeRequest.h"
+#include "ui/qt/dialogs/rules/nameFilterList_p.h"
+#include "ui/qt/dialogs/windows/ExtendedWinFileDialogEventHandler_p.h"
+#include "ui/qt/dialogs/windows/ExtendedWinFileDialogRun_p.h"
+#include "ui/qt/dialogs/windows/FakeWidget_p.h"
+#include "ui/qt/dialogs/windows/fileSystemPath_p.h"
+#include "ui/qt/dialogs/windows/nativeRequest_p.h"
 
 #include <QWidget>
 

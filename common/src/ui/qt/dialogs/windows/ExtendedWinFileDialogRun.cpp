@@ -1,6 +1,6 @@
-#include "ui/qt/dialogs/windows/ExtendedWinFileDialogRun.h"
+#include "ui/qt/dialogs/windows/ExtendedWinFileDialogRun_p.h"
 
-#include "ui/qt/dialogs/windows/ExtendedWinFileDialogEventHandler.h"
+#include "ui/qt/dialogs/windows/ExtendedWinFileDialogEventHandler_p.h"
 
 #include <QWidget>
 

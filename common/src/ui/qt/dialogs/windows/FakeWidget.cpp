@@ -1,4 +1,4 @@
-#include "ui/qt/dialogs/windows/FakeWidget.h"
+#include "ui/qt/dialogs/windows/FakeWidget_p.h"
 
 #include <QCoreApplication>
 #include <QEvent>

@@ -1,8 +1,8 @@
 #include "ui/qt/dialogs/windows/SaveFileWinDialog.h"
 
 #include "ui/qt/dialogs/DefaultSaveFileMessageHandler.h"
-#include "ui/qt/dialogs/SaveFlow.h"
-#include "ui/qt/dialogs/windows/ExtendedWinFileDialogImpl.h"
+#include "ui/qt/dialogs/SaveFlow_p.h"
+#include "ui/qt/dialogs/windows/ExtendedWinFileDialogImpl_p.h"
 
 #include <QWidget>
 

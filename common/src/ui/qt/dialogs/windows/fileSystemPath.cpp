@@ -1,6 +1,6 @@
-#include "ui/qt/dialogs/windows/fileSystemPath.h"
+#include "ui/qt/dialogs/windows/fileSystemPath_p.h"
 
-#include "ui/qt/dialogs/windows/comPointers.h"
+#include "ui/qt/dialogs/windows/comPointers_p.h"
 
 std::optional<QString> fileSystemPath(IShellItem* item)
 {

@@ -1,9 +1,9 @@
-#include "ui/qt/dialogs/windows/nativeRequest.h"
+#include "ui/qt/dialogs/windows/nativeRequest_p.h"
 
 #include "platform/utf8ToWideString.h"
-#include "ui/qt/dialogs/rules/fileExistence.h"
-#include "ui/qt/dialogs/rules/nativeFilters.h"
-#include "ui/qt/dialogs/rules/utf8Path.h"
+#include "ui/qt/dialogs/rules/fileExistence_p.h"
+#include "ui/qt/dialogs/rules/nativeFilters_p.h"
+#include "ui/qt/dialogs/rules/utf8Path_p.h"
 
 #include <boost/filesystem/exception.hpp>
 

@@ -1,5 +1,5 @@
 #include "TestHome.h"
-#include "ui/qt/controls/numbers/appendShortestText.h"
+#include "ui/qt/controls/numbers/appendShortestText_p.h"
 
 #include <QRandomGenerator>
 #include <QVariant>

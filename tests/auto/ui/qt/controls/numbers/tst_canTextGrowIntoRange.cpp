@@ -1,6 +1,6 @@
 #include "LiteralNumberRules.h"
 #include "TestHome.h"
-#include "ui/qt/controls/numbers/canTextGrowIntoRange.h"
+#include "ui/qt/controls/numbers/canTextGrowIntoRange_p.h"
 
 #include <QtTest>
 

@@ -1,6 +1,6 @@
 #include "LiteralNumberRules.h"
 #include "TestHome.h"
-#include "ui/qt/controls/numbers/growDigitsIntoRange.h"
+#include "ui/qt/controls/numbers/growDigitsIntoRange_p.h"
 
 #include <QtTest>
 

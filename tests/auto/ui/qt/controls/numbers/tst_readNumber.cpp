@@ -1,7 +1,7 @@
 #include "LiteralNumberRules.h"
 #include "TestHome.h"
 #include "sameBits.h"
-#include "ui/qt/controls/numbers/readNumber.h"
+#include "ui/qt/controls/numbers/readNumber_p.h"
 
 #include <QLocale>
 #include <QtTest>

@@ -1,6 +1,6 @@
 #include "BuiltLocales.h"
 #include "TestHome.h"
-#include "ui/qt/controls/numbers/scientificText.h"
+#include "ui/qt/controls/numbers/scientificText_p.h"
 
 #include <QtTest>
 

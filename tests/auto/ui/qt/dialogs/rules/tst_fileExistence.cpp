@@ -1,6 +1,6 @@
-#include "ui/qt/dialogs/rules/fileExistence.h"
+#include "ui/qt/dialogs/rules/fileExistence_p.h"
 
-#include "ui/qt/dialogs/rules/utf8Path.h"
+#include "ui/qt/dialogs/rules/utf8Path_p.h"
 
 #include "DialogFolders.h"
 #include "TestHome.h"

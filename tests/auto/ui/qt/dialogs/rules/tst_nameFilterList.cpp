@@ -1,5 +1,5 @@
 #include "TestHome.h"
-#include "ui/qt/dialogs/rules/nameFilterList.h"
+#include "ui/qt/dialogs/rules/nameFilterList_p.h"
 
 #include <QtTest>
 

@@ -1,5 +1,5 @@
 #include "TestHome.h"
-#include "ui/qt/dialogs/rules/nativeFilters.h"
+#include "ui/qt/dialogs/rules/nativeFilters_p.h"
 
 #include <QRandomGenerator>
 #include <QtTest>

@@ -1,5 +1,5 @@
 #include "TestHome.h"
-#include "ui/qt/dialogs/rules/quotedNames.h"
+#include "ui/qt/dialogs/rules/quotedNames_p.h"
 
 #include <QtTest>
 

@@ -1,4 +1,4 @@
-#include "ui/qt/dialogs/rules/temporaryNameFilter.h"
+#include "ui/qt/dialogs/rules/temporaryNameFilter_p.h"
 
 #include "TestHome.h"
 

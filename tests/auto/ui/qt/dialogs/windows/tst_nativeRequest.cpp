@@ -1,5 +1,5 @@
 #include "TestHome.h"
-#include "ui/qt/dialogs/windows/nativeRequest.h"
+#include "ui/qt/dialogs/windows/nativeRequest_p.h"
 
 #include <QDir>
 #include <QFile>

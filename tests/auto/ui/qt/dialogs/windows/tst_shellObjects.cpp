@@ -1,5 +1,5 @@
 #include "TestHome.h"
-#include "ui/qt/dialogs/windows/comPointers.h"
+#include "ui/qt/dialogs/windows/comPointers_p.h"
 #include "ui/qt/dialogs/windows/shellapi.h"
 
 #include <QtTest>

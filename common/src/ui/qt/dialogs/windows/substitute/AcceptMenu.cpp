@@ -1,4 +1,4 @@
-#include "ui/qt/dialogs/windows/substitute/AcceptMenu.h"
+#include "ui/qt/dialogs/windows/substitute/AcceptMenu_p.h"
 
 #include <QKeyEvent>
 #include <QMenu>

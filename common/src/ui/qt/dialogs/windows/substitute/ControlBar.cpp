@@ -1,9 +1,9 @@
-#include "ui/qt/dialogs/windows/substitute/ControlBar.h"
+#include "ui/qt/dialogs/windows/substitute/ControlBar_p.h"
 
-#include "ui/qt/dialogs/mnemonics.h"
-#include "ui/qt/dialogs/windows/substitute/FileDialogListener.h"
-#include "ui/qt/dialogs/windows/substitute/WrappingLayout.h"
-#include "ui/qt/dialogs/windows/substitute/texts.h"
+#include "ui/qt/dialogs/mnemonics_p.h"
+#include "ui/qt/dialogs/windows/substitute/FileDialogListener_p.h"
+#include "ui/qt/dialogs/windows/substitute/WrappingLayout_p.h"
+#include "ui/qt/dialogs/windows/substitute/texts_p.h"
 
 #include <QCheckBox>
 #include <QDialogButtonBox>

@@ -1,4 +1,4 @@
-#include "ui/qt/dialogs/windows/substitute/ControlModel.h"
+#include "ui/qt/dialogs/windows/substitute/ControlModel_p.h"
 
 #include <algorithm>
 #include <utility>

@@ -1,7 +1,7 @@
-#include "ui/qt/dialogs/windows/substitute/ControlOperations.h"
+#include "ui/qt/dialogs/windows/substitute/ControlOperations_p.h"
 
 #include "ui/qt/dialogs/windows/substitute/results.h"
-#include "ui/qt/dialogs/windows/substitute/texts.h"
+#include "ui/qt/dialogs/windows/substitute/texts_p.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "ui/qt/dialogs/windows/substitute/EventSinks.h"
+#include "ui/qt/dialogs/windows/substitute/EventSinks_p.h"
 
 DWORD EventSinks::add(IFileDialogEvents& sink)
 {

@@ -1,8 +1,8 @@
-#include "ui/qt/dialogs/windows/substitute/FileDialogObject.h"
+#include "ui/qt/dialogs/windows/substitute/FileDialogObject_p.h"
 
-#include "ui/qt/dialogs/windows/fileSystemPath.h"
-#include "ui/qt/dialogs/windows/substitute/ShellItem.h"
-#include "ui/qt/dialogs/windows/substitute/texts.h"
+#include "ui/qt/dialogs/windows/fileSystemPath_p.h"
+#include "ui/qt/dialogs/windows/substitute/ShellItem_p.h"
+#include "ui/qt/dialogs/windows/substitute/texts_p.h"
 
 #include <QDir>
 

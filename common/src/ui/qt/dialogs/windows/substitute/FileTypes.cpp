@@ -1,6 +1,6 @@
-#include "ui/qt/dialogs/windows/substitute/FileTypes.h"
+#include "ui/qt/dialogs/windows/substitute/FileTypes_p.h"
 
-#include "ui/qt/dialogs/windows/substitute/texts.h"
+#include "ui/qt/dialogs/windows/substitute/texts_p.h"
 
 FileTypes::FileTypes(UINT count, const COMDLG_FILTERSPEC* types)
 {

@@ -1,7 +1,7 @@
-#include "ui/qt/dialogs/windows/substitute/ShellItem.h"
+#include "ui/qt/dialogs/windows/substitute/ShellItem_p.h"
 
-#include "ui/qt/dialogs/windows/fileSystemPath.h"
-#include "ui/qt/dialogs/windows/substitute/CountedObject.h"
+#include "ui/qt/dialogs/windows/fileSystemPath_p.h"
+#include "ui/qt/dialogs/windows/substitute/CountedObject_p.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -1,4 +1,4 @@
-#include "ui/qt/dialogs/windows/substitute/WrappingLayout.h"
+#include "ui/qt/dialogs/windows/substitute/WrappingLayout_p.h"
 
 #include <QStyle>
 #include <QWidget>

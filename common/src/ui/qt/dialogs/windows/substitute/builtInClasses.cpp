@@ -1,6 +1,6 @@
-#include "ui/qt/dialogs/windows/substitute/builtInClasses.h"
+#include "ui/qt/dialogs/windows/substitute/builtInClasses_p.h"
 
-#include "ui/qt/dialogs/windows/substitute/FileDialogObject.h"
+#include "ui/qt/dialogs/windows/substitute/FileDialogObject_p.h"
 
 HRESULT createBuiltInObject(REFCLSID classId, REFIID iid, void** object)
 {

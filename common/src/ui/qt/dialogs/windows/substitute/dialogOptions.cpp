@@ -1,4 +1,4 @@
-#include "ui/qt/dialogs/windows/substitute/dialogOptions.h"
+#include "ui/qt/dialogs/windows/substitute/dialogOptions_p.h"
 
 FILEOPENDIALOGOPTIONS defaultOptions(DialogKind kind)
 {

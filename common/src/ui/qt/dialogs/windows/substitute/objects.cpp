@@ -1,7 +1,7 @@
 #include "ui/qt/dialogs/windows/substitute/objects.h"
 
-#include "ui/qt/dialogs/windows/comPointers.h"
-#include "ui/qt/dialogs/windows/substitute/builtInClasses.h"
+#include "ui/qt/dialogs/windows/comPointers_p.h"
+#include "ui/qt/dialogs/windows/substitute/builtInClasses_p.h"
 #include "ui/qt/dialogs/windows/substitute/results.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
-#include "ui/qt/dialogs/windows/substitute/texts.h"
+#include "ui/qt/dialogs/windows/substitute/texts_p.h"
 
-#include "ui/qt/dialogs/mnemonics.h"
-#include "ui/qt/dialogs/rules/quotedNames.h"
+#include "ui/qt/dialogs/mnemonics_p.h"
+#include "ui/qt/dialogs/rules/quotedNames_p.h"
 
 namespace {
 

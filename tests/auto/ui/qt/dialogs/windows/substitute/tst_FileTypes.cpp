@@ -1,4 +1,4 @@
-#include "ui/qt/dialogs/windows/substitute/FileTypes.h"
+#include "ui/qt/dialogs/windows/substitute/FileTypes_p.h"
 
 #include "TestHome.h"
 

@@ -1,4 +1,4 @@
-#include "ui/qt/dialogs/windows/substitute/texts.h"
+#include "ui/qt/dialogs/windows/substitute/texts_p.h"
 
 #include "TestHome.h"
 

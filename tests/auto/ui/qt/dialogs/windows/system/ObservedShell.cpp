@@ -1,6 +1,6 @@
 #include "ObservedShell.h"
 
-#include "ui/qt/dialogs/windows/fileSystemPath.h"
+#include "ui/qt/dialogs/windows/fileSystemPath_p.h"
 
 #include <QDir>
 

@@ -1,0 +1,123 @@
+#pragma once
+
+#include "internal_export_p.h"
+
+#include <QtGlobal>
+
+#include <algorithm>
+#include <vector>
+
+// ZELMAR_TEXTSEARCH_PORTABLE disables the vector instructions, so that tests can run both variants.
+#if !defined(ZELMAR_TEXTSEARCH_PORTABLE) && (defined(__SSE2__) || defined(_M_X64))
+#define ZELMAR_TEXTSEARCH_SSE2
+#include <emmintrin.h>
+#endif
+
+namespace zelmar::textsearch {
+
+/// A set of code units: all those that have the given value in the bits of a mask.
+struct COMMON_UI_QT_INTERNAL_EXPORT UnitPattern
+{
+    UnitPattern() = default;
+    /// Constructs the smallest such set that contains all of `units`. There must be at least one, and no duplicates.
+    explicit UnitPattern(const std::vector<char16_t>& units);
+
+    bool matches(char16_t unit) const { return (unit & mask) == value; }
+
+    char16_t mask = 0;
+    char16_t value = 0;
+    bool isExact = false; ///< whether the set has no code units but those it was constructed from
+};
+
+/// A prefilter that finds the candidate positions of a needle in a haystack. It compares two code units of the needle
+/// at many positions at once. Most haystacks have no candidate, and are excluded without a branch on their code units,
+/// which the processor would often mispredict.
+class Prefilter
+{
+public:
+    /// The maximum number of positions for one call of candidates(), which is the number of bits of its result.
+    static constexpr int maxPositions = 64;
+
+    Prefilter() = default;
+    /// Constructs a prefilter from the patterns of two code units of the needle and their offsets in it.
+    Prefilter(int firstOffset, const UnitPattern& first, int secondOffset, const UnitPattern& second)
+        : m_firstOffset(firstOffset)
+        , m_secondOffset(secondOffset)
+        , m_first(first)
+        , m_second(second)
+    {
+    }
+
+    /// Returns whether both patterns are exact, so that each candidate matches the needle in these two code units.
+    bool isExact() const { return m_first.isExact && m_second.isExact; }
+
+    /// Returns a bit mask of the positions below `count` at which both patterns match; bit 0 is the start of
+    /// `haystack`. `count` is at most maxPositions. Reads the haystack up to the last position plus the larger offset.
+    quint64 candidates(const char16_t* haystack, int count) const;
+
+private:
+    quint64 candidatesOneByOne(const char16_t* haystack, int count) const;
+#ifdef ZELMAR_TEXTSEARCH_SSE2
+    static constexpr int blockSize = 8;
+    quint64 candidatesInBlock(const char16_t* block) const;
+    static __m128i matchesInBlock(const char16_t* block, const UnitPattern& pattern);
+#endif
+
+    int m_firstOffset = 0;
+    int m_secondOffset = 0;
+    UnitPattern m_first;
+    UnitPattern m_second;
+};
+
+inline quint64 Prefilter::candidatesOneByOne(const char16_t* haystack, int count) const
+{
+    quint64 candidates = 0;
+    for (int position = 0; position < count; ++position) {
+        // Both are looked at in any case: a jump would cost more than the second comparison.
+        const quint64 first = m_first.matches(haystack[position + m_firstOffset]) ? 1 : 0;
+        const quint64 second = m_second.matches(haystack[position + m_secondOffset]) ? 1 : 0;
+        candidates |= (first & second) << position;
+    }
+    return candidates;
+}
+
+#ifdef ZELMAR_TEXTSEARCH_SSE2
+
+/// Returns a vector whose lanes are all ones for each code unit of the block that matches.
+inline __m128i Prefilter::matchesInBlock(const char16_t* block, const UnitPattern& pattern)
+{
+    const __m128i units = _mm_loadu_si128(reinterpret_cast<const __m128i*>(block));
+    return _mm_cmpeq_epi16(_mm_and_si128(units, _mm_set1_epi16(short(pattern.mask))),
+                           _mm_set1_epi16(short(pattern.value)));
+}
+
+inline quint64 Prefilter::candidatesInBlock(const char16_t* block) const
+{
+    const __m128i matches =
+        _mm_and_si128(matchesInBlock(block + m_firstOffset, m_first), matchesInBlock(block + m_secondOffset, m_second));
+    return uint(_mm_movemask_epi8(_mm_packs_epi16(matches, _mm_setzero_si128())));
+}
+
+inline quint64 Prefilter::candidates(const char16_t* haystack, int count) const
+{
+    if (count < blockSize)
+        return candidatesOneByOne(haystack, count);
+    quint64 candidates = 0;
+    for (int block = 0; block < count; block += blockSize) {
+        // The last block overlaps the one before it rather than the end of the haystack.
+        const int position = std::min(block, count - blockSize);
+        candidates |= candidatesInBlock(haystack + position) << position;
+    }
+    return candidates;
+}
+
+#else
+
+inline quint64 Prefilter::candidates(const char16_t* haystack, int count) const
+{
+    return candidatesOneByOne(haystack, count);
+}
+
+#endif
+
+} // namespace zelmar::textsearch

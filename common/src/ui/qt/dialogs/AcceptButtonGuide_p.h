@@ -1,0 +1,59 @@
+#pragma once
+
+#include "internal_export_p.h"
+
+#include <QObject>
+#include <QPointer>
+#include <QString>
+#include <QWidget>
+
+class QFileDialog;
+class QLineEdit;
+class QPushButton;
+
+/// A note that reports a problem as the tool tip and the accessible description of a widget. When the note ends, the
+/// texts that the application has set there are restored.
+class WidgetNote
+{
+public:
+    /// Shows `text` (plain text) on `widget`. Ends the note if `text` is empty.
+    void show(QWidget* widget, const QString& text);
+
+private:
+    void end();
+
+    QPointer<QWidget> m_widget;
+    QString m_shownToolTip;
+    QString m_shownDescription;
+    QString m_ownToolTip;
+    QString m_ownDescription;
+};
+
+/// An object that updates the accept button of a Qt-drawn dialog for names that QFileDialog does not handle. A name
+/// with double quotes that is a single name (see typedName_p.h) enables the button if the file exists or may be a new
+/// one. A name with more bytes than the file system allows disables it. The button and the file-name box explain why
+/// the button is disabled, and warn if a folder of the path does not exist.
+class COMMON_UI_QT_INTERNAL_EXPORT AcceptButtonGuide : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Creates a guide that `dialog` owns.
+    explicit AcceptButtonGuide(QFileDialog& dialog);
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void update();
+    void enableForQuotedName(QPushButton& button);
+    QString problem(const QPushButton& button) const;
+
+    QFileDialog& m_dialog;
+    QLineEdit& m_edit;
+    QString m_plainText;
+    WidgetNote m_buttonNote;
+    WidgetNote m_editNote;
+};
+
+/// Returns whether the user has typed a name for a new file that is longer than the file system of its folder allows.
+COMMON_UI_QT_INTERNAL_EXPORT bool typedNameIsTooLong(const QFileDialog& dialog);

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "internal_export_p.h"
+
+#include <QKeySequence>
+#include <QSet>
+#include <QString>
+
+class QAbstractButton;
+class QFileDialog;
+
+/// Returns `label` without the ampersand of its mnemonic. A doubled ampersand stays.
+QString withoutMnemonic(const QString& label);
+
+/// Returns `label` with a mnemonic that is not in `taken`: its own one if it is free, otherwise its first letter or
+/// digit that is free, and no mnemonic if all are taken.
+COMMON_UI_QT_INTERNAL_EXPORT QString withAnyFreeMnemonic(const QString& label, const QSet<QKeySequence>& taken);
+
+/// Returns the mnemonics that a button of a Qt-drawn dialog must not have: those of the labels, those of the buttons in
+/// the button box other than `except`, and those that the accept button may get while a name is typed.
+QSet<QKeySequence> mnemonicsBeside(const QAbstractButton& except, const QFileDialog& dialog);
