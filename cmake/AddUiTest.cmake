@@ -23,6 +23,7 @@ function(add_ui_test name)
     target_compile_definitions(${name} PRIVATE QT_NO_KEYWORDS)
     target_link_libraries(${name} PRIVATE ui_test_support zelmar::common_ui_qt ${arg_LIBRARIES})
     common_ui_qt_set_warnings(${name})
+    common_ui_qt_reuse_precompiled_headers(${name} ui_driver)
     # Qt 5's QSKIP omits a variadic macro argument, about which clang warns.
     target_compile_options(${name} PRIVATE $<$<CXX_COMPILER_ID:Clang>:-Wno-gnu-zero-variadic-macro-arguments>)
 
