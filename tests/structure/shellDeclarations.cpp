@@ -11,11 +11,11 @@
 #include <type_traits>
 
 namespace ours {
-#include "ui/qt/dialogs/windows/substitute/fileDialog.h"
-#include "ui/qt/dialogs/windows/substitute/objects.h"
-#include "ui/qt/dialogs/windows/substitute/results.h"
-#include "ui/qt/dialogs/windows/substitute/shellItems.h"
-#include "ui/qt/dialogs/windows/substitute/types.h"
+#include "ui/qt/dialogs/windows/shell/fileDialog.h"
+#include "ui/qt/dialogs/windows/shell/objects.h"
+#include "ui/qt/dialogs/windows/shell/results.h"
+#include "ui/qt/dialogs/windows/shell/shellItems.h"
+#include "ui/qt/dialogs/windows/shell/types.h"
 } // namespace ours
 
 // clang-format off

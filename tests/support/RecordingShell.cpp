@@ -1,10 +1,12 @@
 #include "RecordingShell.h"
 
-#include "ui/qt/dialogs/windows/fileSystemPath_p.h"
+#include "ui/qt/dialogs/windows/com/CoTaskMemString_p.h"
+#include "ui/qt/dialogs/windows/com/RefCounted_p.h"
+#include "ui/qt/dialogs/windows/com/fileSystemPath_p.h"
 
 #include <QDir>
 
-#include <cstring>
+using namespace zelmar::internal;
 
 namespace {
 
@@ -13,22 +15,9 @@ QString pathOf(IShellItem* item)
     return QDir::fromNativeSeparators(fileSystemPath(item).value_or(QStringLiteral("nothing")));
 }
 
-LPWSTR taskText(const QString& text)
-{
-    const std::wstring wide = text.toStdWString();
-    auto* copy = static_cast<LPWSTR>(CoTaskMemAlloc((wide.size() + 1) * sizeof(wchar_t)));
-    std::memcpy(copy, wide.c_str(), (wide.size() + 1) * sizeof(wchar_t));
-    return copy;
-}
-
-QString text(LPCWSTR wide)
-{
-    return QString::fromWCharArray(wide);
-}
-
-/// A base class that counts the existing objects and the references to each.
+/// A base class that counts the existing objects.
 template <typename... Interfaces>
-class Counted : public Interfaces...
+class Counted : public RefCounted<Interfaces...>
 {
 public:
     explicit Counted(RecordingShell& shell)
@@ -36,20 +25,10 @@ public:
     {
         ++m_shell.liveObjects;
     }
-    Counted(const Counted&) = delete;
-    Counted& operator=(const Counted&) = delete;
-    virtual ~Counted() { --m_shell.liveObjects; }
-
-    ULONG STDMETHODCALLTYPE AddRef() final { return ++m_references; }
-    ULONG STDMETHODCALLTYPE Release() final
-    {
-        const ULONG left = --m_references;
-        if (left == 0)
-            delete this;
-        return left;
-    }
 
 protected:
+    ~Counted() override { --m_shell.liveObjects; }
+
     template <typename Interface>
     HRESULT answer(Interface* found, void** object)
     {
@@ -62,9 +41,6 @@ protected:
     }
 
     RecordingShell& m_shell;
-
-private:
-    ULONG m_references = 1;
 };
 
 class RecordingItem : public Counted<IShellItem>
@@ -84,7 +60,7 @@ public:
         *name = nullptr;
         const HRESULT result = m_shell.step(kind == SIGDN_FILESYSPATH ? "GetDisplayName" : "GetDisplayName of a kind");
         if (SUCCEEDED(result))
-            *name = taskText(m_path);
+            *name = makeCoTaskMemString(m_path).release();
         return result;
     }
     HRESULT STDMETHODCALLTYPE GetAttributes(SFGAOF, SFGAOF*) override { return E_NOTIMPL; }
@@ -165,7 +141,7 @@ public:
     {
         QString call = QStringLiteral("SetFileTypes");
         for (UINT i = 0; i < count; ++i)
-            call += QStringLiteral(" [%1|%2]").arg(text(types[i].pszName), text(types[i].pszSpec));
+            call += QStringLiteral(" [%1|%2]").arg(textOf(types[i].pszName), textOf(types[i].pszSpec));
         return m_shell.step(call);
     }
     HRESULT STDMETHODCALLTYPE SetFileTypeIndex(UINT index) override
@@ -221,16 +197,16 @@ public:
         return result;
     }
     HRESULT STDMETHODCALLTYPE GetCurrentSelection(IShellItem**) override { return unexpected("GetCurrentSelection"); }
-    HRESULT STDMETHODCALLTYPE SetFileName(LPCWSTR name) override { return m_shell.step("SetFileName " + text(name)); }
+    HRESULT STDMETHODCALLTYPE SetFileName(LPCWSTR name) override { return m_shell.step("SetFileName " + textOf(name)); }
     HRESULT STDMETHODCALLTYPE GetFileName(LPWSTR* name) override
     {
         *name = nullptr;
         const HRESULT result = m_shell.fileName.isNull() ? E_FAIL : m_shell.step("GetFileName");
         if (SUCCEEDED(result))
-            *name = taskText(m_shell.fileName);
+            *name = makeCoTaskMemString(m_shell.fileName).release();
         return result;
     }
-    HRESULT STDMETHODCALLTYPE SetTitle(LPCWSTR title) override { return m_shell.step("SetTitle " + text(title)); }
+    HRESULT STDMETHODCALLTYPE SetTitle(LPCWSTR title) override { return m_shell.step("SetTitle " + textOf(title)); }
     HRESULT STDMETHODCALLTYPE SetOkButtonLabel(LPCWSTR) override { return unexpected("SetOkButtonLabel"); }
     HRESULT STDMETHODCALLTYPE SetFileNameLabel(LPCWSTR) override { return unexpected("SetFileNameLabel"); }
     HRESULT STDMETHODCALLTYPE GetResult(IShellItem** item) override
@@ -268,14 +244,14 @@ public:
     HRESULT STDMETHODCALLTYPE AddMenu(DWORD, LPCWSTR) override { return unexpected("AddMenu"); }
     HRESULT STDMETHODCALLTYPE AddPushButton(DWORD control, LPCWSTR label) override
     {
-        return addState(control, 0, QStringLiteral("AddPushButton %1 %2").arg(control).arg(text(label)));
+        return addState(control, 0, QStringLiteral("AddPushButton %1 %2").arg(control).arg(textOf(label)));
     }
     HRESULT STDMETHODCALLTYPE AddComboBox(DWORD) override { return unexpected("AddComboBox"); }
     HRESULT STDMETHODCALLTYPE AddRadioButtonList(DWORD) override { return unexpected("AddRadioButtonList"); }
     HRESULT STDMETHODCALLTYPE AddCheckButton(DWORD control, LPCWSTR label, BOOL checked) override
     {
         return addState(control, 0,
-                        QStringLiteral("AddCheckButton %1 %2 %3").arg(control).arg(text(label)).arg(checked));
+                        QStringLiteral("AddCheckButton %1 %2 %3").arg(control).arg(textOf(label)).arg(checked));
     }
     HRESULT STDMETHODCALLTYPE AddEditBox(DWORD, LPCWSTR) override { return unexpected("AddEditBox"); }
     HRESULT STDMETHODCALLTYPE AddSeparator(DWORD) override { return unexpected("AddSeparator"); }
@@ -296,7 +272,7 @@ public:
     HRESULT STDMETHODCALLTYPE AddControlItem(DWORD control, DWORD item, LPCWSTR label) override
     {
         return addState(control, item,
-                        QStringLiteral("AddControlItem %1 %2 %3").arg(control).arg(item).arg(text(label)));
+                        QStringLiteral("AddControlItem %1 %2 %3").arg(control).arg(item).arg(textOf(label)));
     }
     HRESULT STDMETHODCALLTYPE RemoveControlItem(DWORD control, DWORD item) override
     {
@@ -412,7 +388,7 @@ HRESULT RecordingShell::step(const QString& call)
     return ++steps == failAt ? failure : S_OK;
 }
 
-ComPointer<IFileDialogControlEvents> RecordingShell::controlEvents() const
+ComPtr<IFileDialogControlEvents> RecordingShell::controlEvents() const
 {
     return queryFor<IFileDialogControlEvents>(IID_IFileDialogControlEvents, events.get());
 }

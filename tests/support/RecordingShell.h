@@ -1,6 +1,7 @@
 #pragma once
 
 #include "RegisteredClass.h"
+#include "ui/qt/dialogs/windows/com/ComPtr_p.h"
 
 #include <QString>
 #include <QStringList>
@@ -61,11 +62,11 @@ public:
     /// Option bits that only the system sets.
     static constexpr FILEOPENDIALOGOPTIONS systemOptions = 0x10000040;
 
-    IFileDialog* dialog = nullptr;        ///< the dialog that was created last, while it exists
-    ComPointer<IFileDialogEvents> events; ///< the advised event sink, or null
+    IFileDialog* dialog = nullptr;                      ///< the dialog that was created last, while it exists
+    zelmar::internal::ComPtr<IFileDialogEvents> events; ///< the advised event sink, or null
 
     /// Returns the interface of the event sink for control events.
-    ComPointer<IFileDialogControlEvents> controlEvents() const;
+    zelmar::internal::ComPtr<IFileDialogControlEvents> controlEvents() const;
 
 private:
     std::unique_ptr<RegisteredClass> makeClass(REFCLSID classId);

@@ -32,6 +32,7 @@
 
 using zelmar::ApplicationSettings;
 using zelmar::HelpLauncher;
+using zelmar::internal::ComPtr;
 
 namespace {
 
@@ -824,13 +825,13 @@ void tst_DialogLifetime::sinkOutlivesItsDialog()
     RecordingShell shell;
     shell.folder = m_folders->path();
     shell.fileName = "name.dat";
-    ComPointer<IFileDialogEvents> kept;
-    ComPointer<IFileDialogControlEvents> keptControls;
-    ComPointer<IFileDialog> keptDialog;
+    ComPtr<IFileDialogEvents> kept;
+    ComPtr<IFileDialogControlEvents> keptControls;
+    ComPtr<IFileDialog> keptDialog;
     shell.onShow = [&] {
         kept = shell.events;
         keptControls = shell.controlEvents();
-        keptDialog = ComPointer<IFileDialog>(shell.dialog);
+        keptDialog = ComPtr<IFileDialog>(shell.dialog);
     };
     int clicks = 0;
     auto checked = boost::make_shared<zelmar::Property<bool>>(false);

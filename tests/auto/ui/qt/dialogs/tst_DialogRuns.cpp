@@ -477,7 +477,7 @@ void tst_DialogRuns::cursorsInEachRun()
     }
 }
 
-// The native dialog over the substitute dialog object
+// The native dialog over the built-in dialog object
 
 #define SKIP_WITHOUT_BUILT_IN_DIALOG()                                                                                 \
     if (systemLimits::nativeDialogIsTheSystems)                                                                        \

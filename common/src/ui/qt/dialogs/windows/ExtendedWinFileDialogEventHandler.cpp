@@ -2,12 +2,15 @@
 
 #include "platform/utf8ToWideString.h"
 #include "ui/qt/dialogs/rules/nativeFilters_p.h"
-#include "ui/qt/dialogs/windows/fileSystemPath_p.h"
+#include "ui/qt/dialogs/windows/com/CoTaskMemString_p.h"
+#include "ui/qt/dialogs/windows/com/fileSystemPath_p.h"
 
 #include <new>
 
+using namespace zelmar::internal;
+
 HRESULT ExtendedWinFileDialog::Impl::ExtendedWinFileDialogEventHandler::create(Impl& owner,
-                                                                               ComPointer<IFileDialogEvents>& events)
+                                                                               ComPtr<IFileDialogEvents>& events)
 {
     const auto handler =
         adopt(static_cast<IFileDialogEvents*>(new (std::nothrow) ExtendedWinFileDialogEventHandler(owner)));
@@ -28,41 +31,12 @@ ExtendedWinFileDialog::Impl::ExtendedWinFileDialogEventHandler::ExtendedWinFileD
 {
 }
 
-ExtendedWinFileDialog::Impl::ExtendedWinFileDialogEventHandler::~ExtendedWinFileDialogEventHandler() = default;
-
 HRESULT ExtendedWinFileDialog::Impl::ExtendedWinFileDialogEventHandler::QueryInterface(REFIID iid, void** object)
 {
-    const auto offset = reinterpret_cast<char*>(static_cast<IFileDialogControlEvents*>(this))
-                        - reinterpret_cast<char*>(static_cast<IFileDialogEvents*>(this));
-    // dwOffset is an int in older SDKs and a DWORD in newer ones.
-    const QITAB table[] = {{&IID_IFileDialogEvents, 0},
-                           {&IID_IFileDialogControlEvents, static_cast<decltype(QITAB::dwOffset)>(offset)},
+    const QITAB table[] = {{&IID_IFileDialogEvents, offsetOf<IFileDialogEvents>(this)},
+                           {&IID_IFileDialogControlEvents, offsetOf<IFileDialogControlEvents>(this)},
                            {nullptr, 0}};
-    return QISearch(static_cast<IFileDialogEvents*>(this), table, iid, object);
-}
-
-ULONG ExtendedWinFileDialog::Impl::ExtendedWinFileDialogEventHandler::AddRef()
-{
-    return static_cast<ULONG>(++m_refCount);
-}
-
-ULONG ExtendedWinFileDialog::Impl::ExtendedWinFileDialogEventHandler::Release()
-{
-    const LONG left = --m_refCount;
-    if (left == 0)
-        delete this;
-    return static_cast<ULONG>(left);
-}
-
-HRESULT ExtendedWinFileDialog::Impl::ExtendedWinFileDialogEventHandler::OnFileOk(IFileDialog* /*dialog*/)
-{
-    return E_NOTIMPL;
-}
-
-HRESULT ExtendedWinFileDialog::Impl::ExtendedWinFileDialogEventHandler::OnFolderChanging(IFileDialog* /*dialog*/,
-                                                                                         IShellItem* /*folder*/)
-{
-    return E_NOTIMPL;
+    return QISearch(this, table, iid, object);
 }
 
 HRESULT ExtendedWinFileDialog::Impl::ExtendedWinFileDialogEventHandler::OnFolderChange(IFileDialog* dialog)
@@ -72,21 +46,10 @@ HRESULT ExtendedWinFileDialog::Impl::ExtendedWinFileDialogEventHandler::OnFolder
     const auto directory = m_owner->m_directory; // outlives an owner that an observer deletes
     IShellItem* folder = nullptr;
     dialog->GetFolder(&folder);
-    const ComPointer<IShellItem> reference = adopt(folder);
+    const ComPtr<IShellItem> reference = adopt(folder);
     if (const auto path = fileSystemPath(folder))
         directory->setValue(path->toStdString());
     return S_OK;
-}
-
-HRESULT ExtendedWinFileDialog::Impl::ExtendedWinFileDialogEventHandler::OnSelectionChange(IFileDialog* /*dialog*/)
-{
-    return E_NOTIMPL;
-}
-
-HRESULT ExtendedWinFileDialog::Impl::ExtendedWinFileDialogEventHandler::OnShareViolation(
-    IFileDialog* /*dialog*/, IShellItem* /*item*/, FDE_SHAREVIOLATION_RESPONSE* /*response*/)
-{
-    return E_NOTIMPL;
 }
 
 HRESULT ExtendedWinFileDialog::Impl::ExtendedWinFileDialogEventHandler::OnTypeChange(IFileDialog* dialog)
@@ -108,27 +71,13 @@ void ExtendedWinFileDialog::Impl::ExtendedWinFileDialogEventHandler::replaceExte
 {
     LPWSTR name = nullptr;
     const HRESULT read = dialog.GetFileName(&name);
-    const TaskText owner(name);
+    const CoTaskMemString owner(name);
     const int type = m_owner->m_currentFilterIndex->value() - 1;
     if (FAILED(read) || !name || !*name || type < 0 || type >= m_owner->m_nameFilters.size())
         return;
     const std::string renamed =
         withExtensionOfFilter(QString::fromWCharArray(name).toStdString(), m_owner->m_nameFilters.at(type));
     dialog.SetFileName(zelmar::utf8ToWideString(renamed).c_str());
-}
-
-/// Leaves the decision to the dialog's own question about overwriting.
-HRESULT ExtendedWinFileDialog::Impl::ExtendedWinFileDialogEventHandler::OnOverwrite(
-    IFileDialog* /*dialog*/, IShellItem* /*item*/, FDE_OVERWRITE_RESPONSE* /*response*/)
-{
-    return E_NOTIMPL;
-}
-
-HRESULT ExtendedWinFileDialog::Impl::ExtendedWinFileDialogEventHandler::OnItemSelected(IFileDialogCustomize* /*dialog*/,
-                                                                                       DWORD /*control*/,
-                                                                                       DWORD /*item*/)
-{
-    return E_NOTIMPL;
 }
 
 HRESULT
@@ -157,11 +106,4 @@ ExtendedWinFileDialog::Impl::ExtendedWinFileDialogEventHandler::OnCheckButtonTog
         property->setValue(checked == TRUE);
     }
     return S_OK;
-}
-
-HRESULT
-ExtendedWinFileDialog::Impl::ExtendedWinFileDialogEventHandler::OnControlActivating(IFileDialogCustomize* /*dialog*/,
-                                                                                    DWORD /*control*/)
-{
-    return E_NOTIMPL;
 }

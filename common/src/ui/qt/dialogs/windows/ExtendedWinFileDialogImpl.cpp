@@ -6,13 +6,14 @@
 #include "ui/qt/dialogs/windows/ExtendedWinFileDialogEventHandler_p.h"
 #include "ui/qt/dialogs/windows/ExtendedWinFileDialogRun_p.h"
 #include "ui/qt/dialogs/windows/FakeWidget_p.h"
-#include "ui/qt/dialogs/windows/fileSystemPath_p.h"
+#include "ui/qt/dialogs/windows/com/fileSystemPath_p.h"
 #include "ui/qt/dialogs/windows/nativeRequest_p.h"
 
 #include <QWidget>
 
 #include <utility>
 
+using namespace zelmar::internal;
 using zelmar::utf8ToWideString;
 
 namespace {
@@ -169,7 +170,7 @@ QString ExtendedWinFileDialog::Impl::selectedNameFilter() const
     return m_nameFilters.value(m_currentFilterIndex->value() - 1);
 }
 
-ComPointer<IFileDialogCustomize> ExtendedWinFileDialog::Impl::customize() const
+ComPtr<IFileDialogCustomize> ExtendedWinFileDialog::Impl::customize() const
 {
     return queryFor<IFileDialogCustomize>(IID_IFileDialogCustomize, m_dialog.get());
 }

@@ -2,7 +2,7 @@
 
 #include "property/Property.h"
 #include "ui/qt/dialogs/windows/ExtendedWinFileDialog.h"
-#include "ui/qt/dialogs/windows/comPointers_p.h"
+#include "ui/qt/dialogs/windows/com/ComPtr_p.h"
 
 #include <QPointer>
 
@@ -39,7 +39,7 @@ public:
     void cancelRun();
 
     // The order matters, because members are destroyed from the last to the first.
-    ComPointer<IFileDialog> m_dialog;
+    zelmar::internal::ComPtr<IFileDialog> m_dialog;
     const QPointer<QWidget> m_parent; // null without a parent, and once it has been destroyed
     const std::string m_caption;
     const boost::shared_ptr<zelmar::Property<std::string>> m_directory;
@@ -67,7 +67,7 @@ public:
 private:
     enum class Prominence { Ordinary, Prominent };
 
-    ComPointer<IFileDialogCustomize> customize() const;
+    zelmar::internal::ComPtr<IFileDialogCustomize> customize() const;
     QWidget* addButton(const std::string& label, boost::function<void()> onClick, Prominence prominence);
     QWidget* keep(std::vector<std::unique_ptr<FakeWidget>>& handles, std::unique_ptr<FakeWidget> handle);
 

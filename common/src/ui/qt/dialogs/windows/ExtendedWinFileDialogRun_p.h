@@ -39,8 +39,8 @@ private:
 
     const Apartment m_apartment; // declared first, so that it is left last
     Impl* m_owner;
-    const ComPointer<IFileDialog> m_dialog;
-    ComPointer<IFileDialogEvents> m_events;
+    const zelmar::internal::ComPtr<IFileDialog> m_dialog;
+    zelmar::internal::ComPtr<IFileDialogEvents> m_events;
     DWORD m_cookie = 0;
     bool m_subscribed = false;
     bool m_cancelled = false;

@@ -5,6 +5,8 @@
 #include <QHideEvent>
 #include <QShowEvent>
 
+using namespace zelmar::internal;
+
 static_assert(int(CDCS_ENABLED) == 1 && int(CDCS_VISIBLE) == 2, "one set of bits serves controls and menu items");
 
 ExtendedWinFileDialog::Impl::FakeWidget::FakeWidget(IFileDialog* dialog, Kind kind, DWORD controlId, DWORD itemId)

@@ -4,8 +4,9 @@
 
 #include <QWidget>
 
-/// A handle for a control of the native dialog. Showing, hiding, enabling or disabling the handle does the same to the
-/// control. The handle is a QWidget for the caller's convenience only and never gets a window.
+/// The handle of a control of the native dialog; a QWidget that never gets a window.
+///
+/// Showing, hiding, enabling or disabling the handle does the same to the control.
 class ExtendedWinFileDialog::Impl::FakeWidget : public QWidget
 {
 public:

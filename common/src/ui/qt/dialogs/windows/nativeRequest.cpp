@@ -9,7 +9,7 @@
 
 #include <algorithm>
 
-using zelmar::utf8ToWideString;
+namespace zelmar::internal {
 
 FILEOPENDIALOGOPTIONS nativeOptions(FILEOPENDIALOGOPTIONS options, QFileDialog::FileMode mode, bool confirmOverwrite)
 {
@@ -64,3 +64,5 @@ std::vector<COMDLG_FILTERSPEC> NativeFileTypes::specs() const
         specs.push_back({type.first.c_str(), type.second.c_str()});
     return specs;
 }
+
+} // namespace zelmar::internal

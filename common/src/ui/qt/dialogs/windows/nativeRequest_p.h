@@ -11,6 +11,8 @@
 #include <utility>
 #include <vector>
 
+namespace zelmar::internal {
+
 // Pure functions that translate a request into the terms of the native dialog.
 
 /// Returns `options` with the bits for folders, existing files, several files and the overwrite question set or
@@ -43,3 +45,5 @@ public:
 private:
     std::vector<std::pair<std::wstring, std::wstring>> m_types;
 };
+
+} // namespace zelmar::internal

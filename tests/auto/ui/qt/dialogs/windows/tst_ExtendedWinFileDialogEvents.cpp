@@ -10,6 +10,8 @@
 #include <memory>
 #include <stdexcept>
 
+using namespace zelmar::internal;
+
 namespace {
 
 const auto nothing = [] {};
@@ -147,7 +149,7 @@ void tst_ExtendedWinFileDialogEvents::livesAsLongAsTheDialogHoldsIt()
     });
     QCOMPARE(references, ULONG(2)); // the dialog's, and the one that exec() holds until it unadvises
     IFileDialogEvents* first = nullptr;
-    ComPointer<IFileDialogEvents> kept;
+    ComPtr<IFileDialogEvents> kept;
     run(*dialog, [&] { kept = m_shell->events; });
     first = kept.get();
     run(*dialog, [&] { QVERIFY(m_shell->events.get() != first); }); // each exec() creates a new handler

@@ -6,6 +6,8 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+using namespace zelmar::internal;
+
 Q_DECLARE_METATYPE(QFileDialog::FileMode)
 
 class tst_nativeRequest : public QObject

@@ -1,6 +1,6 @@
 #include "TestHome.h"
-#include "ui/qt/dialogs/windows/comPointers_p.h"
-#include "ui/qt/dialogs/windows/fileSystemPath_p.h"
+#include "ui/qt/dialogs/windows/com/ComPtr_p.h"
+#include "ui/qt/dialogs/windows/com/fileSystemPath_p.h"
 #include "ui/qt/dialogs/windows/shellapi.h"
 
 #include <QDir>
@@ -9,9 +9,11 @@
 
 #include <memory>
 
+using namespace zelmar::internal;
+
 namespace {
 
-ComPointer<IShellItem> itemAt(const QString& path)
+ComPtr<IShellItem> itemAt(const QString& path)
 {
     void* item = nullptr;
     if (FAILED(SHCreateItemFromParsingName(path.toStdWString().c_str(), nullptr, IID_IShellItem, &item)))
@@ -92,7 +94,7 @@ void tst_shellItems::readsPathsBack()
     QFETCH(QString, name);
     const QString path = m_folder->path() + name;
     for (const QString& form : formsOf(path)) {
-        const ComPointer<IShellItem> item = itemAt(form);
+        const ComPtr<IShellItem> item = itemAt(form);
         QVERIFY2(item, qPrintable(form));
         QCOMPARE(pathOf(*item), path);
     }
@@ -117,7 +119,7 @@ void tst_shellItems::refusesWhatIsNoPath()
 
 void tst_shellItems::knowsItsFolder()
 {
-    const ComPointer<IShellItem> item = itemAt(withBackslashes(m_folder->path()) + "\\outer\\inner");
+    const ComPtr<IShellItem> item = itemAt(withBackslashes(m_folder->path()) + "\\outer\\inner");
     QVERIFY(item);
     IShellItem* parent = nullptr;
     QCOMPARE(item->GetParent(&parent), S_OK);
@@ -126,9 +128,9 @@ void tst_shellItems::knowsItsFolder()
 
 void tst_shellItems::comparesItems()
 {
-    const ComPointer<IShellItem> inner = itemAt(withBackslashes(m_folder->path()) + "\\outer\\inner");
-    const ComPointer<IShellItem> same = itemAt(formsOf(m_folder->path() + "/outer/inner").last());
-    const ComPointer<IShellItem> other = itemAt(withBackslashes(m_folder->path()) + "\\plain");
+    const ComPtr<IShellItem> inner = itemAt(withBackslashes(m_folder->path()) + "\\outer\\inner");
+    const ComPtr<IShellItem> same = itemAt(formsOf(m_folder->path() + "/outer/inner").last());
+    const ComPtr<IShellItem> other = itemAt(withBackslashes(m_folder->path()) + "\\plain");
     int order = 1;
     QCOMPARE(inner->Compare(same.get(), 0, &order), S_OK);
     QCOMPARE(order, 0);
@@ -138,7 +140,7 @@ void tst_shellItems::comparesItems()
 
 void tst_shellItems::isAShellItemOnly()
 {
-    const ComPointer<IShellItem> item = itemAt(withBackslashes(m_folder->path()));
+    const ComPtr<IShellItem> item = itemAt(withBackslashes(m_folder->path()));
     QVERIFY(queryFor<IUnknown>(IID_IUnknown, item.get()));
     QVERIFY(!queryFor<IFileDialog>(IID_IFileDialog, item.get()));
 }

@@ -1,10 +1,11 @@
 #include "TestHome.h"
-#include "ui/qt/dialogs/windows/comPointers_p.h"
-#include "ui/qt/dialogs/windows/shellapi.h"
+#include "ui/qt/dialogs/windows/com/RefCounted_p.h"
 
 #include <QtTest>
 
 #include <thread>
+
+using namespace zelmar::internal;
 
 namespace {
 
@@ -14,22 +15,19 @@ constexpr DWORD singleThreaded = COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1D
 constexpr CLSID testClass = {0x6d2f0a11, 0x4c3b, 0x4e0b, {0x9f, 0x53, 0x0b, 0x8a, 0x1d, 0x1c, 0x7e, 0x01}};
 
 /// A class object that creates nothing and returns the given result.
-class SilentFactory : public IClassFactory
+class SilentFactory : public RefCounted<IClassFactory>
 {
 public:
     explicit SilentFactory(HRESULT answer)
         : m_answer(answer)
     {
     }
-    virtual ~SilentFactory() = default;
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override
     {
         const QITAB table[] = {{&IID_IClassFactory, 0}, {nullptr, 0}};
         return QISearch(static_cast<IClassFactory*>(this), table, iid, object);
     }
-    ULONG STDMETHODCALLTYPE AddRef() override { return ++references; }
-    ULONG STDMETHODCALLTYPE Release() override { return --references; }
     HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown* outer, REFIID iid, void** object) override
     {
         ++asked;
@@ -38,7 +36,13 @@ public:
     }
     HRESULT STDMETHODCALLTYPE LockServer(BOOL) override { return E_NOTIMPL; }
 
-    ULONG references = 1;
+    /// Returns the number of references. The tests create the object on the stack, with one reference that stays.
+    ULONG references()
+    {
+        AddRef();
+        return Release();
+    }
+
     int asked = 0;
     bool askedForFileDialog = false;
 
@@ -194,10 +198,10 @@ void tst_shellObjects::holdsAClassObjectWhileItIsRegistered()
     DWORD cookie = 0;
     QCOMPARE(CoInitializeEx(nullptr, singleThreaded), S_OK);
     QCOMPARE(CoRegisterClassObject(testClass, &factory, CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, &cookie), S_OK);
-    QVERIFY(factory.references > 1);
+    QVERIFY(factory.references() > 1);
     create(testClass);
     QCOMPARE(CoRevokeClassObject(cookie), S_OK);
-    QCOMPARE(factory.references, ULONG(1));
+    QCOMPARE(factory.references(), ULONG(1));
     QVERIFY(FAILED(CoRevokeClassObject(cookie)));
     QCOMPARE(create(testClass), REGDB_E_CLASSNOTREG);
     CoUninitialize();
@@ -210,7 +214,7 @@ void tst_shellObjects::refusesWhatItCannotRegister()
     QCOMPARE(CoInitializeEx(nullptr, singleThreaded), S_OK);
     QVERIFY(FAILED(CoRegisterClassObject(testClass, nullptr, CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, &cookie)));
     QVERIFY(FAILED(CoRegisterClassObject(testClass, &factory, CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, nullptr)));
-    QCOMPARE(factory.references, ULONG(1));
+    QCOMPARE(factory.references(), ULONG(1));
     CoUninitialize();
 }
 
@@ -230,13 +234,13 @@ void tst_shellObjects::findsInterfacesByTable()
     void* found = nullptr;
     QCOMPARE(QISearch(&pair.first, table, IID_IFileDialogControlEvents, &found), S_OK);
     QCOMPARE(found, static_cast<void*>(&pair.second));
-    QCOMPARE(pair.second.references, ULONG(2));
-    QCOMPARE(pair.first.references, ULONG(1));
+    QCOMPARE(pair.second.references(), ULONG(2));
+    QCOMPARE(pair.first.references(), ULONG(1));
 
     QCOMPARE(QISearch(&pair.first, table, IID_IFileDialog, &found), E_NOINTERFACE);
     QVERIFY(!found);
     QCOMPARE(QISearch(&pair.first, table, IID_IFileDialogEvents, nullptr), E_POINTER);
-    QCOMPARE(pair.first.references, ULONG(1));
+    QCOMPARE(pair.first.references(), ULONG(1));
 }
 
 void tst_shellObjects::answersForIUnknownWithTheFirstInterface()
@@ -245,7 +249,7 @@ void tst_shellObjects::answersForIUnknownWithTheFirstInterface()
     void* found = nullptr;
     QCOMPARE(object.QueryInterface(IID_IUnknown, &found), S_OK);
     QCOMPARE(found, static_cast<void*>(static_cast<IClassFactory*>(&object)));
-    QCOMPARE(object.references, ULONG(2));
+    QCOMPARE(object.references(), ULONG(2));
 }
 
 void tst_shellObjects::freesTaskMemory()

@@ -1,24 +1,25 @@
 #include "ObservedShell.h"
 
-#include "ui/qt/dialogs/windows/fileSystemPath_p.h"
+#include "ui/qt/dialogs/windows/com/RefCounted_p.h"
+#include "ui/qt/dialogs/windows/com/fileSystemPath_p.h"
 
 #include <QDir>
 
-/// A front object that forwards every call to the system's dialog. It keeps its own reference count and records
+using namespace zelmar::internal;
+
+/// A front object that forwards every call to the system's dialog. It has its own reference count and records
 /// cookies.
-class ObservedShell::Front : public IFileOpenDialog
+class ObservedShell::Front : public RefCounted<IFileOpenDialog>
 {
 public:
-    Front(ObservedShell& shell, ComPointer<IFileDialog> dialog)
+    Front(ObservedShell& shell, ComPtr<IFileDialog> dialog)
         : m_shell(shell)
         , m_dialog(dialog.detach())
     {
         ++m_shell.made;
         m_shell.m_dialog = this;
     }
-    Front(const Front&) = delete;
-    Front& operator=(const Front&) = delete;
-    virtual ~Front()
+    ~Front() override
     {
         ++m_shell.gone;
         m_shell.m_dialog = nullptr;
@@ -35,14 +36,6 @@ public:
         AddRef();
         *object = static_cast<IFileOpenDialog*>(this);
         return S_OK;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override { return ++m_references; }
-    ULONG STDMETHODCALLTYPE Release() override
-    {
-        const ULONG left = --m_references;
-        if (left == 0)
-            delete this;
-        return left;
     }
 
     HRESULT STDMETHODCALLTYPE Advise(IFileDialogEvents* events, DWORD* cookie) override
@@ -107,11 +100,10 @@ public:
     }
 
 private:
-    ComPointer<IFileOpenDialog> openDialog() const { return queryFor<IFileOpenDialog>(IID_IFileOpenDialog, m_dialog); }
+    ComPtr<IFileOpenDialog> openDialog() const { return queryFor<IFileOpenDialog>(IID_IFileOpenDialog, m_dialog); }
 
     ObservedShell& m_shell;
     IFileDialog* const m_dialog; // holds one reference, which the destructor releases and checks
-    ULONG m_references = 1;
 };
 
 ObservedShell::ObservedShell()
@@ -168,7 +160,7 @@ ULONG ObservedShell::references() const
 ULONG ObservedShell::releaseAdvised()
 {
     ULONG left = 0;
-    for (ComPointer<IFileDialogEvents>& events : m_advised)
+    for (ComPtr<IFileDialogEvents>& events : m_advised)
         left += events.detach()->Release();
     m_advised.clear();
     return left;

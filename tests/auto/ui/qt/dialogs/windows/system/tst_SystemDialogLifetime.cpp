@@ -11,6 +11,8 @@
 
 #include <memory>
 
+using namespace zelmar::internal;
+
 namespace {
 
 const auto nothing = [] {};
@@ -141,7 +143,7 @@ void tst_SystemDialogLifetime::givesReferencesBack()
 void tst_SystemDialogLifetime::givesReferencesBackAfterOthersLookedIn()
 {
     auto dialog = makeDialog();
-    ComPointer<IFileDialog> front = m_shell->dialog();
+    ComPtr<IFileDialog> front = m_shell->dialog();
     auto behind = queryFor<IFileDialogCustomize>(IID_IFileDialogCustomize, m_shell->dialog());
     QVERIFY(behind);
     QCOMPARE(m_shell->references(), ULONG(2));

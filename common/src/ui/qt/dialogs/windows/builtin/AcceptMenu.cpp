@@ -1,0 +1,167 @@
+#include "ui/qt/dialogs/windows/builtin/AcceptMenu_p.h"
+
+#include <QKeyEvent>
+#include <QMenu>
+#include <QPainter>
+#include <QPushButton>
+#include <QStyleOption>
+#include <QStyleOptionFocusRect>
+#include <QToolButton>
+
+#include <algorithm>
+#include <utility>
+
+namespace zelmar::internal {
+
+namespace {
+
+/// A tool button that draws an arrow and a separating line instead of a frame, because it lies on another button.
+class Arrow : public QToolButton
+{
+public:
+    explicit Arrow(QWidget* button)
+        : QToolButton(button)
+    {
+        setObjectName(QStringLiteral("acceptMenuArrow"));
+        setPopupMode(QToolButton::InstantPopup);
+        setFocusPolicy(Qt::StrongFocus);
+        setCursor(Qt::ArrowCursor);
+    }
+
+    int widthOnButton() const { return style()->pixelMetric(QStyle::PM_MenuButtonIndicator, nullptr, this) + 8; }
+
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override
+    {
+        QPainter painter(this);
+        if (isEnabled() && (underMouse() || isDown()))
+            painter.fillRect(rect().adjusted(2, 2, -2, -2), shade(isDown() ? 40 : 20));
+        const int x = layoutDirection() == Qt::LeftToRight ? 0 : width() - 1;
+        painter.fillRect(x, 3, 1, height() - 6, shade(70));
+
+        QStyleOption arrow;
+        arrow.initFrom(this);
+        const int side = std::min({width(), height(), widthOnButton()}) / 2;
+        arrow.rect = QStyle::alignedRect(layoutDirection(), Qt::AlignCenter, QSize(side, side), rect());
+        style()->drawPrimitive(QStyle::PE_IndicatorArrowDown, &arrow, &painter, this);
+        if (hasFocus())
+            drawFocus(painter);
+    }
+
+private:
+    QColor shade(int alpha) const
+    {
+        QColor color = palette().color(QPalette::ButtonText);
+        color.setAlpha(alpha);
+        return color;
+    }
+
+    void drawFocus(QPainter& painter)
+    {
+        QStyleOptionFocusRect option;
+        option.initFrom(this);
+        option.rect = rect().adjusted(3, 3, -3, -3);
+        option.backgroundColor = palette().color(QPalette::Button);
+        style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, this);
+    }
+};
+
+} // namespace
+
+AcceptMenu::AcceptMenu(QPushButton& button, const QString& name, std::function<void(DWORD)> picked)
+    : QObject(&button)
+    , m_button(button)
+    , m_arrow(new Arrow(&button))
+    , m_menu(new QMenu(m_arrow))
+    , m_icon(button.icon())
+    , m_picked(std::move(picked))
+{
+    m_menu->setObjectName(QStringLiteral("acceptMenu"));
+    m_arrow->setMenu(m_menu);
+    m_arrow->setAccessibleName(name);
+    m_arrow->setToolTip(name);
+    m_arrow->hide();
+    m_button.installEventFilter(this);
+    m_arrow->installEventFilter(this);
+}
+
+void AcceptMenu::update(const Control* menu)
+{
+    m_menu->clear();
+    if (menu && isShown(menu->state)) {
+        for (const ControlItem& item : menu->items)
+            addItem(item);
+    }
+    m_needed = !m_menu->isEmpty();
+    m_arrow->setVisible(m_needed);
+    m_arrow->setEnabled(menu && isUsable(menu->state));
+    reserveRoom();
+    placeArrow();
+}
+
+void AcceptMenu::addItem(const ControlItem& item)
+{
+    if (!isShown(item.state))
+        return;
+    QAction* action = m_menu->addAction(item.text);
+    action->setEnabled(isUsable(item.state));
+    // Queued so that the menu closes first: the action may run for a long time or change the items.
+    const auto tell = [this, id = item.id] { m_picked(id); };
+    connect(action, &QAction::triggered, this,
+            [this, tell] { QMetaObject::invokeMethod(this, tell, Qt::QueuedConnection); });
+}
+
+void AcceptMenu::close()
+{
+    m_menu->close();
+}
+
+QWidget* AcceptMenu::arrow() const
+{
+    return m_arrow;
+}
+
+bool AcceptMenu::eventFilter(QObject* watched, QEvent* event)
+{
+    if (opensMenu(watched, *event)) {
+        m_arrow->showMenu();
+        return true;
+    }
+    if (watched == &m_button) {
+        const QEvent::Type type = event->type();
+        if (type == QEvent::StyleChange || type == QEvent::FontChange || type == QEvent::LayoutDirectionChange)
+            reserveRoom();
+        if (type == QEvent::Resize || type == QEvent::StyleChange || type == QEvent::LayoutDirectionChange)
+            placeArrow();
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+bool AcceptMenu::opensMenu(const QObject* watched, const QEvent& event) const
+{
+    if (event.type() != QEvent::KeyPress || !m_needed || !m_arrow->isEnabled())
+        return false;
+    const int key = static_cast<const QKeyEvent&>(event).key();
+    // Return opens the menu only from the arrow. On the button it accepts the dialog.
+    return key == Qt::Key_Down || (watched == m_arrow && (key == Qt::Key_Return || key == Qt::Key_Enter));
+}
+
+void AcceptMenu::placeArrow()
+{
+    const QRect inside = m_button.rect();
+    const int width = static_cast<Arrow*>(m_arrow)->widthOnButton();
+    const QRect trailing(inside.right() - width, inside.top() + 1, width, inside.height() - 2);
+    m_arrow->setGeometry(QStyle::visualRect(m_button.layoutDirection(), inside, trailing));
+}
+
+/// Makes the button wide enough for its label and the arrow. The label is centred, so the arrow's width is needed on
+/// both sides. In a right-to-left layout this holds only without an icon, beside which styles align the label.
+void AcceptMenu::reserveRoom()
+{
+    const bool iconInTheWay = m_needed && m_button.layoutDirection() == Qt::RightToLeft;
+    m_button.setIcon(iconInTheWay ? QIcon() : m_icon);
+    const int arrowWidth = static_cast<Arrow*>(m_arrow)->widthOnButton();
+    m_button.setMinimumWidth(m_needed ? m_button.sizeHint().width() + 2 * arrowWidth : 0);
+}
+
+} // namespace zelmar::internal

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "ui/qt/dialogs/windows/builtin/ControlModel_p.h"
+
+#include <QIcon>
+#include <QObject>
+#include <QString>
+
+#include <functional>
+
+class QMenu;
+class QPushButton;
+class QToolButton;
+
+namespace zelmar::internal {
+
+/// A menu with further ways to accept a dialog, opened by a narrow arrow at the trailing edge of its accept button. The
+/// Down key opens it from the button, too. The arrow is enabled whenever the button is.
+class AcceptMenu : public QObject
+{
+public:
+    /// Adds the arrow to `button`, which becomes the parent. `name` is the arrow's accessible name. Calls `picked` with
+    /// the id of the chosen item after the menu has closed.
+    AcceptMenu(QPushButton& button, const QString& name, std::function<void(DWORD)> picked);
+
+    /// Offers the items of `menu`. Hides the arrow when the menu is null, hidden, or has no visible item.
+    void update(const Control* menu);
+
+    void close();
+    QWidget* arrow() const;
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void addItem(const ControlItem& item);
+    bool opensMenu(const QObject* watched, const QEvent& event) const;
+    void placeArrow();
+    void reserveRoom();
+
+    QPushButton& m_button;
+    QToolButton* m_arrow;
+    QMenu* m_menu;
+    QIcon m_icon;
+    std::function<void(DWORD)> m_picked;
+    bool m_needed = false;
+};
+
+} // namespace zelmar::internal

@@ -1,0 +1,39 @@
+#include "ui/qt/dialogs/windows/builtin/EventSinks_p.h"
+
+namespace zelmar::internal {
+
+DWORD EventSinks::add(IFileDialogEvents& sink)
+{
+    m_sinks.emplace(++m_lastCookie, &sink);
+    return m_lastCookie;
+}
+
+bool EventSinks::remove(DWORD cookie)
+{
+    const auto entry = m_sinks.find(cookie);
+    if (entry == m_sinks.end())
+        return false;
+    const ComPtr<IFileDialogEvents> removed =
+        entry->second; // released last, because a sink's destructor may call this object
+    m_sinks.erase(entry);
+    return true;
+}
+
+void EventSinks::forEach(const std::function<void(IFileDialogEvents&)>& tell) const
+{
+    const auto sinks = m_sinks;
+    for (const auto& [cookie, sink] : sinks) {
+        if (m_sinks.count(cookie) != 0)
+            tell(*sink);
+    }
+}
+
+void EventSinks::forEachWithControls(const std::function<void(IFileDialogControlEvents&)>& tell) const
+{
+    forEach([&tell](IFileDialogEvents& sink) {
+        if (const auto controlEvents = queryFor<IFileDialogControlEvents>(IID_IFileDialogControlEvents, &sink))
+            tell(*controlEvents);
+    });
+}
+
+} // namespace zelmar::internal

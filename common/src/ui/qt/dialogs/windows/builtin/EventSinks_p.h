@@ -1,0 +1,32 @@
+#pragma once
+
+#include "internal_export_p.h"
+#include "ui/qt/dialogs/windows/com/ComPtr_p.h"
+
+#include <functional>
+#include <map>
+
+namespace zelmar::internal {
+
+/// A list of the event sinks of a dialog. Holds a reference to each sink until remove() or its own destruction.
+class COMMON_UI_QT_INTERNAL_EXPORT EventSinks
+{
+public:
+    /// Adds a sink and returns its cookie, which is never 0.
+    DWORD add(IFileDialogEvents& sink);
+    /// Removes the sink with this cookie. Returns false when there is none.
+    bool remove(DWORD cookie);
+
+    /// Calls `tell` for each sink in the order in which they were added. Sinks may be added and removed meanwhile; a
+    /// removed sink is not called any more, and an added one not yet. An exception that `tell` throws ends the loop and
+    /// passes to the caller.
+    void forEach(const std::function<void(IFileDialogEvents&)>& tell) const;
+    /// Does the same for the sinks that implement IFileDialogControlEvents.
+    void forEachWithControls(const std::function<void(IFileDialogControlEvents&)>& tell) const;
+
+private:
+    std::map<DWORD, ComPtr<IFileDialogEvents>> m_sinks;
+    DWORD m_lastCookie = 0;
+};
+
+} // namespace zelmar::internal

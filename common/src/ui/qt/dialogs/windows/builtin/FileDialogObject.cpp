@@ -1,0 +1,343 @@
+#include "ui/qt/dialogs/windows/builtin/FileDialogObject_p.h"
+
+#include "ui/qt/dialogs/windows/builtin/ShellItem_p.h"
+#include "ui/qt/dialogs/windows/com/CoTaskMemString_p.h"
+#include "ui/qt/dialogs/windows/com/fileSystemPath_p.h"
+
+#include <QDir>
+
+#include <utility>
+
+namespace zelmar::internal {
+
+namespace {
+
+QWidget* widgetOf(HWND window)
+{
+    return window ? QWidget::find(static_cast<WId>(reinterpret_cast<quintptr>(window))) : nullptr;
+}
+
+} // namespace
+
+// Showing
+
+template <typename DialogInterface>
+HRESULT FileDialogObject<DialogInterface>::Show(HWND owner)
+{
+    if (m_window)
+        return E_UNEXPECTED;
+    const ComPtr<IFileDialog> self(this); // a sink may release the caller's last reference
+    m_chosen.clear();
+    m_closeResult.reset();
+
+    FileDialogListener& listener = *this;
+    m_window = std::make_unique<FileDialogWindow>(widgetOf(owner), m_request, this->controls(), listener);
+    const bool accepted = m_window->run();
+    m_window.reset();
+    if (!accepted)
+        m_chosen.clear();
+    if (m_thrown)
+        std::rethrow_exception(std::exchange(m_thrown, nullptr));
+    return resultOf(accepted);
+}
+
+template <typename DialogInterface>
+HRESULT FileDialogObject<DialogInterface>::resultOf(bool accepted) const
+{
+    return m_closeResult.value_or(accepted ? S_OK : HRESULT_FROM_WIN32(ERROR_CANCELLED));
+}
+
+template <typename DialogInterface>
+HRESULT FileDialogObject<DialogInterface>::Close(HRESULT result)
+{
+    if (!m_window)
+        return E_UNEXPECTED;
+    m_closeResult = result;
+    m_window->closeAtOnce();
+    return S_OK;
+}
+
+// Notifying the sinks
+
+/// Stores an exception of a sink until Show() throws it again, because none may pass through Qt's event loop.
+template <typename DialogInterface>
+template <typename Tell>
+void FileDialogObject<DialogInterface>::guarded(const Tell& tell) noexcept
+{
+    if (m_thrown)
+        return;
+    try {
+        tell();
+    } catch (...) {
+        m_thrown = std::current_exception();
+        if (m_window)
+            m_window->closeAtOnce();
+    }
+}
+
+template <typename DialogInterface>
+void FileDialogObject<DialogInterface>::folderChanged() noexcept
+{
+    guarded([this] { m_sinks.forEach([this](IFileDialogEvents& sink) { sink.OnFolderChange(this); }); });
+}
+
+template <typename DialogInterface>
+void FileDialogObject<DialogInterface>::typeChanged() noexcept
+{
+    guarded([this] { m_sinks.forEach([this](IFileDialogEvents& sink) { sink.OnTypeChange(this); }); });
+}
+
+template <typename DialogInterface>
+bool FileDialogObject<DialogInterface>::mayAccept(const QStringList& files) noexcept
+{
+    m_chosen = files;
+    bool accepted = true;
+    guarded([this, &accepted] {
+        m_sinks.forEach([this, &accepted](IFileDialogEvents& sink) {
+            if (sink.OnFileOk(this) == S_FALSE)
+                accepted = false;
+        });
+    });
+    if (!accepted)
+        m_chosen.clear();
+    return accepted;
+}
+
+template <typename DialogInterface>
+void FileDialogObject<DialogInterface>::buttonClicked(DWORD control) noexcept
+{
+    guarded([this, control] {
+        m_sinks.forEachWithControls(
+            [this, control](IFileDialogControlEvents& sink) { sink.OnButtonClicked(this, control); });
+    });
+}
+
+template <typename DialogInterface>
+void FileDialogObject<DialogInterface>::checkButtonToggled(DWORD control, bool checked) noexcept
+{
+    guarded([this, control, checked] {
+        m_sinks.forEachWithControls([this, control, checked](IFileDialogControlEvents& sink) {
+            sink.OnCheckButtonToggled(this, control, checked ? TRUE : FALSE);
+        });
+    });
+}
+
+template <typename DialogInterface>
+void FileDialogObject<DialogInterface>::itemSelected(DWORD menu, DWORD item) noexcept
+{
+    guarded([this, menu, item] {
+        m_sinks.forEachWithControls(
+            [this, menu, item](IFileDialogControlEvents& sink) { sink.OnItemSelected(this, menu, item); });
+    });
+}
+
+template <typename DialogInterface>
+HRESULT FileDialogObject<DialogInterface>::Advise(IFileDialogEvents* events, DWORD* cookie)
+{
+    if (!events || !cookie)
+        return E_POINTER;
+    *cookie = m_sinks.add(*events);
+    return S_OK;
+}
+
+template <typename DialogInterface>
+HRESULT FileDialogObject<DialogInterface>::Unadvise(DWORD cookie)
+{
+    return m_sinks.remove(cookie) ? S_OK : E_INVALIDARG;
+}
+
+// Options and file types
+
+template <typename DialogInterface>
+HRESULT FileDialogObject<DialogInterface>::SetOptions(FILEOPENDIALOGOPTIONS options)
+{
+    m_request.options = options;
+    return S_OK;
+}
+
+template <typename DialogInterface>
+HRESULT FileDialogObject<DialogInterface>::GetOptions(FILEOPENDIALOGOPTIONS* options)
+{
+    if (!options)
+        return E_POINTER;
+    *options = m_request.options;
+    return S_OK;
+}
+
+template <typename DialogInterface>
+HRESULT FileDialogObject<DialogInterface>::SetFileTypes(UINT count, const COMDLG_FILTERSPEC* types)
+{
+    if (count == 0 || !types)
+        return E_INVALIDARG;
+    if (m_window || !m_request.types.isEmpty())
+        return E_UNEXPECTED;
+    m_request.types = FileTypes(count, types);
+    return S_OK;
+}
+
+template <typename DialogInterface>
+HRESULT FileDialogObject<DialogInterface>::SetFileTypeIndex(UINT index)
+{
+    const int place = static_cast<int>(index - 1U);
+    if (!m_window) {
+        m_request.type = place;
+        return S_OK;
+    }
+    if (place < 0 || place >= m_request.types.count())
+        return E_INVALIDARG;
+    m_window->setFileType(place);
+    return S_OK;
+}
+
+template <typename DialogInterface>
+HRESULT FileDialogObject<DialogInterface>::GetFileTypeIndex(UINT* index)
+{
+    if (!index)
+        return E_POINTER;
+    *index = static_cast<UINT>(m_window ? m_window->fileType() : m_request.type) + 1U;
+    return S_OK;
+}
+
+template <typename DialogInterface>
+HRESULT FileDialogObject<DialogInterface>::SetDefaultExtension(LPCWSTR extension)
+{
+    m_request.defaultExtension = textOf(extension);
+    return S_OK;
+}
+
+// Folder and file name
+
+template <typename DialogInterface>
+HRESULT FileDialogObject<DialogInterface>::SetDefaultFolder(IShellItem* folder)
+{
+    const auto path = fileSystemPath(folder);
+    if (!path)
+        return E_INVALIDARG;
+    m_request.defaultFolder = *path;
+    return S_OK;
+}
+
+template <typename DialogInterface>
+HRESULT FileDialogObject<DialogInterface>::SetFolder(IShellItem* folder)
+{
+    const auto path = fileSystemPath(folder);
+    if (!path)
+        return E_INVALIDARG;
+    m_request.folder = *path;
+    if (m_window)
+        m_window->setFolder(*path);
+    return S_OK;
+}
+
+template <typename DialogInterface>
+HRESULT FileDialogObject<DialogInterface>::GetFolder(IShellItem** folder)
+{
+    if (!folder)
+        return E_POINTER;
+    const QString path = m_window ? m_window->folder() : m_request.folder;
+    *folder = path.isEmpty() ? nullptr : makeShellItem(path).detach();
+    return *folder ? S_OK : E_FAIL;
+}
+
+template <typename DialogInterface>
+HRESULT FileDialogObject<DialogInterface>::SetFileName(LPCWSTR name)
+{
+    m_request.fileName = textOf(name);
+    if (m_window)
+        m_window->setFileName(m_request.fileName);
+    return S_OK;
+}
+
+template <typename DialogInterface>
+HRESULT FileDialogObject<DialogInterface>::GetFileName(LPWSTR* name)
+{
+    if (!name)
+        return E_POINTER;
+    *name = makeCoTaskMemString(m_window ? m_window->fileName() : m_request.fileName).release();
+    return *name ? S_OK : E_OUTOFMEMORY;
+}
+
+// Labels
+
+template <typename DialogInterface>
+HRESULT FileDialogObject<DialogInterface>::SetTitle(LPCWSTR title)
+{
+    m_request.title = textOf(title);
+    if (m_window)
+        m_window->setWindowTitle(m_request.title);
+    return S_OK;
+}
+
+template <typename DialogInterface>
+HRESULT FileDialogObject<DialogInterface>::SetOkButtonLabel(LPCWSTR text)
+{
+    m_request.acceptLabel = textOf(text);
+    if (m_window)
+        m_window->updateLabels();
+    return S_OK;
+}
+
+template <typename DialogInterface>
+HRESULT FileDialogObject<DialogInterface>::SetFileNameLabel(LPCWSTR label)
+{
+    m_request.fileNameLabel = textOf(label);
+    if (m_window)
+        m_window->updateLabels();
+    return S_OK;
+}
+
+// Results
+
+template <typename DialogInterface>
+HRESULT FileDialogObject<DialogInterface>::GetResult(IShellItem** item)
+{
+    if (!item)
+        return E_POINTER;
+    *item = m_chosen.size() == 1 ? makeShellItem(m_chosen.first()).detach() : nullptr;
+    return *item ? S_OK : E_UNEXPECTED;
+}
+
+template class FileDialogObject<IFileOpenDialog>;
+template class FileDialogObject<IFileSaveDialog>;
+
+// The two classes
+
+FileOpenDialogObject::FileOpenDialogObject()
+    : FileDialogObject(DialogKind::Open)
+{
+}
+
+HRESULT FileOpenDialogObject::QueryInterface(REFIID iid, void** object)
+{
+    const QITAB table[] = {{&IID_IFileOpenDialog, offsetOf<IFileOpenDialog>(this)},
+                           {&IID_IFileDialog, offsetOf<IFileDialog>(this)},
+                           {&IID_IModalWindow, offsetOf<IModalWindow>(this)},
+                           {&IID_IFileDialogCustomize, offsetOf<IFileDialogCustomize>(this)},
+                           {nullptr, 0}};
+    return QISearch(this, table, iid, object);
+}
+
+HRESULT FileOpenDialogObject::GetResults(IShellItemArray** items)
+{
+    if (!items)
+        return E_POINTER;
+    *items = chosenFiles().isEmpty() ? nullptr : makeShellItemArray(chosenFiles()).detach();
+    return *items ? S_OK : E_UNEXPECTED;
+}
+
+FileSaveDialogObject::FileSaveDialogObject()
+    : FileDialogObject(DialogKind::Save)
+{
+}
+
+HRESULT FileSaveDialogObject::QueryInterface(REFIID iid, void** object)
+{
+    const QITAB table[] = {{&IID_IFileSaveDialog, offsetOf<IFileSaveDialog>(this)},
+                           {&IID_IFileDialog, offsetOf<IFileDialog>(this)},
+                           {&IID_IModalWindow, offsetOf<IModalWindow>(this)},
+                           {&IID_IFileDialogCustomize, offsetOf<IFileDialogCustomize>(this)},
+                           {nullptr, 0}};
+    return QISearch(this, table, iid, object);
+}
+
+} // namespace zelmar::internal

@@ -1,0 +1,117 @@
+#pragma once
+
+#include "ui/qt/dialogs/windows/builtin/ControlOperations_p.h"
+#include "ui/qt/dialogs/windows/builtin/EventSinks_p.h"
+#include "ui/qt/dialogs/windows/builtin/FileDialogListener_p.h"
+#include "ui/qt/dialogs/windows/builtin/FileDialogRequest_p.h"
+#include "ui/qt/dialogs/windows/builtin/FileDialogWindow_p.h"
+#include "ui/qt/dialogs/windows/com/ComPtr_p.h"
+#include "ui/qt/dialogs/windows/com/RefCounted_p.h"
+
+#include <QStringList>
+
+#include <exception>
+#include <memory>
+#include <optional>
+
+namespace zelmar::internal {
+
+/// An implementation of the common file dialog, through IFileOpenDialog or IFileSaveDialog, on top of a QFileDialog
+/// that each Show() creates. Use on the GUI thread only. Where the interfaces leave the behaviour open:
+///
+/// - All settings persist from one Show() to the next, which starts with the folder, the name and the type that were
+///   shown last. In an open dialog labels, title, folder, name, type and controls change at once; options and the
+///   default extension take effect at the next Show().
+/// - GetFolder() returns E_FAIL while no folder is known: before the first Show(), unless SetFolder() was called.
+/// - A type index that was set out of range selects the first type when the dialog opens. While the dialog is open,
+///   setting such an index returns E_INVALIDARG.
+/// - OnFileOk() is called on every sink. A single S_FALSE keeps the dialog open. The results of all other operations of
+///   a sink are ignored.
+/// - An exception thrown by a sink closes the dialog and leaves Show().
+template <typename DialogInterface>
+class FileDialogObject : public RefCounted<DialogInterface, ControlOperations>, private FileDialogListener
+{
+public:
+    explicit FileDialogObject(DialogKind kind)
+        : m_request(kind)
+    {
+    }
+
+    HRESULT STDMETHODCALLTYPE Show(HWND owner) override;
+
+    HRESULT STDMETHODCALLTYPE SetFileTypes(UINT count, const COMDLG_FILTERSPEC* types) override;
+    HRESULT STDMETHODCALLTYPE SetFileTypeIndex(UINT index) override;
+    HRESULT STDMETHODCALLTYPE GetFileTypeIndex(UINT* index) override;
+    HRESULT STDMETHODCALLTYPE Advise(IFileDialogEvents* events, DWORD* cookie) override;
+    HRESULT STDMETHODCALLTYPE Unadvise(DWORD cookie) override;
+    HRESULT STDMETHODCALLTYPE SetOptions(FILEOPENDIALOGOPTIONS options) override;
+    HRESULT STDMETHODCALLTYPE GetOptions(FILEOPENDIALOGOPTIONS* options) override;
+    HRESULT STDMETHODCALLTYPE SetDefaultFolder(IShellItem* folder) override;
+    HRESULT STDMETHODCALLTYPE SetFolder(IShellItem* folder) override;
+    HRESULT STDMETHODCALLTYPE GetFolder(IShellItem** folder) override;
+    HRESULT STDMETHODCALLTYPE GetCurrentSelection(IShellItem**) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE SetFileName(LPCWSTR name) override;
+    HRESULT STDMETHODCALLTYPE GetFileName(LPWSTR* name) override;
+    HRESULT STDMETHODCALLTYPE SetTitle(LPCWSTR title) override;
+    HRESULT STDMETHODCALLTYPE SetOkButtonLabel(LPCWSTR text) override;
+    HRESULT STDMETHODCALLTYPE SetFileNameLabel(LPCWSTR label) override;
+    HRESULT STDMETHODCALLTYPE GetResult(IShellItem** item) override;
+    HRESULT STDMETHODCALLTYPE AddPlace(IShellItem*, FDAP) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE SetDefaultExtension(LPCWSTR extension) override;
+    HRESULT STDMETHODCALLTYPE Close(HRESULT result) override;
+    HRESULT STDMETHODCALLTYPE SetClientGuid(REFGUID) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE ClearClientData() override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE SetFilter(IShellItemFilter*) override { return E_NOTIMPL; }
+
+protected:
+    const QStringList& chosenFiles() const { return m_chosen; }
+
+private:
+    void folderChanged() noexcept override;
+    void typeChanged() noexcept override;
+    bool mayAccept(const QStringList& files) noexcept override;
+    void buttonClicked(DWORD control) noexcept override;
+    void checkButtonToggled(DWORD control, bool checked) noexcept override;
+    void itemSelected(DWORD menu, DWORD item) noexcept override;
+
+    template <typename Tell>
+    void guarded(const Tell& tell) noexcept;
+    HRESULT resultOf(bool accepted) const;
+
+    FileDialogRequest m_request;
+    EventSinks m_sinks;
+
+    std::unique_ptr<FileDialogWindow> m_window; ///< null unless Show() is running
+    /// The chosen files of the open dialog, or of the last one.
+    QStringList m_chosen;
+    std::optional<HRESULT> m_closeResult;
+    std::exception_ptr m_thrown;
+};
+
+class FileOpenDialogObject : public FileDialogObject<IFileOpenDialog>
+{
+public:
+    FileOpenDialogObject();
+
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override;
+    HRESULT STDMETHODCALLTYPE GetResults(IShellItemArray** items) override;
+    HRESULT STDMETHODCALLTYPE GetSelectedItems(IShellItemArray**) override { return E_NOTIMPL; }
+};
+
+class FileSaveDialogObject : public FileDialogObject<IFileSaveDialog>
+{
+public:
+    FileSaveDialogObject();
+
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override;
+    HRESULT STDMETHODCALLTYPE SetSaveAsItem(IShellItem*) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE SetProperties(IPropertyStore*) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE SetCollectedProperties(IPropertyDescriptionList*, BOOL) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE GetProperties(IPropertyStore**) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE ApplyProperties(IShellItem*, IPropertyStore*, HWND, IFileOperationProgressSink*) override
+    {
+        return E_NOTIMPL;
+    }
+};
+
+} // namespace zelmar::internal

@@ -1,0 +1,471 @@
+#include "ui/qt/dialogs/windows/builtin/FileDialogWindow_p.h"
+
+#include "ui/qt/dialogs/AcceptButtonGuide_p.h"
+#include "ui/qt/dialogs/acceptTypedName_p.h"
+#include "ui/qt/dialogs/closeWithQuestions_p.h"
+#include "ui/qt/dialogs/hideOutdatedCompletions_p.h"
+#include "ui/qt/dialogs/letAcceptButtonFollowFolder_p.h"
+#include "ui/qt/dialogs/selectTypedName_p.h"
+#include "ui/qt/dialogs/typedName_p.h"
+#include "ui/qt/dialogs/unselectShownFolder_p.h"
+#include "ui/qt/dialogs/windows/builtin/AcceptMenu_p.h"
+#include "ui/qt/dialogs/windows/builtin/ControlBar_p.h"
+#include "ui/qt/dialogs/windows/builtin/FileDialogListener_p.h"
+#include "ui/qt/dialogs/windows/builtin/texts_p.h"
+
+#include <QComboBox>
+#include <QCoreApplication>
+#include <QDialogButtonBox>
+#include <QDir>
+#include <QEventLoop>
+#include <QFileInfo>
+#include <QFileSystemModel>
+#include <QGridLayout>
+#include <QItemSelectionModel>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListView>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QTimer>
+
+namespace zelmar::internal {
+
+namespace {
+
+struct GridPlace
+{
+    int row = 0;
+    int column = 0;
+    int rows = 0;
+    int columns = 0;
+};
+
+GridPlace placeIn(const QGridLayout& grid, QWidget* widget)
+{
+    GridPlace place;
+    grid.getItemPosition(grid.indexOf(widget), &place.row, &place.column, &place.rows, &place.columns);
+    return place;
+}
+
+} // namespace
+
+FileDialogWindow::FileDialogWindow(QWidget* owner, FileDialogRequest& request, ControlModel& controls,
+                                   FileDialogListener& listener)
+    : QFileDialog(owner, request.title, request.folder.isEmpty() ? request.defaultFolder : request.folder)
+    , m_request(request)
+    , m_controls(controls)
+    , m_listener(listener)
+{
+    setAcceptMode(request.kind == DialogKind::Save ? AcceptSave : AcceptOpen);
+    setFileMode(fileModeOf(request.options));
+    setOptions(dialogOptionsOf(request.options));
+    setOption(DontUseNativeDialog, controls.hasControls());
+    setDefaultSuffix(request.defaultExtension);
+    if (!request.types.isEmpty())
+        setNameFilters(request.types.nameFilters());
+    attachToWidgets();
+    updateLabels();
+    showTypes();
+    setFileName(request.fileName);
+
+    connect(this, &QFileDialog::directoryEntered, this, [this] { reportFolder(); });
+    connect(this, &QFileDialog::filterSelected, this, [this] { reportType(); });
+    m_controls.setListener([this] { updateControls(); });
+    if (owner)
+        connect(owner, &QObject::destroyed, this, [this] { outliveOwner(); });
+}
+
+FileDialogWindow::~FileDialogWindow()
+{
+    m_controls.setListener({});
+    m_request.folder = folder();
+    m_request.type = fileType();
+    m_request.fileName = fileName();
+}
+
+// Running
+
+bool FileDialogWindow::run()
+{
+    // QDialog::exec() would wait for the answer of the desktop's dialog. It would then not return after closeAtOnce(),
+    // and would return an answer that the listener refused.
+    QEventLoop loop;
+    connect(this, &QDialog::finished, &loop, &QEventLoop::quit);
+    m_open = true;
+    setWindowModality(Qt::ApplicationModal);
+    showSilently();
+    // Reports the first folder once the dialog is open and its event loop runs.
+    QTimer::singleShot(0, this, [this] { reportFolder(); });
+    if (m_open)
+        loop.exec(QEventLoop::DialogExec);
+    if (m_open) // the application quits
+        closeAtOnce();
+    return m_accepted;
+}
+
+void FileDialogWindow::closeAtOnce()
+{
+    closeQuestions(*this);
+    done(Rejected);
+}
+
+/// Closes the dialog and takes it out of the children of its owner, which is being destroyed. The owner would delete
+/// the dialog while functions of the dialog may still be running.
+void FileDialogWindow::outliveOwner()
+{
+    closeAtOnce();
+    setParent(nullptr, windowFlags());
+}
+
+void FileDialogWindow::setVisible(bool visible)
+{
+    QFileDialog::setVisible(visible);
+    // Qt creates its own widgets only now if the desktop turns out to have no dialog.
+    if (visible && !isDrawnByQt() && findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))) {
+        attachToWidgets();
+        updateLabels();
+        showTypes();
+    }
+}
+
+void FileDialogWindow::accept()
+{
+    unselectShownFolder(*this);
+    // The desktop may have closed its dialog without a choice; QFileDialog would go on waiting.
+    if (!isDrawnByQt() && selectedUrls().isEmpty())
+        showAgainLater();
+    else if (!filterByTypedPattern() && !typedNameIsTooLong(*this) && !acceptTypedName(*this))
+        QFileDialog::accept();
+}
+
+void FileDialogWindow::done(int result)
+{
+    if (!m_open)
+        return;
+    const bool accepted = result == Accepted;
+    if (accepted && !mayAccept()) {
+        if (!isDrawnByQt())
+            showAgainLater();
+        return;
+    }
+    m_open = false;
+    m_accepted = accepted;
+    if (m_acceptMenu)
+        m_acceptMenu->close();
+    QFileDialog::done(result);
+}
+
+/// Asks the listener. Also returns false when the dialog was closed meanwhile.
+bool FileDialogWindow::mayAccept()
+{
+    selectAcceptItem();
+    return m_open && m_listener.mayAccept(chosenFiles(*this)) && m_open;
+}
+
+/// Shows the dialog again after the desktop's current callback has returned.
+void FileDialogWindow::showAgainLater()
+{
+    QTimer::singleShot(0, this, [this] { showAgain(); });
+}
+
+/// Shows the dialog again for a desktop that closed it before the listener could refuse.
+void FileDialogWindow::showAgain()
+{
+    if (!m_open)
+        return;
+    hide();
+    showSilently();
+}
+
+/// Shows the dialog with its signals blocked, because a desktop's dialog may report file types that it selects only on
+/// the way to the requested one.
+void FileDialogWindow::showSilently()
+{
+    const QSignalBlocker blocker(this);
+    show();
+}
+
+// The accept button's menu
+
+void FileDialogWindow::acceptWith(DWORD item)
+{
+    if (!m_open || !m_acceptButton->isEnabled())
+        return;
+    m_pickedItem = item;
+    accept();
+    // If the accepted name was a folder, the dialog has entered it and is still open. The item no longer counts.
+    m_pickedItem.reset();
+}
+
+/// Selects the picked item, or the first item when the user pressed the button itself. A choice of an earlier run does
+/// not count.
+void FileDialogWindow::selectAcceptItem()
+{
+    const Control* menu = m_controls.acceptMenu();
+    const ControlItem* first = menu ? firstItem(*menu) : nullptr;
+    if (!first)
+        return;
+    const DWORD menuId = menu->id;
+    const std::optional<DWORD> picked = m_pickedItem;
+    m_controls.selectItem(menuId, picked.value_or(first->id));
+    if (picked)
+        m_listener.itemSelected(menuId, *picked);
+}
+
+// Widgets of a dialog that Qt draws
+
+void FileDialogWindow::attachToWidgets()
+{
+    m_fileNameEdit = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+    if (!isDrawnByQt())
+        return;
+    m_fileTypeCombo = findChild<QComboBox*>(QStringLiteral("fileTypeCombo"));
+    m_model = findChild<QFileSystemModel*>(QStringLiteral("qt_filesystem_model"));
+    m_selection = findChild<QListView*>(QStringLiteral("listView"))->selectionModel();
+    m_buttonBox = findChild<QDialogButtonBox*>(QStringLiteral("buttonBox"));
+    m_acceptButton = m_buttonBox->button(acceptMode() == AcceptSave ? QDialogButtonBox::Save : QDialogButtonBox::Open);
+    m_plainAcceptText = m_acceptButton->text();
+    m_plainFileNameLabel = labelText(FileName);
+
+    selectTypedName(*this);
+    letAcceptButtonFollowFolder(*this);
+    new AcceptButtonGuide(*this);
+    hideOutdatedCompletions(*this);
+    // Types are selected by index. QFileDialog would look them up by text, and also change the suffix of the name.
+    disconnect(m_fileTypeCombo, SIGNAL(activated(int)), this, nullptr);
+    // Unlike directoryEntered(), this signal also reports a folder that the user typed.
+    connect(m_model, &QFileSystemModel::rootPathChanged, this, [this] { reportFolder(); });
+    placeControlBar();
+    const bool saving = m_request.kind == DialogKind::Save;
+    m_acceptMenu = new AcceptMenu(*m_acceptButton,
+                                  saving ? QCoreApplication::translate("FileDialogWindow", "More ways to save")
+                                         : QCoreApplication::translate("FileDialogWindow", "More ways to open"),
+                                  [this](DWORD item) { acceptWith(item); });
+}
+
+void FileDialogWindow::placeControlBar()
+{
+    m_controlBar = new ControlBar(m_controls, m_listener, *m_buttonBox, this);
+    auto* grid = qobject_cast<QGridLayout*>(layout());
+    if (!grid) {
+        layout()->addWidget(m_controlBar);
+        return;
+    }
+    // The bar gets its own row below the file types, beside the buttons.
+    const GridPlace types = placeIn(*grid, m_fileTypeCombo);
+    grid->addWidget(m_controlBar, types.row + 1, types.column, 1, types.columns);
+    m_buttonRows = placeIn(*grid, m_buttonBox).rows;
+}
+
+/// Extends the button box down to the row of controls while any control is shown. Otherwise the spacing of an empty row
+/// would remain.
+void FileDialogWindow::fitButtonBox()
+{
+    auto* grid = qobject_cast<QGridLayout*>(layout());
+    if (!grid)
+        return;
+    const GridPlace place = placeIn(*grid, m_buttonBox);
+    const int rows = m_controlBar->isAnyShown() ? m_buttonRows + 1 : m_buttonRows;
+    if (place.rows == rows)
+        return;
+    grid->removeWidget(m_buttonBox);
+    grid->addWidget(m_buttonBox, place.row, place.column, rows, place.columns);
+}
+
+void FileDialogWindow::updateLabels()
+{
+    showAcceptText();
+    const QString name = m_request.fileNameLabel.isEmpty() ? m_plainFileNameLabel : m_request.fileNameLabel;
+    if (name != labelText(FileName))
+        setLabelText(FileName, name);
+    updateControls();
+}
+
+void FileDialogWindow::updateControls()
+{
+    if (!isDrawnByQt())
+        return;
+    showAcceptText();
+    m_acceptMenu->update(m_controls.acceptMenu());
+    m_controlBar->update(takenMnemonics());
+    fitButtonBox();
+    updateTabOrder();
+}
+
+void FileDialogWindow::showAcceptText()
+{
+    const QString text = acceptText();
+    if (!text.isEmpty() && text != labelText(Accept))
+        setLabelText(Accept, text);
+}
+
+/// Returns the text of the menu's first item, or else the requested label, or else QFileDialog's own text.
+QString FileDialogWindow::acceptText() const
+{
+    const Control* menu = m_controls.acceptMenu();
+    const ControlItem* first = menu && isShown(menu->state) ? firstItem(*menu) : nullptr;
+    if (first && isShown(first->state))
+        return first->text;
+    return m_request.acceptLabel.isEmpty() ? m_plainAcceptText : m_request.acceptLabel;
+}
+
+QSet<QKeySequence> FileDialogWindow::takenMnemonics() const
+{
+    QSet<QKeySequence> taken;
+    for (const QLabel* label : findChildren<QLabel*>())
+        taken.insert(QKeySequence::mnemonic(label->text()));
+    for (const QAbstractButton* button : m_buttonBox->buttons()) {
+        if (!m_controlBar->contains(button))
+            taken.insert(QKeySequence::mnemonic(button->text()));
+    }
+    taken.remove(QKeySequence());
+    return taken;
+}
+
+void FileDialogWindow::updateTabOrder()
+{
+    // The button box precedes the file types in the focus chain, and its focus proxy is its first button. Tab would go
+    // from the box to that button and skip the types.
+    m_buttonBox->setFocusProxy(nullptr);
+    QWidget* previous = m_fileTypeCombo;
+    const auto append = [&previous](QWidget* next) {
+        setTabOrder(previous, next);
+        previous = next;
+    };
+    const std::vector<QWidget*> added = m_controlBar->inOrder();
+    const auto isInBar = [this](const QWidget* widget) { return widget->parentWidget() == m_controlBar; };
+    for (QWidget* widget : added) {
+        if (isInBar(widget))
+            append(widget);
+    }
+    append(m_acceptButton);
+    append(m_acceptMenu->arrow());
+    append(m_buttonBox->button(QDialogButtonBox::Cancel));
+    for (QWidget* widget : added) {
+        if (!isInBar(widget))
+            append(widget);
+    }
+}
+
+// Folder
+
+QString FileDialogWindow::folder() const
+{
+    // The model's root path is empty when it shows the list of all drives, which is not a folder.
+    if (isDrawnByQt())
+        return m_model->rootPath().isEmpty() ? QDir::rootPath() : m_model->rootPath();
+    return directory().absolutePath();
+}
+
+void FileDialogWindow::setFolder(const QString& folder)
+{
+    setDirectory(folder);
+    reportFolder(); // not every desktop reports a folder that the program sets
+}
+
+void FileDialogWindow::reportFolder()
+{
+    if (!m_open || folder() == m_reportedFolder)
+        return;
+    m_reportedFolder = folder();
+    m_listener.folderChanged();
+}
+
+// File name
+
+QString FileDialogWindow::fileName() const
+{
+    if (isDrawnByQt())
+        return m_fileNameEdit->text();
+    QStringList names;
+    for (const QString& file : selectedFiles())
+        names += QFileInfo(file).fileName();
+    // A desktop's dialog may report existing files only, or none before the user has accepted.
+    return names.isEmpty() ? m_request.fileName : fileNameText(names);
+}
+
+void FileDialogWindow::setFileName(const QString& text)
+{
+    const QFileInfo info(text);
+    const bool otherFolder = info.isAbsolute() && info.dir().exists();
+    if (otherFolder)
+        setFolder(info.path());
+    const QString shown = otherFolder ? info.fileName() : text;
+    if (isDrawnByQt()) {
+        // QFileDialog would append the files that are selected in the list to the text.
+        m_selection->clear();
+        m_fileNameEdit->setText(shown);
+        return;
+    }
+    for (const QString& name : namesIn(shown))
+        selectFile(QDir(folder()).filePath(name)); // a relative name would refer to the initial folder
+}
+
+/// Filters the list by a pattern that the user typed as the name. The pattern applies until a file type is picked or
+/// set; the selected type does not change. Returns false when the name is not a pattern.
+bool FileDialogWindow::filterByTypedPattern()
+{
+    const QString typed = isDrawnByQt() ? m_fileNameEdit->text() : QString();
+    if (!typed.contains(QLatin1Char('*')) || typed.contains(QLatin1Char('/'))
+        || QFileInfo::exists(QDir(folder()).filePath(typed)))
+        return false;
+    QStringList patterns;
+    for (const QString& pattern : typed.split(QLatin1Char(';'), Qt::SkipEmptyParts))
+        patterns += pattern.trimmed();
+    m_model->setNameFilters(patterns);
+    m_fileNameEdit->selectAll();
+    return true;
+}
+
+// File types
+
+int FileDialogWindow::fileType() const
+{
+    if (m_request.types.isEmpty())
+        return m_request.type;
+    if (isDrawnByQt())
+        return m_request.types.placeOf(m_fileTypeCombo->currentIndex());
+    return m_request.types.placeOfFilter(selectedNameFilter(), m_reportedType);
+}
+
+void FileDialogWindow::setFileType(int place)
+{
+    m_request.type = place;
+    showTypes();
+}
+
+/// Selects the requested type without reporting it. The system's dialog does report the type when it opens; an
+/// application that then replaces the extension would change a name that the user has not touched.
+void FileDialogWindow::showTypes()
+{
+    if (m_request.types.isEmpty())
+        return;
+    m_reportedType = m_request.types.placeOf(m_request.type);
+    if (!isDrawnByQt()) {
+        selectNameFilter(nameFilters().value(m_reportedType));
+        return;
+    }
+    m_fileTypeCombo->setCurrentIndex(m_reportedType);
+    useFileType();
+}
+
+void FileDialogWindow::useFileType()
+{
+    m_model->setNameFilters(m_request.types.patterns(m_fileTypeCombo->currentIndex()));
+}
+
+void FileDialogWindow::reportType()
+{
+    if (m_request.types.isEmpty())
+        return;
+    if (isDrawnByQt())
+        useFileType();
+    const int type = fileType();
+    if (!m_open || type == m_reportedType)
+        return;
+    m_reportedType = type;
+    m_listener.typeChanged();
+}
+
+} // namespace zelmar::internal

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "internal_export_p.h"
+#include "ui/qt/dialogs/windows/shellapi.h"
+
+#include <QString>
+
+#include <memory>
+
+namespace zelmar::internal {
+
+struct CoTaskMemDeleter
+{
+    void operator()(void* memory) const { CoTaskMemFree(memory); }
+};
+
+/// Owns a string that was allocated with CoTaskMemAlloc().
+using CoTaskMemString = std::unique_ptr<wchar_t, CoTaskMemDeleter>;
+
+/// Copies `text`. Returns null when memory is exhausted.
+COMMON_UI_QT_INTERNAL_EXPORT CoTaskMemString makeCoTaskMemString(const QString& text);
+
+/// Converts `text`. Returns an empty string for null.
+inline QString textOf(LPCWSTR text)
+{
+    return text ? QString::fromWCharArray(text) : QString();
+}
+
+} // namespace zelmar::internal

@@ -1,6 +1,0 @@
-#pragma once
-
-#include "ui/qt/dialogs/windows/substitute/objects.h"
-
-/// Makes an object of one of the built-in classes. Returns REGDB_E_CLASSNOTREG for any other class.
-HRESULT createBuiltInObject(REFCLSID classId, REFIID iid, void** object);
