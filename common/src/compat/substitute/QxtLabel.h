@@ -56,7 +56,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    struct Impl;
+    struct COMMON_UI_QT_NO_EXPORT Impl;
 
     std::unique_ptr<Impl> m_impl;
 };

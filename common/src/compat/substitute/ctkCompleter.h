@@ -89,6 +89,6 @@ private:
     bool isFilteredAnew() const;
     bool narrow() const;
 
-    struct Impl;
+    struct COMMON_UI_QT_NO_EXPORT Impl;
     std::unique_ptr<Impl> m_impl;
 };

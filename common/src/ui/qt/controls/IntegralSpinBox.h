@@ -54,7 +54,7 @@ public:
     boost::signals2::signal<void()> signalDecrement;
 
 private:
-    struct Impl;
+    struct COMMON_UI_QT_NO_EXPORT Impl;
 
     /// Do nothing. Hooks for derived classes, which the library neither calls nor overrides.
     ///

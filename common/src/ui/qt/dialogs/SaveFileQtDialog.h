@@ -99,7 +99,7 @@ protected:
     QExtendedFileDialog* dialog();
 
 private:
-    class Impl;
+    class COMMON_UI_QT_NO_EXPORT Impl;
 
     Q_DISABLE_COPY(SaveFileQtDialog)
 

@@ -160,7 +160,7 @@ public:
     void close();
 
 private:
-    class Impl;
+    class COMMON_UI_QT_NO_EXPORT Impl;
     friend class SaveFileWinDialog; // must end the run of its dialog when it is destroyed
 
     Q_DISABLE_COPY(ExtendedWinFileDialog)

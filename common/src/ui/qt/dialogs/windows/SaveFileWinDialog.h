@@ -91,7 +91,7 @@ protected:
     ExtendedWinFileDialog* dialog();
 
 private:
-    class Impl;
+    class COMMON_UI_QT_NO_EXPORT Impl;
 
     Q_DISABLE_COPY(SaveFileWinDialog)
 

@@ -5,7 +5,7 @@
 
 #include <cstddef>
 
-// Reference-counted objects, and the functions that make them.
+// Reference-counted objects, and the functions that make them. Applications that replace the dialog call them, too.
 
 /// The base of every interface. An object deletes itself when its last reference is released.
 struct IUnknown
