@@ -13,17 +13,6 @@ HWND windowOf(const QWidget* widget)
 
 } // namespace
 
-ExtendedWinFileDialog::Impl::Run::Apartment::Apartment()
-    : m_entered(SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE)))
-{
-}
-
-ExtendedWinFileDialog::Impl::Run::Apartment::~Apartment()
-{
-    if (m_entered)
-        CoUninitialize();
-}
-
 ExtendedWinFileDialog::Impl::Run::Run(Impl& owner)
     : m_owner(&owner)
     , m_dialog(owner.m_dialog)

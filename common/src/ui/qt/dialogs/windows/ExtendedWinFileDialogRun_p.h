@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ui/qt/dialogs/windows/ExtendedWinFileDialogImpl_p.h"
+#include "ui/qt/dialogs/windows/com/Apartment_p.h"
 
 #include <QMetaObject>
 
@@ -25,19 +26,7 @@ public:
     bool isCancelled() const { return m_cancelled; }
 
 private:
-    /// A scope that enters the single-threaded apartment of this thread and leaves it at its end.
-    class Apartment
-    {
-    public:
-        Apartment();
-        ~Apartment();
-        Q_DISABLE_COPY(Apartment)
-
-    private:
-        const bool m_entered;
-    };
-
-    const Apartment m_apartment; // declared first, so that it is left last
+    const zelmar::internal::Apartment m_apartment; // declared first, so that it is left last
     Impl* m_owner;
     const zelmar::internal::ComPtr<IFileDialog> m_dialog;
     zelmar::internal::ComPtr<IFileDialogEvents> m_events;

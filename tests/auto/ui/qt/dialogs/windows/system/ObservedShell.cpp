@@ -108,17 +108,11 @@ private:
 
 ObservedShell::ObservedShell()
 {
-    CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE);
     m_openClass = makeClass(CLSID_FileOpenDialog);
     m_saveClass = makeClass(CLSID_FileSaveDialog);
 }
 
-ObservedShell::~ObservedShell()
-{
-    m_saveClass.reset();
-    m_openClass.reset();
-    CoUninitialize();
-}
+ObservedShell::~ObservedShell() = default;
 
 std::unique_ptr<RegisteredClass> ObservedShell::makeClass(REFCLSID classId)
 {

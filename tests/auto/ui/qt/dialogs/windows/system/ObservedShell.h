@@ -1,6 +1,7 @@
 #pragma once
 
 #include "RegisteredClass.h"
+#include "ui/qt/dialogs/windows/com/Apartment_p.h"
 #include "ui/qt/dialogs/windows/com/ComPtr_p.h"
 
 #include <QString>
@@ -44,6 +45,7 @@ private:
 
     std::unique_ptr<RegisteredClass> makeClass(REFCLSID classId);
 
+    const zelmar::internal::Apartment m_apartment;
     IFileDialog* m_dialog = nullptr;
     std::vector<zelmar::internal::ComPtr<IFileDialogEvents>> m_advised;
     std::unique_ptr<RegisteredClass> m_openClass;
