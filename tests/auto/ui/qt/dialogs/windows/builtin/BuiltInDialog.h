@@ -11,16 +11,6 @@
 #include <utility>
 #include <vector>
 
-/// A scope in the single-threaded apartment, in which the tests create objects.
-class Apartment
-{
-public:
-    Apartment() { CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED); }
-    ~Apartment() { CoUninitialize(); }
-    Apartment(const Apartment&) = delete;
-    Apartment& operator=(const Apartment&) = delete;
-};
-
 HWND windowOf(const QWidget& widget);
 
 /// An event sink that records the events of a dialog in order: "folder", "type", "ok", "button 1", "check 2 on", "item

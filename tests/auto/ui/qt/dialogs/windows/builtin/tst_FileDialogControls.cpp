@@ -1,7 +1,6 @@
-#include "BuiltInDialog.h"
+#include "BuiltInDialogTest.h"
 
 #include "DialogDriver.h"
-#include "DialogFolders.h"
 #include "FileDialogActions.h"
 #include "Keyboard.h"
 #include "TestHome.h"
@@ -27,7 +26,6 @@
 
 namespace {
 
-const HRESULT cancelledResult = HRESULT_FROM_WIN32(ERROR_CANCELLED);
 const DWORD button = 1;
 const DWORD box = 2;
 const DWORD menu = 3;
@@ -101,12 +99,11 @@ void addItems(const BuiltInDialog& dialog)
 
 } // namespace
 
-class tst_FileDialogControls : public QObject
+class tst_FileDialogControls : public BuiltInDialogTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
     void cleanup();
 
     void operations();
@@ -142,36 +139,12 @@ private Q_SLOTS:
     void labelOfTheAcceptButton();
     void closedUnderTheMenu();
     void ownerDestroyedUnderTheMenu();
-
-private:
-    std::unique_ptr<BuiltInDialog> makeDialog(REFCLSID classId = CLSID_FileOpenDialog) const;
-
-    std::unique_ptr<DialogFolders> m_folders;
-    std::unique_ptr<QWidget> m_window;
 };
-
-void tst_FileDialogControls::init()
-{
-    m_folders = std::make_unique<DialogFolders>();
-    for (const char* name : {"a.dat", "b.dat", "deeper/d.dat"})
-        m_folders->addFile(QLatin1String(name));
-    m_window = std::make_unique<QWidget>();
-    m_window->show();
-}
 
 void tst_FileDialogControls::cleanup()
 {
     QApplication::setLayoutDirection(Qt::LeftToRight);
-    m_window.reset();
-    QCOMPARE(RecordingSink::alive(), 0);
-    QCOMPARE(BuiltInDialog::leaked(), 0);
-}
-
-std::unique_ptr<BuiltInDialog> tst_FileDialogControls::makeDialog(REFCLSID classId) const
-{
-    auto dialog = std::make_unique<BuiltInDialog>(classId);
-    dialog->setFolder(m_folders->path());
-    return dialog;
+    BuiltInDialogTest::cleanup();
 }
 
 // Before the dialog is shown
@@ -886,13 +859,5 @@ void tst_FileDialogControls::ownerDestroyedUnderTheMenu()
     QVERIFY(!QApplication::activePopupWidget());
 }
 
-int main(int argc, char* argv[])
-{
-    const TestHome home;
-    QApplication application(argc, argv);
-    QApplication::setQuitOnLastWindowClosed(false);
-    const Apartment apartment;
-    tst_FileDialogControls test;
-    return QTest::qExec(&test, argc, argv);
-}
+UI_TEST_MAIN(tst_FileDialogControls)
 #include "tst_FileDialogControls.moc"

@@ -1,7 +1,6 @@
-#include "BuiltInDialog.h"
+#include "BuiltInDialogTest.h"
 
 #include "DialogDriver.h"
-#include "DialogFolders.h"
 #include "FileDialogActions.h"
 #include "Keyboard.h"
 #include "TestHome.h"
@@ -23,14 +22,12 @@
 
 #include <memory>
 #include <stdexcept>
+#include <utility>
 
 using namespace zelmar::internal;
 
 namespace {
 
-const HRESULT cancelledResult = HRESULT_FROM_WIN32(ERROR_CANCELLED);
-const QStringList opened{QStringLiteral("folder")};
-const QStringList openedAndAccepted{QStringLiteral("folder"), QStringLiteral("ok")};
 const std::vector<std::pair<QString, QString>> types{{QStringLiteral("Data"), QStringLiteral("*.dat")},
                                                      {QStringLiteral("Tables"), QStringLiteral("*.csv;*.tab")},
                                                      {QStringLiteral("All"), QStringLiteral("*")}};
@@ -39,7 +36,7 @@ using Action = std::function<void(QFileDialog&)>;
 
 enum class Class { Open, Save };
 
-std::unique_ptr<BuiltInDialog> makeDialog(Class kind)
+std::unique_ptr<BuiltInDialog> makeDialogOf(Class kind)
 {
     return std::make_unique<BuiltInDialog>(kind == Class::Open ? CLSID_FileOpenDialog : CLSID_FileSaveDialog);
 }
@@ -84,13 +81,11 @@ void press(QFileDialog& dialog, const char* button)
 Q_DECLARE_METATYPE(Action)
 Q_DECLARE_METATYPE(Class)
 
-class tst_FileDialogObject : public QObject
+class tst_FileDialogObject : public BuiltInDialogRunTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
 
     void interfaces_data();
     void interfaces();
@@ -103,20 +98,14 @@ private Q_SLOTS:
     void accepted();
     void cancelledWith_data();
     void cancelledWith();
-    void closedByTheProgram_data();
-    void closedByTheProgram();
     void closedUnderAQuestion();
     void notShowing();
     void showingAlready();
     void releasedWhileShowing();
     void ownerIsTheParent();
     void unknownOwner();
-    void ownerDestroyed_data();
-    void ownerDestroyed();
-    void refused();
+    void ownerDestroyedUnderAQuestion();
     void failureOfASinkMeansNothing();
-    void throwingSink_data();
-    void throwingSink();
     void throwingSinkIsTheLastOneCalled();
     void sinkWithoutControlEvents();
     void unadviseDuringAnEvent();
@@ -157,31 +146,34 @@ private Q_SLOTS:
     void titleAndLabels();
     void refusedNameWithAQuote_data();
     void refusedNameWithAQuote();
-    void secondRunShowsNoOldResult();
     void switchesBetweenRuns();
     void typedPatternInEachRun();
 
 private:
-    std::unique_ptr<DialogFolders> m_folders;
-    std::unique_ptr<QWidget> m_window;
+    void onShow(const char* name, const std::function<void()>& action) override;
+    void userAccepts(const QString& file) override { acceptName(*m_shown, file); }
+    void userPicksType(int index) override { pickFilter(*m_shown, index); }
+    void userCancels() override { cancel(*m_shown); }
+    QString takeProblem() override;
+
+    std::unique_ptr<DialogDriver> m_driver; ///< null until a step needs it
+    QFileDialog* m_shown = nullptr;
 };
 
-void tst_FileDialogObject::init()
+void tst_FileDialogObject::onShow(const char* name, const std::function<void()>& action)
 {
-    m_folders = std::make_unique<DialogFolders>();
-    for (const char* name : {"a.dat", "b.dat", "c.csv", "deeper/d.dat"})
-        m_folders->addFile(QLatin1String(name));
-    m_window = std::make_unique<QWidget>();
-    m_window->show();
+    if (!m_driver)
+        m_driver = std::make_unique<DialogDriver>();
+    m_driver->onDialog<QFileDialog>(name, [this, action](QFileDialog& shown) {
+        m_shown = &shown;
+        action();
+    });
 }
 
-void tst_FileDialogObject::cleanup()
+QString tst_FileDialogObject::takeProblem()
 {
-    m_window.reset();
-    QCOMPARE(RecordingSink::alive(), 0);
-    QCOMPARE(BuiltInDialog::leaked(), 0);
-    for (const QWidget* widget : QApplication::topLevelWidgets())
-        QVERIFY2(!qobject_cast<const QFileDialog*>(widget), "a dialog was left behind");
+    const auto driver = std::exchange(m_driver, nullptr);
+    return driver ? driver->problem() : QString();
 }
 
 // The object
@@ -196,7 +188,7 @@ void tst_FileDialogObject::interfaces_data()
 void tst_FileDialogObject::interfaces()
 {
     QFETCH(Class, kind);
-    const auto dialog = makeDialog(kind);
+    const auto dialog = makeDialogOf(kind);
     const IID own = kind == Class::Open ? IID_IFileOpenDialog : IID_IFileSaveDialog;
     const IID others = kind == Class::Open ? IID_IFileSaveDialog : IID_IFileOpenDialog;
     const auto identity = queryFor<IUnknown>(IID_IUnknown, dialog->get());
@@ -243,7 +235,7 @@ void tst_FileDialogObject::nullPointers()
 void tst_FileDialogObject::stateBeforeShow()
 {
     for (const Class kind : {Class::Open, Class::Save}) {
-        const auto dialog = makeDialog(kind);
+        const auto dialog = makeDialogOf(kind);
         FILEOPENDIALOGOPTIONS options = 0;
         QCOMPARE(dialog->get()->GetOptions(&options), S_OK);
         QCOMPARE(options, kind == Class::Open ? DWORD(FOS_PATHMUSTEXIST | FOS_FILEMUSTEXIST)
@@ -324,7 +316,7 @@ void tst_FileDialogObject::sinksComeAndGo()
 void tst_FileDialogObject::accepted()
 {
     for (const Class kind : {Class::Open, Class::Save}) {
-        const auto dialog = makeDialog(kind);
+        const auto dialog = makeDialogOf(kind);
         QVERIFY(dialog->setFolder(m_folders->path()));
         const QString name = kind == Class::Open ? QStringLiteral("a.dat") : QStringLiteral(u"n\u00e4u.dat");
         DialogDriver driver;
@@ -364,52 +356,6 @@ void tst_FileDialogObject::cancelledWith()
     QVERIFY(!item);
     QCOMPARE(dialog.results(), QStringList());
     QCOMPARE(dialog.sink().events, opened);
-}
-
-void tst_FileDialogObject::closedByTheProgram_data()
-{
-    QTest::addColumn<QString>("event");
-    QTest::addColumn<HRESULT>("result");
-
-    QTest::newRow("at the start") << "folder" << S_OK;
-    QTest::newRow("with a success of its own") << "folder" << HRESULT(S_FALSE);
-    QTest::newRow("with a failure") << "folder" << E_FAIL;
-    QTest::newRow("as if cancelled") << "folder" << cancelledResult;
-    QTest::newRow("on acceptance") << "ok" << S_OK;
-    QTest::newRow("on a change of type") << "type" << S_OK;
-}
-
-void tst_FileDialogObject::closedByTheProgram()
-{
-    QFETCH(QString, event);
-    QFETCH(HRESULT, result);
-    const BuiltInDialog dialog;
-    QVERIFY(dialog.setFolder(m_folders->path()));
-    QVERIFY(dialog.setTypes(types));
-    dialog.sink().whenTold = [&dialog, &event, result](const QString& told) {
-        return told == event ? dialog->Close(result) : S_OK;
-    };
-    DialogDriver driver;
-    if (event != QLatin1String("folder")) {
-        driver.onDialog<QFileDialog>("act", [&event](QFileDialog& shown) {
-            if (event == QLatin1String("type"))
-                pickFilter(shown, 1);
-            else
-                acceptName(shown, QStringLiteral("a.dat"));
-        });
-    }
-    QCOMPARE(dialog.show(m_window.get()), result);
-    QVERIFY2(driver.finished(), qPrintable(driver.problem()));
-    QCOMPARE(dialog.result(), QString()); // nothing was chosen
-    QCOMPARE(dialog.results(), QStringList());
-    QCOMPARE(dialog.sink().events.last(), event);
-
-    // The object works as before.
-    dialog.sink().whenTold = {};
-    driver.onDialog<QFileDialog>("accept", [](QFileDialog& shown) { acceptName(shown, QStringLiteral("b.dat")); });
-    QCOMPARE(dialog.show(m_window.get()), S_OK);
-    QVERIFY2(driver.finished(), qPrintable(driver.problem()));
-    QCOMPARE(dialog.result(), m_folders->path(QStringLiteral("b.dat")));
 }
 
 /// Close() also closes a question that Qt has opened.
@@ -499,74 +445,16 @@ void tst_FileDialogObject::unknownOwner()
     QVERIFY2(driver.finished(), qPrintable(driver.problem()));
 }
 
-void tst_FileDialogObject::ownerDestroyed_data()
+void tst_FileDialogObject::ownerDestroyedUnderAQuestion()
 {
-    QTest::addColumn<QString>("event");
-    QTest::newRow("while the dialog waits") << "";
-    QTest::newRow("by a sink at the start") << "folder";
-    QTest::newRow("by a sink on acceptance") << "ok";
-    QTest::newRow("under a question") << "question";
-}
-
-void tst_FileDialogObject::ownerDestroyed()
-{
-    QFETCH(QString, event);
-    const BuiltInDialog dialog(CLSID_FileSaveDialog);
-    QVERIFY(dialog.setFolder(m_folders->path()));
-    dialog.sink().whenTold = [this, &event](const QString& told) {
-        if (told == event)
-            m_window.reset();
-        return S_OK;
-    };
+    const auto dialog = makeDialog(CLSID_FileSaveDialog);
     DialogDriver driver;
-    if (event.isEmpty())
-        driver.onDialog<QFileDialog>("destroy", [this](QFileDialog&) { m_window.reset(); });
-    else if (event == QLatin1String("ok"))
-        driver.onDialog<QFileDialog>("accept",
-                                     [](QFileDialog& shown) { acceptName(shown, QStringLiteral("new.dat")); });
-    else if (event == QLatin1String("question"))
-        driver.onDialog<QFileDialog>("accept", [](QFileDialog& shown) { acceptName(shown, QStringLiteral("a.dat")); });
-    if (event == QLatin1String("question"))
-        driver.onDialog<QMessageBox>("destroy", [this](QMessageBox&) { m_window.reset(); });
-    QCOMPARE(dialog.show(m_window.get()), cancelledResult);
+    driver.onDialog<QFileDialog>("accept", [](QFileDialog& shown) { acceptName(shown, QStringLiteral("a.dat")); });
+    driver.onDialog<QMessageBox>("destroy", [this](QMessageBox&) { m_window.reset(); });
+    QCOMPARE(dialog->show(m_window.get()), cancelledResult);
     QVERIFY2(driver.finished(), qPrintable(driver.problem()));
     QVERIFY(!m_window);
-    QCOMPARE(dialog.result(), QString());
-    QCOMPARE(dialog.folder(), m_folders->path());
-
-    dialog.sink().whenTold = {};
-    driver.onDialog<QFileDialog>("accept", [](QFileDialog& shown) { acceptName(shown, QStringLiteral("next.dat")); });
-    QCOMPARE(dialog.show(), S_OK);
-    QVERIFY2(driver.finished(), qPrintable(driver.problem()));
-    QCOMPARE(dialog.result(), m_folders->path(QStringLiteral("next.dat")));
-}
-
-void tst_FileDialogObject::refused()
-{
-    const BuiltInDialog dialog;
-    QVERIFY(dialog.setFolder(m_folders->path()));
-    QStringList chosen;
-    dialog.sink().whenTold = [&dialog, &chosen](const QString& event) {
-        if (event != QLatin1String("ok"))
-            return S_OK;
-        chosen += dialog.result();
-        return chosen.size() == 1 ? HRESULT(S_FALSE) : S_OK;
-    };
-    const ComPtr<RecordingSink> other(new RecordingSink, false);
-    DWORD cookie = 0;
-    dialog->Advise(other.get(), &cookie); // this sink accepts, but one refusal is enough
-    DialogDriver driver;
-    driver.onDialog<QFileDialog>("refused", [&dialog](QFileDialog& shown) {
-        acceptName(shown, QStringLiteral("a.dat"));
-        QVERIFY(shown.isVisible());
-        QCOMPARE(dialog.result(), QString());
-    });
-    driver.onDialog<QFileDialog>("accepted", [](QFileDialog& shown) { acceptName(shown, QStringLiteral("b.dat")); });
-    QCOMPARE(dialog.show(m_window.get()), S_OK);
-    QVERIFY2(driver.finished(), qPrintable(driver.problem()));
-    QCOMPARE(chosen, (QStringList{m_folders->path(QStringLiteral("a.dat")), m_folders->path(QStringLiteral("b.dat"))}));
-    QCOMPARE(dialog.result(), m_folders->path(QStringLiteral("b.dat")));
-    QCOMPARE(other->events, dialog.sink().events);
+    QCOMPARE(dialog->result(), QString());
 }
 
 void tst_FileDialogObject::failureOfASinkMeansNothing()
@@ -583,47 +471,6 @@ void tst_FileDialogObject::failureOfASinkMeansNothing()
     QCOMPARE(dialog.show(m_window.get()), S_OK);
     QVERIFY2(driver.finished(), qPrintable(driver.problem()));
     QCOMPARE(dialog.sink().events, (QStringList{"folder", "type", "ok"}));
-}
-
-void tst_FileDialogObject::throwingSink_data()
-{
-    QTest::addColumn<QString>("event");
-    QTest::newRow("at the start") << "folder";
-    QTest::newRow("on a change of type") << "type";
-    QTest::newRow("on acceptance") << "ok";
-}
-
-void tst_FileDialogObject::throwingSink()
-{
-    QFETCH(QString, event);
-    const BuiltInDialog dialog;
-    QVERIFY(dialog.setFolder(m_folders->path()));
-    QVERIFY(dialog.setTypes(types));
-    dialog.sink().whenTold = [&event](const QString& told) {
-        if (told == event)
-            throw std::runtime_error("the program's own");
-        return S_OK;
-    };
-    DialogDriver driver;
-    if (event != QLatin1String("folder")) {
-        driver.onDialog<QFileDialog>("act", [&event](QFileDialog& shown) {
-            if (event == QLatin1String("type"))
-                pickFilter(shown, 1);
-            else
-                acceptName(shown, QStringLiteral("a.dat"));
-        });
-    }
-    QVERIFY_EXCEPTION_THROWN(dialog.show(m_window.get()), std::runtime_error);
-    QVERIFY2(driver.finished(), qPrintable(driver.problem()));
-    QVERIFY(m_window->findChildren<QFileDialog*>().isEmpty());
-    QCOMPARE(dialog.result(), QString());
-    QCOMPARE(dialog->Close(S_OK), E_UNEXPECTED);
-
-    dialog.sink().whenTold = {};
-    driver.onDialog<QFileDialog>("accept", [](QFileDialog& shown) { acceptName(shown, QStringLiteral("b.dat")); });
-    QCOMPARE(dialog.show(m_window.get()), S_OK);
-    QVERIFY2(driver.finished(), qPrintable(driver.problem()));
-    QCOMPARE(dialog.result(), m_folders->path(QStringLiteral("b.dat")));
 }
 
 void tst_FileDialogObject::throwingSinkIsTheLastOneCalled()
@@ -1081,7 +928,7 @@ void tst_FileDialogObject::preselectedName()
     QFETCH(Class, kind);
     QFETCH(QString, name);
     QFETCH(QString, expected);
-    const auto dialog = makeDialog(kind);
+    const auto dialog = makeDialogOf(kind);
     QVERIFY(dialog->setFolder(m_folders->path()));
     QVERIFY(dialog->setName(name.contains(QLatin1String("%1")) ? name.arg(m_folders->path()) : name));
     DialogDriver driver;
@@ -1123,7 +970,7 @@ void tst_FileDialogObject::namesWithQuotes()
 {
     QFETCH(QString, name);
     for (const Class kind : {Class::Save, Class::Open}) {
-        const auto dialog = makeDialog(kind);
+        const auto dialog = makeDialogOf(kind);
         QVERIFY(dialog->setFolder(m_folders->path()));
         DialogDriver driver;
         driver.onDialog<QFileDialog>("accept", [&name](QFileDialog& shown) { acceptName(shown, name); });
@@ -1379,29 +1226,6 @@ void tst_FileDialogObject::refusedNameWithAQuote()
     QCOMPARE(dialog.result(), paths.last());
 }
 
-/// A sink that asks for results while the dialog is open must not get those of an earlier run.
-void tst_FileDialogObject::secondRunShowsNoOldResult()
-{
-    const BuiltInDialog dialog;
-    QVERIFY(dialog.setFolder(m_folders->path()));
-    QVERIFY(dialog.setOptions(FOS_ALLOWMULTISELECT));
-    DialogDriver driver;
-    driver.onDialog<QFileDialog>("accept", [](QFileDialog& shown) { acceptName(shown, QStringLiteral("a.dat")); });
-    QCOMPARE(dialog.show(m_window.get()), S_OK);
-    QCOMPARE(dialog.result(), m_folders->path(QStringLiteral("a.dat")));
-    dialog.sink().whenTold = [&dialog](const QString&) {
-        return dialog.result().isEmpty() && dialog.results().isEmpty() ? S_OK : dialog->Close(E_FAIL);
-    };
-    driver.onDialog<QFileDialog>("cancel", [&dialog](QFileDialog& shown) {
-        QCOMPARE(dialog.result(), QString());
-        QCOMPARE(dialog.results(), QStringList());
-        cancel(shown);
-    });
-    QCOMPARE(dialog.show(m_window.get()), cancelledResult);
-    QVERIFY2(driver.finished(), qPrintable(driver.problem()));
-    QCOMPARE(dialog.results(), QStringList());
-}
-
 /// Each run uses the settings at its start and nothing of an earlier run.
 void tst_FileDialogObject::switchesBetweenRuns()
 {
@@ -1452,13 +1276,5 @@ void tst_FileDialogObject::typedPatternInEachRun()
     }
 }
 
-int main(int argc, char* argv[])
-{
-    const TestHome home;
-    QApplication application(argc, argv);
-    QApplication::setQuitOnLastWindowClosed(false);
-    const Apartment apartment;
-    tst_FileDialogObject test;
-    return QTest::qExec(&test, argc, argv);
-}
+UI_TEST_MAIN(tst_FileDialogObject)
 #include "tst_FileDialogObject.moc"

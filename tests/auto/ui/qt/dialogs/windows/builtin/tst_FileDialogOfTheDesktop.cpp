@@ -1,7 +1,6 @@
-#include "BuiltInDialog.h"
+#include "BuiltInDialogTest.h"
 
 #include "DialogDriver.h"
-#include "DialogFolders.h"
 #include "FileDialogActions.h"
 #include "Keyboard.h"
 #include "ScriptedDesktop.h"
@@ -21,12 +20,6 @@
 
 namespace {
 
-const HRESULT cancelledResult = HRESULT_FROM_WIN32(ERROR_CANCELLED);
-const QStringList opened{QStringLiteral("folder")};
-const QStringList openedAndAccepted{QStringLiteral("folder"), QStringLiteral("ok")};
-const std::vector<std::pair<QString, QString>> types{{QStringLiteral("Data"), QStringLiteral("*.dat")},
-                                                     {QStringLiteral("Tables"), QStringLiteral("*.csv;*.tab")},
-                                                     {QStringLiteral("All"), QStringLiteral("*")}};
 const QStringList filters{QStringLiteral("Data (*.dat)"), QStringLiteral("Tables (*.csv *.tab)"),
                           QStringLiteral("All (*)")};
 
@@ -38,13 +31,12 @@ Q_DECLARE_METATYPE(Configuration)
 
 /// Tests the built-in dialog over a scripted desktop that draws it. Its events, its state and its results must be the
 /// same as those of a dialog that Qt draws.
-class tst_FileDialogOfTheDesktop : public QObject
+class tst_FileDialogOfTheDesktop : public BuiltInDialogRunTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void init();
-    void cleanup();
 
     void handsItsRequestOver_data();
     void handsItsRequestOver();
@@ -57,18 +49,12 @@ private Q_SLOTS:
     void acceptedWithNothingChosen_data() { addWindowRows(); }
     void acceptedWithNothingChosen();
     void cancelled();
-    void refused_data() { addWindowRows(); }
-    void refused();
+    void refusedIsShownAgain_data() { addWindowRows(); }
+    void refusedIsShownAgain();
     void refusedUntilCancelled();
     void refusedAndClosedMeanwhile();
-    void closedByASink_data();
-    void closedByASink();
     void closedWhileItWaits();
     void newsAfterTheEnd();
-    void ownerDestroyed_data();
-    void ownerDestroyed();
-    void throwingSink_data();
-    void throwingSink();
     void controlAddedWhileOpen();
 
     void folderEvents_data();
@@ -89,7 +75,6 @@ private Q_SLOTS:
     void labelsWhileOpen();
 
     void secondRunGoesOn();
-    void secondRunShowsNoOldResult();
     void secondRunKeepsTheName_data();
     void secondRunKeepsTheName();
     void secondRunIsDrawnByQtWithAControl();
@@ -97,37 +82,33 @@ private Q_SLOTS:
 private:
     static void addWindowRows();
     void acceptAfter(bool windowClosed);
-    void actFor(const QString& event);
-    std::unique_ptr<BuiltInDialog> makeDialog(REFCLSID classId = CLSID_FileOpenDialog) const;
-    QString path(const char* name) const { return m_folders->path(QLatin1String(name)); }
 
-    std::unique_ptr<DialogFolders> m_folders;
-    std::unique_ptr<QWidget> m_window;
+    void onShow(const char* name, const std::function<void()>& action) override { m_desktop->onShow(name, action); }
+    void onShowDoNothing() override { m_desktop->onShowDoNothing(); }
+    void userAccepts(const QString& file) override;
+    void userPicksType(int index) override { m_desktop->pickFilter(index); }
+    void userCancels() override { m_desktop->reject(); }
+    QString takeProblem() override;
+
     std::unique_ptr<ScriptedDesktop> m_desktop;
 };
 
 void tst_FileDialogOfTheDesktop::init()
 {
-    m_folders = std::make_unique<DialogFolders>();
-    for (const char* name : {"a.dat", "b.dat", "c.csv", "deeper/d.dat"})
-        m_folders->addFile(QLatin1String(name));
-    m_window = std::make_unique<QWidget>();
-    m_window->show();
+    BuiltInDialogRunTest::init();
     m_desktop = std::make_unique<ScriptedDesktop>();
 }
 
-void tst_FileDialogOfTheDesktop::cleanup()
+QString tst_FileDialogOfTheDesktop::takeProblem()
 {
-    const QString problem = m_desktop->problem();
-    const int dialogs = m_desktop->dialogs();
-    m_desktop.reset();
-    m_window.reset();
-    QVERIFY2(problem.isEmpty(), qPrintable(problem));
-    QCOMPARE(dialogs, 0);
-    QCOMPARE(RecordingSink::alive(), 0);
-    QCOMPARE(BuiltInDialog::leaked(), 0);
-    for (const QWidget* widget : QApplication::topLevelWidgets())
-        QVERIFY2(!qobject_cast<const QFileDialog*>(widget), "a dialog was left behind");
+    const auto desktop = std::exchange(m_desktop, nullptr);
+    return desktop->dialogs() == 0 ? desktop->problem() : QStringLiteral("a dialog of the desktop was left behind");
+}
+
+void tst_FileDialogOfTheDesktop::userAccepts(const QString& file)
+{
+    m_desktop->choose({path(file)});
+    m_desktop->closeAndAccept();
 }
 
 void tst_FileDialogOfTheDesktop::addWindowRows()
@@ -140,30 +121,6 @@ void tst_FileDialogOfTheDesktop::addWindowRows()
 void tst_FileDialogOfTheDesktop::acceptAfter(bool windowClosed)
 {
     windowClosed ? m_desktop->closeAndAccept() : m_desktop->accept();
-}
-
-/// Makes the user of the next dialog cause `event`: "folder", "type" or "ok". The first "folder" needs no action.
-void tst_FileDialogOfTheDesktop::actFor(const QString& event)
-{
-    if (event == QLatin1String("folder")) {
-        m_desktop->onShowDoNothing();
-        return;
-    }
-    m_desktop->onShow("act", [this, event] {
-        m_desktop->choose({path("a.dat")});
-        if (event == QLatin1String("type"))
-            m_desktop->pickFilter(1);
-        else
-            m_desktop->closeAndAccept();
-    });
-}
-
-std::unique_ptr<BuiltInDialog> tst_FileDialogOfTheDesktop::makeDialog(REFCLSID classId) const
-{
-    auto dialog = std::make_unique<BuiltInDialog>(classId);
-    if (!dialog->setFolder(m_folders->path()) || !dialog->setTypes(types))
-        qWarning("the dialog takes no folder or no types");
-    return dialog;
 }
 
 // Drawn by the desktop or by Qt
@@ -198,7 +155,7 @@ void tst_FileDialogOfTheDesktop::handsItsRequestOver()
     QFETCH(Configuration, configure);
     QFETCH(int, fileMode);
     QFETCH(int, options);
-    const auto dialog = makeDialog(saving ? CLSID_FileSaveDialog : CLSID_FileOpenDialog);
+    const auto dialog = makeDialogWithTypes(saving ? CLSID_FileSaveDialog : CLSID_FileOpenDialog);
     configure(*dialog);
     dialog->get()->SetTitle(L"\u6e2c");
     dialog->get()->SetOkButtonLabel(L"&Read");
@@ -247,7 +204,7 @@ void tst_FileDialogOfTheDesktop::isDrawnByQtWithControls()
 {
     QFETCH(Configuration, addControls);
     QFETCH(bool, drawnByQt);
-    const auto dialog = makeDialog();
+    const auto dialog = makeDialogWithTypes();
     addControls(*dialog);
     dialog->get()->SetFileTypeIndex(2);
     dialog->setName(QStringLiteral("a.dat"));
@@ -273,7 +230,7 @@ void tst_FileDialogOfTheDesktop::isDrawnByQtWithControls()
 void tst_FileDialogOfTheDesktop::isDrawnByQtWhereTheDesktopShowsNone()
 {
     m_desktop->showsDialogs = false;
-    const auto dialog = makeDialog(CLSID_FileSaveDialog);
+    const auto dialog = makeDialogWithTypes(CLSID_FileSaveDialog);
     dialog->get()->SetTitle(L"Title");
     dialog->get()->SetOkButtonLabel(L"&Write");
     dialog->get()->SetFileNameLabel(L"&Run:");
@@ -313,7 +270,7 @@ void tst_FileDialogOfTheDesktop::accepted()
 {
     QFETCH(bool, windowClosed);
     for (const bool saving : {false, true}) {
-        const auto dialog = makeDialog(saving ? CLSID_FileSaveDialog : CLSID_FileOpenDialog);
+        const auto dialog = makeDialogWithTypes(saving ? CLSID_FileSaveDialog : CLSID_FileOpenDialog);
         m_desktop->takeCalls();
         m_desktop->onShow("accept", [this, windowClosed] {
             QVERIFY(m_desktop->isShown());
@@ -333,7 +290,7 @@ void tst_FileDialogOfTheDesktop::accepted()
 void tst_FileDialogOfTheDesktop::acceptedWithNothingChosen()
 {
     QFETCH(bool, windowClosed);
-    const auto dialog = makeDialog();
+    const auto dialog = makeDialogWithTypes();
     m_desktop->onShow("nothing", [this, windowClosed] { acceptAfter(windowClosed); });
     m_desktop->onShow("something", [this] {
         QVERIFY(m_desktop->isShown());
@@ -347,7 +304,7 @@ void tst_FileDialogOfTheDesktop::acceptedWithNothingChosen()
 
 void tst_FileDialogOfTheDesktop::cancelled()
 {
-    const auto dialog = makeDialog();
+    const auto dialog = makeDialogWithTypes();
     m_desktop->onShow("choose, cancel", [this] {
         m_desktop->choose({path("a.dat")});
         m_desktop->reject();
@@ -358,22 +315,18 @@ void tst_FileDialogOfTheDesktop::cancelled()
     QCOMPARE(dialog->sink().events, opened);
 }
 
-void tst_FileDialogOfTheDesktop::refused()
+void tst_FileDialogOfTheDesktop::refusedIsShownAgain()
 {
     QFETCH(bool, windowClosed);
-    const auto dialog = makeDialog();
-    QStringList chosen;
-    dialog->sink().whenTold = [&dialog, &chosen](const QString& event) {
-        if (event != QLatin1String("ok"))
-            return S_OK;
-        chosen += dialog->result();
-        return chosen.size() == 1 ? HRESULT(S_FALSE) : S_OK;
+    const auto dialog = makeDialogWithTypes();
+    bool mayAccept = false;
+    dialog->sink().whenTold = [&mayAccept](const QString& event) {
+        return event == QLatin1String("ok") && !std::exchange(mayAccept, true) ? S_FALSE : S_OK;
     };
-    m_desktop->onShow("refused", [this, windowClosed, &dialog] {
+    m_desktop->onShow("refused", [this, windowClosed] {
         m_desktop->choose({path("a.dat")});
         m_desktop->takeCalls();
         acceptAfter(windowClosed);
-        QCOMPARE(dialog->result(), QString());
     });
     m_desktop->onShow("accepted", [this, windowClosed] {
         QVERIFY(m_desktop->isShown());
@@ -381,16 +334,14 @@ void tst_FileDialogOfTheDesktop::refused()
         acceptAfter(windowClosed);
     });
     QCOMPARE(dialog->show(m_window.get()), S_OK);
-    QCOMPARE(chosen, (QStringList{path("a.dat"), path("b.dat")}));
     QCOMPARE(dialog->result(), path("b.dat"));
-    QCOMPARE(dialog->sink().events, (QStringList{"folder", "ok", "ok"}));
     QCOMPARE(m_desktop->takeCalls(), (QStringList{"hide", "show", "hide"}));
 }
 
 void tst_FileDialogOfTheDesktop::refusedUntilCancelled()
 {
     m_desktop->tellsOfFiltersOnTheWay = true;
-    const auto dialog = makeDialog();
+    const auto dialog = makeDialogWithTypes();
     dialog->get()->SetFileTypeIndex(3);
     dialog->sink().whenTold = [](const QString& event) { return event == QLatin1String("ok") ? S_FALSE : S_OK; };
     for (const char* name : {"a.dat", "b.dat"}) {
@@ -409,7 +360,7 @@ void tst_FileDialogOfTheDesktop::refusedUntilCancelled()
 /// The dialog is closed between the refusal and the moment at which it would be shown again.
 void tst_FileDialogOfTheDesktop::refusedAndClosedMeanwhile()
 {
-    const auto dialog = makeDialog();
+    const auto dialog = makeDialogWithTypes();
     dialog->sink().whenTold = [](const QString& event) { return event == QLatin1String("ok") ? S_FALSE : S_OK; };
     m_desktop->onShow("refused, closed", [this, &dialog] {
         m_desktop->choose({path("a.dat")});
@@ -422,41 +373,9 @@ void tst_FileDialogOfTheDesktop::refusedAndClosedMeanwhile()
     QCOMPARE(dialog->result(), QString());
 }
 
-void tst_FileDialogOfTheDesktop::closedByASink_data()
-{
-    QTest::addColumn<QString>("event");
-    QTest::addColumn<HRESULT>("result");
-    QTest::newRow("at the start") << "folder" << S_OK;
-    QTest::newRow("with a failure") << "folder" << E_FAIL;
-    QTest::newRow("on a change of type") << "type" << HRESULT(S_FALSE);
-    QTest::newRow("on acceptance") << "ok" << S_OK;
-}
-
-void tst_FileDialogOfTheDesktop::closedByASink()
-{
-    QFETCH(QString, event);
-    QFETCH(HRESULT, result);
-    const auto dialog = makeDialog();
-    dialog->sink().whenTold = [&dialog, &event, result](const QString& told) {
-        return told == event ? dialog->get()->Close(result) : S_OK;
-    };
-    actFor(event);
-    QCOMPARE(dialog->show(m_window.get()), result);
-    QCOMPARE(dialog->result(), QString()); // nothing was accepted
-    QCOMPARE(dialog->sink().events.last(), event);
-
-    dialog->sink().whenTold = {};
-    m_desktop->onShow("accept", [this] {
-        m_desktop->choose({path("b.dat")});
-        m_desktop->accept();
-    });
-    QCOMPARE(dialog->show(m_window.get()), S_OK);
-    QCOMPARE(dialog->result(), path("b.dat"));
-}
-
 void tst_FileDialogOfTheDesktop::closedWhileItWaits()
 {
-    const auto dialog = makeDialog();
+    const auto dialog = makeDialogWithTypes();
     m_desktop->onShow("close", [this, &dialog] {
         QCOMPARE(dialog->get()->Close(E_FAIL), S_OK);
         QVERIFY(!m_desktop->isShown());
@@ -468,7 +387,7 @@ void tst_FileDialogOfTheDesktop::closedWhileItWaits()
 /// A desktop whose dialogs run in another process may report actions of the user after the dialog was closed.
 void tst_FileDialogOfTheDesktop::newsAfterTheEnd()
 {
-    const auto dialog = makeDialog();
+    const auto dialog = makeDialogWithTypes();
     m_desktop->onShow("close, tell", [this, &dialog] {
         QCOMPARE(dialog->get()->Close(E_FAIL), S_OK);
         m_desktop->enterFolder(path("deeper"));
@@ -481,70 +400,10 @@ void tst_FileDialogOfTheDesktop::newsAfterTheEnd()
     QCOMPARE(dialog->result(), QString());
 }
 
-void tst_FileDialogOfTheDesktop::ownerDestroyed_data()
-{
-    QTest::addColumn<QString>("event");
-    QTest::newRow("while the dialog waits") << "";
-    QTest::newRow("by a sink at the start") << "folder";
-    QTest::newRow("by a sink on a change of type") << "type";
-    QTest::newRow("by a sink on acceptance") << "ok";
-}
-
-void tst_FileDialogOfTheDesktop::ownerDestroyed()
-{
-    QFETCH(QString, event);
-    const auto dialog = makeDialog();
-    dialog->sink().whenTold = [this, &event](const QString& told) {
-        if (told == event)
-            m_window.reset();
-        return S_OK;
-    };
-    if (event.isEmpty())
-        m_desktop->onShow("destroy", [this] { m_window.reset(); });
-    else
-        actFor(event);
-    QCOMPARE(dialog->show(m_window.get()), cancelledResult);
-    QVERIFY(!m_window);
-    QCOMPARE(dialog->result(), QString());
-    QCOMPARE(dialog->folder(), m_folders->path());
-
-    dialog->sink().whenTold = {};
-    m_desktop->onShow("accept", [this] {
-        m_desktop->choose({path("b.dat")});
-        m_desktop->accept();
-    });
-    QCOMPARE(dialog->show(), S_OK);
-    QCOMPARE(dialog->result(), path("b.dat"));
-}
-
-void tst_FileDialogOfTheDesktop::throwingSink_data()
-{
-    QTest::addColumn<QString>("event");
-    QTest::newRow("at the start") << "folder";
-    QTest::newRow("on a change of type") << "type";
-    QTest::newRow("on acceptance") << "ok";
-}
-
-void tst_FileDialogOfTheDesktop::throwingSink()
-{
-    QFETCH(QString, event);
-    const auto dialog = makeDialog();
-    dialog->sink().whenTold = [&event](const QString& told) {
-        if (told == event)
-            throw std::runtime_error("the program's own");
-        return S_OK;
-    };
-    actFor(event);
-    QVERIFY_EXCEPTION_THROWN(dialog->show(m_window.get()), std::runtime_error);
-    QCOMPARE(dialog->result(), QString());
-    QCOMPARE(dialog->sink().events.last(), event);
-    QCOMPARE(m_desktop->takeCalls().count(QStringLiteral("show")), 1);
-}
-
 /// The desktop's dialog cannot show the control and stays open without it.
 void tst_FileDialogOfTheDesktop::controlAddedWhileOpen()
 {
-    const auto dialog = makeDialog();
+    const auto dialog = makeDialogWithTypes();
     m_desktop->onShow("add, accept", [this, &dialog] {
         QCOMPARE(dialog->controls().AddPushButton(1, L"Late"), S_OK);
         QVERIFY(m_desktop->isShown());
@@ -568,7 +427,7 @@ void tst_FileDialogOfTheDesktop::folderEvents()
 {
     QFETCH(bool, tellsOfEveryFolder);
     m_desktop->tellsOfEveryFolder = tellsOfEveryFolder;
-    const auto dialog = makeDialog();
+    const auto dialog = makeDialogWithTypes();
     QStringList shownFolders;
     dialog->sink().whenTold = [&dialog, &shownFolders](const QString&) {
         shownFolders += dialog->folder();
@@ -591,7 +450,7 @@ void tst_FileDialogOfTheDesktop::folderSetWhileOpen()
 {
     for (const bool tellsOfEveryFolder : {false, true}) {
         m_desktop->tellsOfEveryFolder = tellsOfEveryFolder;
-        const auto dialog = makeDialog();
+        const auto dialog = makeDialogWithTypes();
         m_desktop->onShow("set", [this, &dialog] {
             QVERIFY(dialog->setFolder(path("deeper")));
             QCOMPARE(dialog->folder(), path("deeper"));
@@ -607,7 +466,7 @@ void tst_FileDialogOfTheDesktop::folderSetWhileOpen()
 
 void tst_FileDialogOfTheDesktop::typeEvents()
 {
-    const auto dialog = makeDialog();
+    const auto dialog = makeDialogWithTypes();
     dialog->get()->SetFileTypeIndex(2);
     QList<int> indexes;
     dialog->sink().whenTold = [&dialog, &indexes](const QString& event) {
@@ -638,7 +497,7 @@ void tst_FileDialogOfTheDesktop::typeSetWhileOpen()
 {
     QFETCH(bool, tellsOfFilters);
     m_desktop->tellsOfFiltersOnTheWay = tellsOfFilters;
-    const auto dialog = makeDialog();
+    const auto dialog = makeDialogWithTypes();
     m_desktop->onShow("set, pick", [this, &dialog] {
         m_desktop->takeCalls();
         QCOMPARE(dialog->get()->SetFileTypeIndex(3), S_OK);
@@ -656,7 +515,7 @@ void tst_FileDialogOfTheDesktop::typeSetWhileOpen()
 void tst_FileDialogOfTheDesktop::typesOnTheWayAreNotTold()
 {
     m_desktop->tellsOfFiltersOnTheWay = true;
-    const auto dialog = makeDialog();
+    const auto dialog = makeDialogWithTypes();
     dialog->get()->SetFileTypeIndex(3);
     m_desktop->onShow("pick, cancel", [this, &dialog] {
         QCOMPARE(dialog->sink().events.count(QStringLiteral("type")), 0);
@@ -718,7 +577,7 @@ void tst_FileDialogOfTheDesktop::preselectedName()
 {
     QFETCH(QString, name);
     QFETCH(QStringList, asked);
-    const auto dialog = makeDialog();
+    const auto dialog = makeDialogWithTypes();
     QVERIFY(dialog->setOptions(FOS_ALLOWMULTISELECT));
     QVERIFY(dialog->setName(name.contains(QLatin1String("%1")) ? name.arg(m_folders->path()) : name));
     m_desktop->onShow("accept", [this] { m_desktop->accept(); });
@@ -735,7 +594,7 @@ void tst_FileDialogOfTheDesktop::preselectedName()
 
 void tst_FileDialogOfTheDesktop::nameWhileOpen()
 {
-    const auto dialog = makeDialog(CLSID_FileSaveDialog);
+    const auto dialog = makeDialogWithTypes(CLSID_FileSaveDialog);
     QVERIFY(dialog->setName(QStringLiteral("new.dat")));
     m_desktop->onShow("set", [this, &dialog] {
         m_desktop->takeCalls();
@@ -756,7 +615,7 @@ void tst_FileDialogOfTheDesktop::nameWhileOpen()
 
 void tst_FileDialogOfTheDesktop::several()
 {
-    const auto dialog = makeDialog();
+    const auto dialog = makeDialogWithTypes();
     QVERIFY(dialog->setOptions(FOS_ALLOWMULTISELECT));
     m_desktop->onShow("accept", [this, &dialog] {
         m_desktop->choose({path("a.dat"), path("c.csv")});
@@ -771,7 +630,7 @@ void tst_FileDialogOfTheDesktop::several()
 
 void tst_FileDialogOfTheDesktop::folders()
 {
-    const auto dialog = makeDialog();
+    const auto dialog = makeDialogWithTypes();
     QVERIFY(dialog->setOptions(FOS_PICKFOLDERS));
     m_desktop->onShow("accept", [this] {
         m_desktop->choose({path("deeper")});
@@ -784,7 +643,7 @@ void tst_FileDialogOfTheDesktop::folders()
 /// Desktops read labels when they show a dialog. Labels of an earlier run must not appear in the next one.
 void tst_FileDialogOfTheDesktop::labelsWhileOpen()
 {
-    const auto dialog = makeDialog();
+    const auto dialog = makeDialogWithTypes();
     dialog->get()->SetOkButtonLabel(L"&Read");
     m_desktop->onShow("set", [this, &dialog] {
         QCOMPARE(dialog->get()->SetOkButtonLabel(L""), S_OK);
@@ -805,7 +664,7 @@ void tst_FileDialogOfTheDesktop::labelsWhileOpen()
 
 void tst_FileDialogOfTheDesktop::secondRunGoesOn()
 {
-    const auto dialog = makeDialog();
+    const auto dialog = makeDialogWithTypes();
     m_desktop->onShow("first", [this] {
         m_desktop->enterFolder(path("deeper"));
         m_desktop->pickFilter(2);
@@ -829,24 +688,6 @@ void tst_FileDialogOfTheDesktop::secondRunGoesOn()
     QCOMPARE(dialog->sink().events, (QStringList{"folder", "folder", "type", "ok", "folder"}));
 }
 
-void tst_FileDialogOfTheDesktop::secondRunShowsNoOldResult()
-{
-    const auto dialog = makeDialog();
-    m_desktop->onShow("first", [this] {
-        m_desktop->choose({path("a.dat")});
-        m_desktop->accept();
-    });
-    QCOMPARE(dialog->show(m_window.get()), S_OK);
-    QCOMPARE(dialog->result(), path("a.dat"));
-    m_desktop->onShow("second", [this, &dialog] {
-        QCOMPARE(dialog->result(), QString());
-        QCOMPARE(dialog->results(), QStringList());
-        m_desktop->reject();
-    });
-    QCOMPARE(dialog->show(m_window.get()), cancelledResult);
-    QCOMPARE(dialog->result(), QString());
-}
-
 void tst_FileDialogOfTheDesktop::secondRunKeepsTheName_data()
 {
     QTest::addColumn<bool>("tellsOfPreselection");
@@ -858,7 +699,7 @@ void tst_FileDialogOfTheDesktop::secondRunKeepsTheName()
 {
     QFETCH(bool, tellsOfPreselection);
     m_desktop->tellsOfPreselection = tellsOfPreselection;
-    const auto dialog = makeDialog(CLSID_FileSaveDialog);
+    const auto dialog = makeDialogWithTypes(CLSID_FileSaveDialog);
     QVERIFY(dialog->setName(QStringLiteral("new.dat")));
     for (int run = 0; run < 2; ++run) {
         m_desktop->onShow("cancel", [this, &dialog] {
@@ -873,7 +714,7 @@ void tst_FileDialogOfTheDesktop::secondRunKeepsTheName()
 
 void tst_FileDialogOfTheDesktop::secondRunIsDrawnByQtWithAControl()
 {
-    const auto dialog = makeDialog();
+    const auto dialog = makeDialogWithTypes();
     m_desktop->onShow("desktop", [this] {
         m_desktop->enterFolder(path("deeper"));
         m_desktop->pickFilter(1);
@@ -894,13 +735,5 @@ void tst_FileDialogOfTheDesktop::secondRunIsDrawnByQtWithAControl()
     QCOMPARE(dialog->result(), path("deeper/d.dat"));
 }
 
-int main(int argc, char* argv[])
-{
-    const TestHome home;
-    QApplication application(argc, argv);
-    QApplication::setQuitOnLastWindowClosed(false);
-    const Apartment apartment;
-    tst_FileDialogOfTheDesktop test;
-    return QTest::qExec(&test, argc, argv);
-}
+UI_TEST_MAIN(tst_FileDialogOfTheDesktop)
 #include "tst_FileDialogOfTheDesktop.moc"
