@@ -1,4 +1,5 @@
 #include "TestHome.h"
+#include "ui/qt/dialogs/windows/com/ComPtr_p.h"
 #include "ui/qt/dialogs/windows/com/RefCounted_p.h"
 
 #include <QtTest>
@@ -36,19 +37,38 @@ public:
     }
     HRESULT STDMETHODCALLTYPE LockServer(BOOL) override { return E_NOTIMPL; }
 
-    /// Returns the number of references. The tests create the object on the stack, with one reference that stays.
-    ULONG references()
-    {
-        AddRef();
-        return Release();
-    }
-
     int asked = 0;
     bool askedForFileDialog = false;
 
 private:
     HRESULT m_answer;
 };
+
+struct FirstInterface : IUnknown
+{
+};
+struct SecondInterface : IUnknown
+{
+};
+
+class TwoInterfaces : public RefCounted<FirstInterface, SecondInterface>
+{
+public:
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override
+    {
+        const QITAB table[] = {{&IID_IFileDialogEvents, offsetOf<FirstInterface>(this)},
+                               {&IID_IFileDialogControlEvents, offsetOf<SecondInterface>(this)},
+                               {nullptr, 0}};
+        return QISearch(this, table, iid, object);
+    }
+};
+
+template <typename Object>
+ULONG referencesOf(Object& object)
+{
+    object.AddRef();
+    return object.Release();
+}
 
 /// Runs `step` in a new thread, which is in no apartment yet.
 template <typename Step>
@@ -133,12 +153,12 @@ void tst_shellObjects::refusesTheOtherKindOfApartment()
 
 void tst_shellObjects::makesNothingOutsideOfAnApartment()
 {
-    SilentFactory factory(S_OK);
+    const auto factory = adopt(new SilentFactory(S_OK));
     DWORD cookie = 0;
     HRESULT result = S_OK;
     onFreshThread([&] {
         CoInitializeEx(nullptr, singleThreaded);
-        CoRegisterClassObject(testClass, &factory, CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, &cookie);
+        CoRegisterClassObject(testClass, factory.get(), CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, &cookie);
         CoUninitialize();
         result = create(testClass);
         CoInitializeEx(nullptr, singleThreaded);
@@ -146,7 +166,7 @@ void tst_shellObjects::makesNothingOutsideOfAnApartment()
         CoUninitialize();
     });
     check(result, CO_E_NOTINITIALIZED);
-    QCOMPARE(factory.asked, 0);
+    QCOMPARE(factory->asked, 0);
 }
 
 void tst_shellObjects::takesUnbalancedLeaving()
@@ -170,38 +190,38 @@ void tst_shellObjects::knowsNoOtherClass()
 
 void tst_shellObjects::asksTheClassObjectThatWasRegisteredLast()
 {
-    SilentFactory first(E_OUTOFMEMORY);
-    SilentFactory second(E_UNEXPECTED);
+    const auto first = adopt(new SilentFactory(E_OUTOFMEMORY));
+    const auto second = adopt(new SilentFactory(E_UNEXPECTED));
     DWORD firstCookie = 0;
     DWORD secondCookie = 0;
     QCOMPARE(CoInitializeEx(nullptr, singleThreaded), S_OK);
-    QCOMPARE(
-        CoRegisterClassObject(CLSID_FileOpenDialog, &first, CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, &firstCookie),
-        S_OK);
+    QCOMPARE(CoRegisterClassObject(CLSID_FileOpenDialog, first.get(), CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE,
+                                   &firstCookie),
+             S_OK);
     QVERIFY(firstCookie != 0);
     QCOMPARE(create(CLSID_FileOpenDialog), E_OUTOFMEMORY); // used in place of the built-in class
-    QVERIFY(first.askedForFileDialog);
+    QVERIFY(first->askedForFileDialog);
     QCOMPARE(CoRevokeClassObject(firstCookie), S_OK);
-    QCOMPARE(
-        CoRegisterClassObject(CLSID_FileOpenDialog, &second, CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, &secondCookie),
-        S_OK);
+    QCOMPARE(CoRegisterClassObject(CLSID_FileOpenDialog, second.get(), CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE,
+                                   &secondCookie),
+             S_OK);
     QVERIFY(secondCookie != firstCookie);
     QCOMPARE(create(CLSID_FileOpenDialog), E_UNEXPECTED);
-    QCOMPARE(first.asked, 1);
+    QCOMPARE(first->asked, 1);
     QCOMPARE(CoRevokeClassObject(secondCookie), S_OK);
     CoUninitialize();
 }
 
 void tst_shellObjects::holdsAClassObjectWhileItIsRegistered()
 {
-    SilentFactory factory(E_FAIL);
+    const auto factory = adopt(new SilentFactory(E_FAIL));
     DWORD cookie = 0;
     QCOMPARE(CoInitializeEx(nullptr, singleThreaded), S_OK);
-    QCOMPARE(CoRegisterClassObject(testClass, &factory, CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, &cookie), S_OK);
-    QVERIFY(factory.references() > 1);
+    QCOMPARE(CoRegisterClassObject(testClass, factory.get(), CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, &cookie), S_OK);
+    QVERIFY(referencesOf(*factory) > 1);
     create(testClass);
     QCOMPARE(CoRevokeClassObject(cookie), S_OK);
-    QCOMPARE(factory.references(), ULONG(1));
+    QCOMPARE(referencesOf(*factory), ULONG(1));
     QVERIFY(FAILED(CoRevokeClassObject(cookie)));
     QCOMPARE(create(testClass), REGDB_E_CLASSNOTREG);
     CoUninitialize();
@@ -209,47 +229,37 @@ void tst_shellObjects::holdsAClassObjectWhileItIsRegistered()
 
 void tst_shellObjects::refusesWhatItCannotRegister()
 {
-    SilentFactory factory(E_FAIL);
+    const auto factory = adopt(new SilentFactory(E_FAIL));
     DWORD cookie = 0;
     QCOMPARE(CoInitializeEx(nullptr, singleThreaded), S_OK);
     QVERIFY(FAILED(CoRegisterClassObject(testClass, nullptr, CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, &cookie)));
-    QVERIFY(FAILED(CoRegisterClassObject(testClass, &factory, CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, nullptr)));
-    QCOMPARE(factory.references(), ULONG(1));
+    QVERIFY(FAILED(CoRegisterClassObject(testClass, factory.get(), CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, nullptr)));
+    QCOMPARE(referencesOf(*factory), ULONG(1));
     CoUninitialize();
 }
 
 void tst_shellObjects::findsInterfacesByTable()
 {
-    // The table refers to two class factories in a row. They are never called; only addresses and counts matter.
-    struct Pair
-    {
-        SilentFactory first{S_OK};
-        SilentFactory second{S_OK};
-    } pair;
-    const auto distance = reinterpret_cast<char*>(&pair.second) - reinterpret_cast<char*>(&pair.first);
-    const QITAB table[] = {{&IID_IFileDialogEvents, 0},
-                           {&IID_IFileDialogControlEvents, static_cast<decltype(QITAB::dwOffset)>(distance)},
-                           {nullptr, 0}};
-
+    const auto object = adopt(new TwoInterfaces);
+    auto* const second = static_cast<SecondInterface*>(object.get());
     void* found = nullptr;
-    QCOMPARE(QISearch(&pair.first, table, IID_IFileDialogControlEvents, &found), S_OK);
-    QCOMPARE(found, static_cast<void*>(&pair.second));
-    QCOMPARE(pair.second.references(), ULONG(2));
-    QCOMPARE(pair.first.references(), ULONG(1));
+    QCOMPARE(object->QueryInterface(IID_IFileDialogControlEvents, &found), S_OK);
+    QCOMPARE(found, static_cast<void*>(second));
+    QCOMPARE(referencesOf(*object), ULONG(2));
+    second->Release();
 
-    QCOMPARE(QISearch(&pair.first, table, IID_IFileDialog, &found), E_NOINTERFACE);
+    QCOMPARE(object->QueryInterface(IID_IFileDialog, &found), E_NOINTERFACE);
     QVERIFY(!found);
-    QCOMPARE(QISearch(&pair.first, table, IID_IFileDialogEvents, nullptr), E_POINTER);
-    QCOMPARE(pair.first.references(), ULONG(1));
+    QCOMPARE(object->QueryInterface(IID_IFileDialogEvents, nullptr), E_POINTER);
+    QCOMPARE(referencesOf(*object), ULONG(1));
 }
 
 void tst_shellObjects::answersForIUnknownWithTheFirstInterface()
 {
-    SilentFactory object(S_OK);
-    void* found = nullptr;
-    QCOMPARE(object.QueryInterface(IID_IUnknown, &found), S_OK);
-    QCOMPARE(found, static_cast<void*>(static_cast<IClassFactory*>(&object)));
-    QCOMPARE(object.references(), ULONG(2));
+    const auto object = adopt(new TwoInterfaces);
+    const auto found = queryFor<IUnknown>(IID_IUnknown, static_cast<SecondInterface*>(object.get()));
+    QCOMPARE(found.get(), static_cast<IUnknown*>(static_cast<FirstInterface*>(object.get())));
+    QCOMPARE(referencesOf(*object), ULONG(2));
 }
 
 void tst_shellObjects::freesTaskMemory()
