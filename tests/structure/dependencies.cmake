@@ -2,8 +2,9 @@
 #   property, platform, textsearch and compat do not include the user interface (ui/);
 #   ui/qt/controls and ui/qt/dialogs do not include each other;
 #   textsearch, controls/numbers and dialogs/rules include no widgets;
-#   only dialogs/windows uses the shell's interfaces, and only the facades (ExtendedFileDialog, SaveFileDialog) include
-#   dialogs/windows.
+#   dialogs/rules does not look at the file system;
+#   dialogs/save does not include the facades;
+#   only dialogs/windows uses the shell's interfaces, and only dialogKinds_p.h includes dialogs/windows from outside.
 cmake_policy(VERSION 3.16)
 
 set(failures "")
@@ -72,13 +73,20 @@ allow_of_qt("${numbers}" "Latin1String|Locale|String|VarLengthArray|Validator|tG
 set(rules ${all})
 list(FILTER rules INCLUDE REGEX "^ui/qt/dialogs/rules/")
 allow_of_qt("${rules}" "Char|Latin1String|Map|Pair|RegExp|String|StringList|Vector" "rules know text only, of all Qt")
+refuse_includes("${rules}" "<(boost/filesystem/(operations|directory|fstream)\\.hpp|boost/filesystem\\.hpp|filesystem|fstream)>"
+    "rules never look at the file system")
+
+set(save ${all})
+list(FILTER save INCLUDE REGEX "^ui/qt/dialogs/save/")
+refuse_includes("${save}" "dialogs/(dialogKinds|ExtendedFileDialog|SaveFile[A-Za-z]*Dialog|LaunchFileDialog)"
+    "the save flow knows no facade")
 
 set(portable ${all})
 list(FILTER portable EXCLUDE REGEX "^ui/qt/dialogs/windows/")
 refuse_text("${portable}" "shellapi\\.h|windows\\.h|shobjidl|IFileDialog|IShellItem|CoInitialize|CoCreateInstance|CoTaskMem|HRESULT"
     "only dialogs/windows knows the shell")
-list(FILTER portable EXCLUDE REGEX "^ui/qt/dialogs/(ExtendedFileDialog|SaveFileDialog)\\.cpp$")
-refuse_includes("${portable}" "dialogs/windows/" "only the facades know the native half")
+list(FILTER portable EXCLUDE REGEX "^ui/qt/dialogs/dialogKinds_p\\.h$")
+refuse_includes("${portable}" "dialogs/windows/" "only dialogKinds_p.h knows the native half")
 
 if(failures)
     message(FATAL_ERROR "Includes against the direction of dependencies:${failures}")

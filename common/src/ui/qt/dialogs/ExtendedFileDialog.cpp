@@ -1,7 +1,8 @@
 #include "ui/qt/dialogs/ExtendedFileDialog.h"
 
-#include "ui/qt/dialogs/QExtendedFileDialog.h"
-#include "ui/qt/dialogs/windows/ExtendedWinFileDialog.h"
+#include "ui/qt/dialogs/dialogKinds_p.h"
+
+using zelmar::internal::callKind;
 
 bool ExtendedFileDialog::m_useNativeFileDialog = true;
 
@@ -26,64 +27,63 @@ ExtendedFileDialog::~ExtendedFileDialog()
 
 int ExtendedFileDialog::exec()
 {
-    return m_winDialog ? m_winDialog->exec() : m_qtDialog->exec();
+    return callKind(m_winDialog, m_qtDialog, [](auto& dialog) { return dialog.exec(); });
 }
 
 QStringList ExtendedFileDialog::selectedFiles() const
 {
-    return m_winDialog ? m_winDialog->selectedFiles() : m_qtDialog->selectedFiles();
+    return callKind(m_winDialog, m_qtDialog, [](auto& dialog) { return dialog.selectedFiles(); });
 }
 
 QDir ExtendedFileDialog::directory() const
 {
-    return m_winDialog ? m_winDialog->directory() : m_qtDialog->directory();
+    return callKind(m_winDialog, m_qtDialog, [](auto& dialog) { return dialog.directory(); });
 }
 
 void ExtendedFileDialog::setDirectory(const QString& directory)
 {
-    m_winDialog ? m_winDialog->setDirectory(directory) : m_qtDialog->setDirectory(directory);
+    callKind(m_winDialog, m_qtDialog, [&](auto& dialog) { dialog.setDirectory(directory); });
 }
 
 void ExtendedFileDialog::selectFile(const QString& path)
 {
-    m_winDialog ? m_winDialog->selectFile(path) : m_qtDialog->selectFile(path);
+    callKind(m_winDialog, m_qtDialog, [&](auto& dialog) { dialog.selectFile(path); });
 }
 
 void ExtendedFileDialog::setFileMode(QFileDialog::FileMode mode)
 {
-    m_winDialog ? m_winDialog->setFileMode(mode) : m_qtDialog->setFileMode(mode);
+    callKind(m_winDialog, m_qtDialog, [&](auto& dialog) { dialog.setFileMode(mode); });
 }
 
 QStringList ExtendedFileDialog::nameFilters() const
 {
-    return m_winDialog ? m_winDialog->nameFilters() : m_qtDialog->nameFilters();
+    return callKind(m_winDialog, m_qtDialog, [](auto& dialog) { return dialog.nameFilters(); });
 }
 
 void ExtendedFileDialog::setNameFilters(const QStringList& filters)
 {
-    m_winDialog ? m_winDialog->setNameFilters(filters) : m_qtDialog->setNameFilters(filters);
+    callKind(m_winDialog, m_qtDialog, [&](auto& dialog) { dialog.setNameFilters(filters); });
 }
 
 void ExtendedFileDialog::selectNameFilter(const QString& filter)
 {
-    m_winDialog ? m_winDialog->selectNameFilter(filter) : m_qtDialog->selectNameFilter(filter);
+    callKind(m_winDialog, m_qtDialog, [&](auto& dialog) { dialog.selectNameFilter(filter); });
 }
 
 QString ExtendedFileDialog::selectedNameFilter() const
 {
-    return m_winDialog ? m_winDialog->selectedNameFilter() : m_qtDialog->selectedNameFilter();
+    return callKind(m_winDialog, m_qtDialog, [](auto& dialog) { return dialog.selectedNameFilter(); });
 }
 
 void ExtendedFileDialog::setDontConfirmOverwrite(bool on)
 {
-    m_winDialog ? m_winDialog->setDontConfirmOverwrite(on)
-                : m_qtDialog->setOption(QFileDialog::DontConfirmOverwrite, on);
+    callKind(m_winDialog, m_qtDialog, [&](auto& dialog) { dialog.setDontConfirmOverwrite(on); });
 }
 
 void ExtendedFileDialog::setShowDirectoriesOnly(bool on)
 {
-    if (!m_winDialog) // Compatibility: directories-only-ignored
-        m_qtDialog->setOption(QFileDialog::ShowDirsOnly, on);
+    if (m_qtDialog) // Compatibility: directories-only-ignored
+        m_qtDialog->setShowDirectoriesOnly(on);
 }
 
 bool ExtendedFileDialog::useNativeFileDialog()

@@ -1,14 +1,14 @@
 #include "ui/qt/dialogs/SaveFileDialog.h"
 
 #include "ui/qt/dialogs/DefaultSaveFileMessageHandler.h"
-#include "ui/qt/dialogs/ExtendedFileDialog.h"
-#include "ui/qt/dialogs/SaveFileQtDialog.h"
-#include "ui/qt/dialogs/windows/SaveFileWinDialog.h"
+#include "ui/qt/dialogs/dialogKinds_p.h"
 
 #include <utility>
 
 using zelmar::DefaultSaveFileMessageHandler;
 using zelmar::SaveFileMessageHandlerInterface;
+using zelmar::internal::callKind;
+using zelmar::internal::createKind;
 
 SaveFileDialog::SaveFileDialog(QWidget* parent, const std::string& caption, const std::string& directory,
                                const std::string& defaultFileName, const std::string& filter,
@@ -23,12 +23,8 @@ SaveFileDialog::SaveFileDialog(QWidget* parent, const std::string& caption, cons
                                const std::string& helpTopic,
                                std::unique_ptr<SaveFileMessageHandlerInterface> messageHandler)
 {
-    if (ExtendedFileDialog::useNativeFileDialog())
-        m_nativeFlow = std::make_unique<SaveFileWinDialog>(parent, caption, directory, defaultFileName, filter,
-                                                           helpTopic, std::move(messageHandler));
-    else
-        m_qtFlow = std::make_unique<SaveFileQtDialog>(parent, caption, directory, defaultFileName, filter, helpTopic,
-                                                      std::move(messageHandler));
+    createKind(m_nativeFlow, m_qtFlow, parent, caption, directory, defaultFileName, filter, helpTopic,
+               std::move(messageHandler));
 }
 
 SaveFileDialog::SaveFileDialog(QWidget* parent, const std::string& caption, const std::string& directory,
@@ -44,32 +40,28 @@ SaveFileDialog::SaveFileDialog(QWidget* parent, const std::string& caption, cons
                                int selectedFilter, const std::string& helpTopic,
                                std::unique_ptr<SaveFileMessageHandlerInterface> messageHandler)
 {
-    if (ExtendedFileDialog::useNativeFileDialog())
-        m_nativeFlow = std::make_unique<SaveFileWinDialog>(parent, caption, directory, defaultFileName, filters,
-                                                           selectedFilter, helpTopic, std::move(messageHandler));
-    else
-        m_qtFlow = std::make_unique<SaveFileQtDialog>(parent, caption, directory, defaultFileName, filters,
-                                                      selectedFilter, helpTopic, std::move(messageHandler));
+    createKind(m_nativeFlow, m_qtFlow, parent, caption, directory, defaultFileName, filters, selectedFilter, helpTopic,
+               std::move(messageHandler));
 }
 
 SaveFileDialog::~SaveFileDialog() = default;
 
 bool SaveFileDialog::launch()
 {
-    return m_nativeFlow ? m_nativeFlow->launch() : m_qtFlow->launch();
+    return callKind(m_nativeFlow, m_qtFlow, [](auto& flow) { return flow.launch(); });
 }
 
 std::string SaveFileDialog::selectedFilename() const
 {
-    return m_nativeFlow ? m_nativeFlow->selectedFilename() : m_qtFlow->selectedFilename();
+    return callKind(m_nativeFlow, m_qtFlow, [](auto& flow) { return flow.selectedFilename(); });
 }
 
 std::string SaveFileDialog::selectedFilter() const
 {
-    return m_nativeFlow ? m_nativeFlow->selectedFilter() : m_qtFlow->selectedFilter();
+    return callKind(m_nativeFlow, m_qtFlow, [](auto& flow) { return flow.selectedFilter(); });
 }
 
 int SaveFileDialog::selectedWriter() const
 {
-    return m_nativeFlow ? m_nativeFlow->selectedWriter() : m_qtFlow->selectedWriter();
+    return callKind(m_nativeFlow, m_qtFlow, [](auto& flow) { return flow.selectedWriter(); });
 }

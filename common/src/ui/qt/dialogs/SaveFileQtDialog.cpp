@@ -2,98 +2,35 @@
 
 #include "ui/qt/dialogs/DefaultSaveFileMessageHandler.h"
 #include "ui/qt/dialogs/QExtendedFileDialog.h"
-#include "ui/qt/dialogs/SaveFlow_p.h"
-
-#include <QPointer>
+#include "ui/qt/dialogs/save/SaveFlowOver_p.h"
 
 #include <utility>
 
 using zelmar::DefaultSaveFileMessageHandler;
 using zelmar::SaveFileMessageHandlerInterface;
+using zelmar::internal::SaveDialogAdapter;
+using zelmar::internal::SaveFlowOver;
 
-class SaveFileQtDialog::Impl : public SaveFlow
+class SaveFileQtDialog::Impl
 {
 public:
-    Impl(QWidget* parent, const std::string& caption, const std::string& directory, const std::string& filter,
-         const std::string& helpTopic, std::unique_ptr<SaveFileMessageHandlerInterface> messageHandler);
-    ~Impl() override;
-    Q_DISABLE_COPY(Impl)
+    /// The dialog of the flow. Its parent deletes it, but not before the end of a run.
+    class Dialog : public SaveDialogAdapter<QExtendedFileDialog>
+    {
+    public:
+        Dialog(QWidget* parent, const std::string& caption, const std::string& directory, const std::string& filter,
+               const std::string& helpTopic)
+            : SaveDialogAdapter(parent, caption, directory, filter, helpTopic, QFileDialog::AcceptSave)
+        {
+            outliveParentWhileRunning();
+        }
 
-    void setFilters(const std::vector<std::string>& filters, int selected);
-    void finishSetUp(const std::string& defaultFileName);
+        void cancelRun() override { QExtendedFileDialog::cancelRun(); }
+        QWidget* questionParent() override { return this; }
+    };
 
-    bool canGoOn() const override;
-    bool run() override;
-    QStringList selectedFiles() const override;
-    QString selectedNameFilter() const override;
-    QWidget* questionParent() const override;
-
-    const QPointer<QExtendedFileDialog> dialog; // owned by its parent. Compatibility: native-dialog-outlives-the-flow
-
-private:
-    QStringList nameFilters() const override;
+    SaveFlowOver<Dialog> flow;
 };
-
-SaveFileQtDialog::Impl::Impl(QWidget* parent, const std::string& caption, const std::string& directory,
-                             const std::string& filter, const std::string& helpTopic,
-                             std::unique_ptr<SaveFileMessageHandlerInterface> messageHandler)
-    : SaveFlow(caption, std::move(messageHandler))
-    , dialog(new QExtendedFileDialog(parent, caption, directory, filter, helpTopic, QFileDialog::AcceptSave))
-{
-    dialog->outliveParentWhileRunning();
-}
-
-SaveFileQtDialog::Impl::~Impl()
-{
-    if (dialog && isLaunched())
-        dialog->cancelRun();
-}
-
-void SaveFileQtDialog::Impl::setFilters(const std::vector<std::string>& filters, int selected)
-{
-    dialog->setNameFilters(fromUtf8(filters));
-    // Selects the filter in the form that the dialog stores, which may have fewer blanks than the caller's.
-    dialog->selectNameFilter(dialog->nameFilters().value(selected));
-}
-
-/// Preselects the name and sets the options. Must be called after the filters are set, because selecting a filter would
-/// give the preselected name the suffix of that filter.
-void SaveFileQtDialog::Impl::finishSetUp(const std::string& defaultFileName)
-{
-    dialog->selectFile(QString::fromStdString(defaultFileName));
-    // The save loop asks before overwriting. The dialog would ask about the name without its extension.
-    dialog->setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::DontConfirmOverwrite);
-}
-
-bool SaveFileQtDialog::Impl::canGoOn() const
-{
-    return dialog;
-}
-
-bool SaveFileQtDialog::Impl::run()
-{
-    return dialog && dialog->exec() == QDialog::Accepted;
-}
-
-QStringList SaveFileQtDialog::Impl::selectedFiles() const
-{
-    return dialog ? dialog->selectedFiles() : QStringList();
-}
-
-QString SaveFileQtDialog::Impl::selectedNameFilter() const
-{
-    return dialog ? dialog->selectedNameFilter() : QString();
-}
-
-QStringList SaveFileQtDialog::Impl::nameFilters() const
-{
-    return dialog ? dialog->nameFilters() : QStringList();
-}
-
-QWidget* SaveFileQtDialog::Impl::questionParent() const
-{
-    return dialog;
-}
 
 SaveFileQtDialog::SaveFileQtDialog(QWidget* parent, const std::string& caption, const std::string& directory,
                                    const std::string& defaultFileName, const std::string& filter,
@@ -107,9 +44,8 @@ SaveFileQtDialog::SaveFileQtDialog(QWidget* parent, const std::string& caption, 
                                    const std::string& defaultFileName, const std::string& filter,
                                    const std::string& helpTopic,
                                    std::unique_ptr<SaveFileMessageHandlerInterface> messageHandler)
-    : m_impl(std::make_unique<Impl>(parent, caption, directory, filter, helpTopic, std::move(messageHandler)))
+    : m_impl(new Impl{{parent, caption, directory, defaultFileName, filter, helpTopic, std::move(messageHandler)}})
 {
-    m_impl->finishSetUp(defaultFileName);
 }
 
 SaveFileQtDialog::SaveFileQtDialog(QWidget* parent, const std::string& caption, const std::string& directory,
@@ -124,35 +60,34 @@ SaveFileQtDialog::SaveFileQtDialog(QWidget* parent, const std::string& caption, 
                                    const std::string& defaultFileName, const std::vector<std::string>& filters,
                                    int selectedFilter, const std::string& helpTopic,
                                    std::unique_ptr<SaveFileMessageHandlerInterface> messageHandler)
-    : m_impl(std::make_unique<Impl>(parent, caption, directory, filters.front(), helpTopic, std::move(messageHandler)))
+    : m_impl(new Impl{
+        {parent, caption, directory, defaultFileName, filters, selectedFilter, helpTopic, std::move(messageHandler)}})
 {
-    m_impl->setFilters(filters, selectedFilter);
-    m_impl->finishSetUp(defaultFileName);
 }
 
 SaveFileQtDialog::~SaveFileQtDialog() = default;
 
 bool SaveFileQtDialog::launch()
 {
-    return m_impl->launch();
+    return m_impl->flow.launch();
 }
 
 std::string SaveFileQtDialog::selectedFilename() const
 {
-    return m_impl->selectedFileName();
+    return m_impl->flow.selectedFileName();
 }
 
 std::string SaveFileQtDialog::selectedFilter() const
 {
-    return m_impl->selectedNameFilter().toStdString();
+    return m_impl->flow.selectedFilter().toStdString();
 }
 
 int SaveFileQtDialog::selectedWriter() const
 {
-    return m_impl->selectedWriter();
+    return m_impl->flow.selectedWriter();
 }
 
 QExtendedFileDialog* SaveFileQtDialog::dialog()
 {
-    return m_impl->dialog;
+    return m_impl->flow.dialog();
 }

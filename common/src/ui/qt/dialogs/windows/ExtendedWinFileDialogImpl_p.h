@@ -61,8 +61,6 @@ public:
     int m_selectedAcceptMenuOption = 255; // Compatibility: option-255
     bool m_prepared = false;
     Run* m_run = nullptr; // null unless exec() is running
-    /// Expires with this object, so that code that borrows the dialog can tell whether it still exists.
-    const std::shared_ptr<const bool> m_life = std::make_shared<const bool>(true);
 
 private:
     enum class Prominence { Ordinary, Prominent };

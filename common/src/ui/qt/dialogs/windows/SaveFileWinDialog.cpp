@@ -1,105 +1,42 @@
 #include "ui/qt/dialogs/windows/SaveFileWinDialog.h"
 
 #include "ui/qt/dialogs/DefaultSaveFileMessageHandler.h"
-#include "ui/qt/dialogs/SaveFlow_p.h"
+#include "ui/qt/dialogs/save/SaveFlowOver_p.h"
 #include "ui/qt/dialogs/windows/ExtendedWinFileDialogImpl_p.h"
-
-#include <QWidget>
 
 #include <utility>
 
 using zelmar::DefaultSaveFileMessageHandler;
 using zelmar::SaveFileMessageHandlerInterface;
+using zelmar::internal::SaveDialogAdapter;
+using zelmar::internal::SaveFlowOver;
 
-class SaveFileWinDialog::Impl : public SaveFlow
+class SaveFileWinDialog::Impl
 {
 public:
-    Impl(QWidget* parent, const std::string& caption, const std::string& directory, const std::string& filter,
-         const std::string& helpTopic, std::unique_ptr<SaveFileMessageHandlerInterface> messageHandler);
-    ~Impl() override;
-    Q_DISABLE_COPY(Impl)
+    /// The dialog of the flow. It is no widget, so that the questions have its parent.
+    class Dialog : public SaveDialogAdapter<ExtendedWinFileDialog>
+    {
+    public:
+        Dialog(QWidget* parent, const std::string& caption, const std::string& directory, const std::string& filter,
+               const std::string& helpTopic)
+            : SaveDialogAdapter(parent, caption, directory, filter, helpTopic, QFileDialog::AcceptSave, false)
+            , m_hasParent(parent)
+        {
+        }
 
-    void setFilters(const std::vector<std::string>& filters, int selected);
-    void finishSetUp(const std::string& defaultFileName);
+        void cancelRun() override { m_impl->cancelRun(); }
+        /// Returns false after the parent has been destroyed. A dialog drawn by Qt is destroyed with its parent, so
+        /// the native flow also stops when its parent is gone.
+        bool canGoOn() override { return !m_hasParent || parent(); }
+        QWidget* questionParent() override { return parent(); }
 
-    bool canGoOn() const override;
-    bool run() override;
-    QStringList selectedFiles() const override;
-    QString selectedNameFilter() const override;
-    QWidget* questionParent() const override;
+    private:
+        const bool m_hasParent;
+    };
 
-    /// Returns the dialog, or null after somebody has deleted it. A derived class may have handed it out.
-    ExtendedWinFileDialog* dialog() const { return m_dialogLife.expired() ? nullptr : m_dialog; }
-
-private:
-    QStringList nameFilters() const override;
-
-    ExtendedWinFileDialog* const m_dialog; // Compatibility: native-dialog-outlives-the-flow
-    const std::weak_ptr<const bool> m_dialogLife;
-    const bool m_hasParent;
+    SaveFlowOver<Dialog> flow;
 };
-
-SaveFileWinDialog::Impl::Impl(QWidget* parent, const std::string& caption, const std::string& directory,
-                              const std::string& filter, const std::string& helpTopic,
-                              std::unique_ptr<SaveFileMessageHandlerInterface> messageHandler)
-    : SaveFlow(caption, std::move(messageHandler))
-    , m_dialog(new ExtendedWinFileDialog(parent, caption, directory, filter, helpTopic, QFileDialog::AcceptSave, false))
-    , m_dialogLife(m_dialog->m_impl->m_life)
-    , m_hasParent(parent)
-{
-}
-
-SaveFileWinDialog::Impl::~Impl()
-{
-    if (dialog() && isLaunched())
-        m_dialog->m_impl->cancelRun();
-}
-
-void SaveFileWinDialog::Impl::setFilters(const std::vector<std::string>& filters, int selected)
-{
-    const QStringList names = fromUtf8(filters);
-    m_dialog->setNameFilters(names);
-    m_dialog->selectNameFilter(names.value(selected));
-}
-
-void SaveFileWinDialog::Impl::finishSetUp(const std::string& defaultFileName)
-{
-    m_dialog->selectFile(QString::fromStdString(defaultFileName));
-    // The loop asks the overwrite question itself. The dialog's own question would name the file without its extension.
-    m_dialog->setDontConfirmOverwrite(true);
-}
-
-/// Returns false after the parent or the dialog has been destroyed. A dialog drawn by Qt is destroyed with its parent,
-/// so the native flow also stops when its parent is gone.
-bool SaveFileWinDialog::Impl::canGoOn() const
-{
-    return dialog() && (!m_hasParent || m_dialog->parent());
-}
-
-bool SaveFileWinDialog::Impl::run()
-{
-    return m_dialog->exec() == QDialog::Accepted;
-}
-
-QStringList SaveFileWinDialog::Impl::selectedFiles() const
-{
-    return m_dialog->selectedFiles();
-}
-
-QString SaveFileWinDialog::Impl::selectedNameFilter() const
-{
-    return dialog() ? m_dialog->selectedNameFilter() : QString();
-}
-
-QStringList SaveFileWinDialog::Impl::nameFilters() const
-{
-    return dialog() ? m_dialog->nameFilters() : QStringList();
-}
-
-QWidget* SaveFileWinDialog::Impl::questionParent() const
-{
-    return m_dialog->parent();
-}
 
 SaveFileWinDialog::SaveFileWinDialog(QWidget* parent, const std::string& caption, const std::string& directory,
                                      const std::string& defaultFileName, const std::string& filter,
@@ -113,9 +50,8 @@ SaveFileWinDialog::SaveFileWinDialog(QWidget* parent, const std::string& caption
                                      const std::string& defaultFileName, const std::string& filter,
                                      const std::string& helpTopic,
                                      std::unique_ptr<SaveFileMessageHandlerInterface> messageHandler)
-    : m_impl(std::make_unique<Impl>(parent, caption, directory, filter, helpTopic, std::move(messageHandler)))
+    : m_impl(new Impl{{parent, caption, directory, defaultFileName, filter, helpTopic, std::move(messageHandler)}})
 {
-    m_impl->finishSetUp(defaultFileName);
 }
 
 SaveFileWinDialog::SaveFileWinDialog(QWidget* parent, const std::string& caption, const std::string& directory,
@@ -130,35 +66,34 @@ SaveFileWinDialog::SaveFileWinDialog(QWidget* parent, const std::string& caption
                                      const std::string& defaultFileName, const std::vector<std::string>& filters,
                                      int selectedFilter, const std::string& helpTopic,
                                      std::unique_ptr<SaveFileMessageHandlerInterface> messageHandler)
-    : m_impl(std::make_unique<Impl>(parent, caption, directory, filters.front(), helpTopic, std::move(messageHandler)))
+    : m_impl(new Impl{
+        {parent, caption, directory, defaultFileName, filters, selectedFilter, helpTopic, std::move(messageHandler)}})
 {
-    m_impl->setFilters(filters, selectedFilter);
-    m_impl->finishSetUp(defaultFileName);
 }
 
 SaveFileWinDialog::~SaveFileWinDialog() = default;
 
 bool SaveFileWinDialog::launch()
 {
-    return m_impl->launch();
+    return m_impl->flow.launch();
 }
 
 std::string SaveFileWinDialog::selectedFilename() const
 {
-    return m_impl->selectedFileName();
+    return m_impl->flow.selectedFileName();
 }
 
 std::string SaveFileWinDialog::selectedFilter() const
 {
-    return m_impl->selectedNameFilter().toStdString();
+    return m_impl->flow.selectedFilter().toStdString();
 }
 
 int SaveFileWinDialog::selectedWriter() const
 {
-    return m_impl->selectedWriter();
+    return m_impl->flow.selectedWriter();
 }
 
 ExtendedWinFileDialog* SaveFileWinDialog::dialog()
 {
-    return m_impl->dialog();
+    return m_impl->flow.dialog();
 }

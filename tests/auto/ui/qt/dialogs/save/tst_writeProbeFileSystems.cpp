@@ -1,4 +1,4 @@
-#include "ui/qt/dialogs/writeProbe_p.h"
+#include "ui/qt/dialogs/save/writeProbe_p.h"
 
 #include "DialogFolders.h"
 #include "OrdinaryUser.h"
@@ -14,6 +14,8 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+
+using zelmar::internal::canBeWritten;
 
 namespace {
 

@@ -1,6 +1,6 @@
-#include "ui/qt/dialogs/writeProbe_p.h"
+#include "ui/qt/dialogs/save/writeProbe_p.h"
 
-#include "ui/qt/dialogs/rules/fileExistence_p.h"
+#include "ui/qt/dialogs/save/fileExistence_p.h"
 
 #include <QDir>
 #include <QFile>
@@ -12,6 +12,7 @@
 #include <unistd.h>
 #endif
 
+namespace zelmar::internal {
 namespace {
 
 bool opensForAppending(const QString& name)
@@ -55,3 +56,5 @@ bool canBeWritten(const std::string& name)
         return opensForAppending(path);
     return opensWithoutWaiting(path);
 }
+
+} // namespace zelmar::internal

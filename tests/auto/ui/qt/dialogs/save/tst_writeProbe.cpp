@@ -1,4 +1,4 @@
-#include "ui/qt/dialogs/writeProbe_p.h"
+#include "ui/qt/dialogs/save/writeProbe_p.h"
 
 #include "AccessRights.h"
 #include "DialogFolders.h"
@@ -8,6 +8,8 @@
 
 #include <QDir>
 #include <QTest>
+
+using zelmar::internal::canBeWritten;
 
 class tst_writeProbe : public QObject
 {

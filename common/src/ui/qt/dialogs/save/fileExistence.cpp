@@ -1,6 +1,8 @@
-#include "ui/qt/dialogs/rules/fileExistence_p.h"
+#include "ui/qt/dialogs/save/fileExistence_p.h"
 
 namespace fs = boost::filesystem;
+
+namespace zelmar::internal {
 
 bool countsAsExisting(fs::file_type type)
 {
@@ -12,3 +14,5 @@ fs::file_type fileTypeOf(const fs::path& path)
     boost::system::error_code error;
     return fs::status(path, error).type();
 }
+
+} // namespace zelmar::internal

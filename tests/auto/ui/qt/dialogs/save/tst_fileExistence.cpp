@@ -1,4 +1,4 @@
-#include "ui/qt/dialogs/rules/fileExistence_p.h"
+#include "ui/qt/dialogs/save/fileExistence_p.h"
 
 #include "ui/qt/dialogs/rules/utf8Path_p.h"
 
@@ -8,6 +8,9 @@
 
 #include <QFile>
 #include <QTest>
+
+using zelmar::internal::countsAsExisting;
+using zelmar::internal::fileTypeOf;
 
 namespace fs = boost::filesystem;
 

@@ -1,0 +1,90 @@
+#include "ui/qt/dialogs/save/SaveRound_p.h"
+
+#include "ui/qt/dialogs/SaveFileMessageHandlerInterface.h"
+#include "ui/qt/dialogs/rules/defaultExtension_p.h"
+#include "ui/qt/dialogs/save/SaveDialogInterface_p.h"
+#include "ui/qt/dialogs/save/fileExistence_p.h"
+#include "ui/qt/dialogs/save/writeProbe_p.h"
+
+#include <boost/filesystem/operations.hpp>
+
+#include <QMessageBox>
+
+namespace zelmar::internal {
+
+SaveRound::SaveRound(SaveDialogInterface& dialog, SaveFileMessageHandlerInterface& handler, const std::string& caption,
+                     const QObject& flowLife)
+    : m_flowLife(&flowLife)
+    , m_dialogLife(&dialog.life())
+    , m_dialog(dialog)
+    , m_handler(handler)
+    , m_caption(caption)
+{
+}
+
+bool SaveRound::canGoOn() const
+{
+    return m_flowLife && m_dialogLife && m_dialog.canGoOn();
+}
+
+std::optional<std::string> SaveRound::chooseName() const
+{
+    if (!canGoOn() || !m_dialog.run() || !canGoOn())
+        return {};
+    const QStringList files = m_dialog.selectedFiles();
+    if (files.isEmpty()) // The dialog failed to report its selection.
+        return {};
+    return withDefaultExtension(files.first().toStdString(), m_dialog.selectedNameFilter());
+}
+
+SaveRound::Outcome SaveRound::examine(const std::string& name) const
+{
+    const std::string nameToCheck = m_handler.filenameToCheck(name);
+    if (!canGoOn())
+        return Outcome::GivenUp;
+    try {
+        return examine(name, nameToCheck);
+    } catch (const boost::filesystem::filesystem_error& error) {
+        return canGoOn() ? chooseAgainIfYes(m_handler.systemAccessError(error.what())) : Outcome::GivenUp;
+    }
+}
+
+SaveRound::Outcome SaveRound::examine(const std::string& name, const std::string& nameToCheck) const
+{
+    if (countsAsExisting(fileTypeOf(nameToCheck))) {
+        const Answer answer = ask(m_handler.okToOverwriteMessage());
+        if (answer != Answer::Yes)
+            return answer == Answer::No ? Outcome::ChooseAgain : Outcome::GivenUp;
+    }
+    if (!canBeWritten(name)) // Compatibility: probe-of-the-selected-name
+        return chooseAgainIfYes(m_handler.unableToOverwriteMessage());
+    return Outcome::Accepted;
+}
+
+SaveRound::Outcome SaveRound::chooseAgainIfYes(const std::string& question) const
+{
+    return ask(question) == Answer::Yes ? Outcome::ChooseAgain : Outcome::GivenUp;
+}
+
+SaveRound::Answer SaveRound::ask(const std::string& question) const
+{
+    if (!canGoOn()) // The message handler has deleted the flow while it worded the question.
+        return Answer::None;
+    // The box is on the heap, because the parent deletes it when it is destroyed while the question is open.
+    const QPointer<QMessageBox> box =
+        new QMessageBox(QMessageBox::Question, QString::fromStdString(m_caption), QString::fromStdString(question),
+                        QMessageBox::Yes | QMessageBox::No, m_dialog.questionParent());
+    box->setDefaultButton(QMessageBox::No);
+    // Plain text shows a file name that contains "<" unchanged.
+    box->setTextFormat(Qt::PlainText);
+    QObject::connect(m_flowLife, &QObject::destroyed, box, &QDialog::reject);
+    bool answered = false; // stays false if the application quits, which ends the event loop without an answer
+    QObject::connect(box, &QDialog::finished, [&answered] { answered = true; });
+    const bool yes = box->exec() == QMessageBox::Yes;
+    delete box;
+    if (!answered || !canGoOn())
+        return Answer::None;
+    return yes ? Answer::Yes : Answer::No;
+}
+
+} // namespace zelmar::internal
