@@ -8,20 +8,33 @@
 #include <QTest>
 
 #include <memory>
+#include <vector>
 
 /// The kinds of dialog behind the facades: the Qt-drawn dialog, and the native dialog over either the built-in or a
 /// recording dialog object.
 enum class DialogKind { QtDrawn, BuiltIn, Recording };
 Q_DECLARE_METATYPE(DialogKind)
 
+/// Returns the kinds that exist on this system.
+inline std::vector<DialogKind> dialogKinds()
+{
+    if (systemLimits::nativeDialogIsTheSystems)
+        return {DialogKind::QtDrawn, DialogKind::Recording};
+    return {DialogKind::QtDrawn, DialogKind::BuiltIn, DialogKind::Recording};
+}
+
+inline const char* nameOf(DialogKind kind)
+{
+    const char* const names[] = {"drawn by Qt", "native, over the built-in object", "native, over a recording object"};
+    return names[int(kind)];
+}
+
 /// Adds the column "kind" and a row for each kind.
 inline void addDialogKindRows()
 {
     QTest::addColumn<DialogKind>("kind");
-    QTest::newRow("drawn by Qt") << DialogKind::QtDrawn;
-    if (!systemLimits::nativeDialogIsTheSystems)
-        QTest::newRow("native, over the built-in object") << DialogKind::BuiltIn;
-    QTest::newRow("native, over a recording object") << DialogKind::Recording;
+    for (const DialogKind kind : dialogKinds())
+        QTest::newRow(nameOf(kind)) << kind;
 }
 
 /// A guard that makes the facades use one kind of dialog during its lifetime.

@@ -89,19 +89,6 @@ QModelIndex fileInList(const QFileDialog& dialog, const QString& name)
 
 enum class RunnerKind { Facade, Dialog, FlowFacade, Flow };
 
-const char* nameOf(DialogKind kind)
-{
-    switch (kind) {
-    case DialogKind::QtDrawn:
-        return "drawn by Qt";
-    case DialogKind::BuiltIn:
-        return "built-in";
-    case DialogKind::Recording:
-        return "recording";
-    }
-    return "";
-}
-
 const char* nameOf(RunnerKind runner)
 {
     switch (runner) {
@@ -115,13 +102,6 @@ const char* nameOf(RunnerKind runner)
         return "flow";
     }
     return "";
-}
-
-std::vector<DialogKind> kinds()
-{
-    if (systemLimits::nativeDialogIsTheSystems)
-        return {DialogKind::QtDrawn, DialogKind::Recording};
-    return {DialogKind::QtDrawn, DialogKind::BuiltIn, DialogKind::Recording};
 }
 
 } // namespace
@@ -258,7 +238,7 @@ void tst_DialogLifetime::cleanup()
 void tst_DialogLifetime::addRows(const std::vector<RunnerKind>& runners, const std::vector<const Victims*>& victims)
 {
     addColumns();
-    for (const DialogKind kind : kinds())
+    for (const DialogKind kind : dialogKinds())
         for (const RunnerKind runner : runners)
             for (const Victims* victim : victims) {
                 // The system decides how its dialog reacts when the application quits. Only flows give access to a
@@ -273,7 +253,7 @@ void tst_DialogLifetime::addRows(const std::vector<RunnerKind>& runners, const s
 void tst_DialogLifetime::addNativeRows()
 {
     addColumns();
-    for (const DialogKind kind : kinds())
+    for (const DialogKind kind : dialogKinds())
         for (const Victims* victim : {&runnerOnly, &parentOnly, &runnerAndParent, &parentAndRunner})
             if (kind != DialogKind::QtDrawn)
                 QTest::addRow("%s: %s", nameOf(kind), victim->name) << kind << RunnerKind::Dialog << victim;
@@ -611,7 +591,7 @@ static void addFlowRows(const std::vector<const Question*>& questions)
 {
     addColumns();
     QTest::addColumn<const Question*>("question");
-    for (const DialogKind kind : kinds())
+    for (const DialogKind kind : dialogKinds())
         for (const RunnerKind runner : {RunnerKind::FlowFacade, RunnerKind::Flow})
             for (const Victims* victim : {&runnerOnly, &parentOnly, &runnerAndParent, &parentAndRunner, &dialogOnly,
                                           &dialogAndRunner, &application})

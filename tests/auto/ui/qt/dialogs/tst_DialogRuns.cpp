@@ -195,12 +195,9 @@ void tst_DialogRuns::overwriteQuestion_data()
 {
     QTest::addColumn<DialogKind>("kind");
     QTest::addColumn<QVector<bool>>("switches"); // values for setDontConfirmOverwrite(), in order
-    for (const DialogKind kind : {DialogKind::QtDrawn, DialogKind::BuiltIn, DialogKind::Recording}) {
-        if (kind == DialogKind::BuiltIn && systemLimits::nativeDialogIsTheSystems)
-            continue;
-        const char* const names[] = {"drawn by Qt", "built in", "recording"};
+    for (const DialogKind kind : dialogKinds()) {
         const auto row = [&](const char* what, const QVector<bool>& switches) {
-            QTest::addRow("%s: %s", names[int(kind)], what) << kind << switches;
+            QTest::addRow("%s: %s", nameOf(kind), what) << kind << switches;
         };
         row("never touched", {});
         row("off", {true});
