@@ -7,9 +7,9 @@
 #include "ui/qt/dialogs/windows/ExtendedWinFileDialog.h"
 #include "ui/qt/dialogs/windows/SaveFileWinDialog.h"
 
+#include "DialogBackend.h"
 #include "DialogDriver.h"
 #include "DialogFolders.h"
-#include "DialogKind.h"
 #include "FileDialogActions.h"
 #include "IgnoreMessages.h"
 #include "LifetimeRunners.h"
@@ -110,7 +110,7 @@ Q_DECLARE_METATYPE(const Victims*)
 
 static void addColumns()
 {
-    QTest::addColumn<DialogKind>("kind");
+    QTest::addColumn<DialogBackend>("kind");
     QTest::addColumn<RunnerKind>("runner");
     QTest::addColumn<const Victims*>("victims");
 }
@@ -150,13 +150,13 @@ private Q_SLOTS:
     void duringAFlowsQuestion();
     void inAHandlersFunction_data();
     void inAHandlersFunction();
-    void flowWithoutItsParentRunsNoMore_data() { addDialogKindRows(); }
+    void flowWithoutItsParentRunsNoMore_data() { addDialogBackendRows(); }
     void flowWithoutItsParentRunsNoMore();
 
-    void facadeOutlivesItsParent_data() { addDialogKindRows(); }
+    void facadeOutlivesItsParent_data() { addDialogBackendRows(); }
     void facadeOutlivesItsParent();
     void nativeDialogOutlivesItsParent();
-    void activeWindowGoesUnderLaunchFileDialog_data() { addDialogKindRows(); }
+    void activeWindowGoesUnderLaunchFileDialog_data() { addDialogBackendRows(); }
     void activeWindowGoesUnderLaunchFileDialog();
     void outerGoesWhileInnerRuns_data();
     void outerGoesWhileInnerRuns();
@@ -189,14 +189,14 @@ private:
     void choose(const QString& name);
     void onOpenDialog(std::function<void(QFileDialog&)> act);
 
-    DialogKind m_kind = DialogKind::QtDrawn;
+    DialogBackend m_kind = DialogBackend::QtDrawn;
     RunnerKind m_runnerKind = RunnerKind::Facade;
     const Victims* m_victims = nullptr;
     TellingHandler::Listener m_handlerListener;
     bool m_examiningFails = false;
 
     std::unique_ptr<DialogFolders> m_folders;
-    std::unique_ptr<DialogKindSwitch> m_switch;
+    std::unique_ptr<DialogBackendSwitch> m_switch;
     std::unique_ptr<DialogDriver> m_driver;
     std::unique_ptr<QWidget> m_parent;
     std::unique_ptr<Runner> m_runner;
@@ -238,12 +238,12 @@ void tst_DialogLifetime::cleanup()
 void tst_DialogLifetime::addRows(const std::vector<RunnerKind>& runners, const std::vector<const Victims*>& victims)
 {
     addColumns();
-    for (const DialogKind kind : dialogKinds())
+    for (const DialogBackend kind : dialogBackends())
         for (const RunnerKind runner : runners)
             for (const Victims* victim : victims) {
                 // The system decides how its dialog reacts when the application quits. Only flows give access to a
                 // dialog.
-                if ((victim->application && kind == DialogKind::Recording)
+                if ((victim->application && kind == DialogBackend::Recording)
                     || (victim->dialog && runner != RunnerKind::Flow))
                     continue;
                 QTest::addRow("%s %s: %s", nameOf(kind), nameOf(runner), victim->name) << kind << runner << victim;
@@ -253,9 +253,9 @@ void tst_DialogLifetime::addRows(const std::vector<RunnerKind>& runners, const s
 void tst_DialogLifetime::addNativeRows()
 {
     addColumns();
-    for (const DialogKind kind : dialogKinds())
+    for (const DialogBackend kind : dialogBackends())
         for (const Victims* victim : {&runnerOnly, &parentOnly, &runnerAndParent, &parentAndRunner})
-            if (kind != DialogKind::QtDrawn)
+            if (kind != DialogBackend::QtDrawn)
                 QTest::addRow("%s: %s", nameOf(kind), victim->name) << kind << RunnerKind::Dialog << victim;
 }
 
@@ -265,18 +265,18 @@ void tst_DialogLifetime::addBuiltInRows()
     if (systemLimits::nativeDialogIsTheSystems)
         QSKIP(systemLimits::nativeDialogIsTheSystems);
     for (const Victims* victim : {&runnerOnly, &parentOnly, &runnerAndParent, &parentAndRunner, &application})
-        QTest::addRow("%s", victim->name) << DialogKind::BuiltIn << RunnerKind::Dialog << victim;
+        QTest::addRow("%s", victim->name) << DialogBackend::BuiltIn << RunnerKind::Dialog << victim;
 }
 
 // Running a row
 
 void tst_DialogLifetime::makeRunner()
 {
-    m_switch = std::make_unique<DialogKindSwitch>(m_kind);
+    m_switch = std::make_unique<DialogBackendSwitch>(m_kind);
     const QString folder = m_folders->path();
     auto handler =
         std::make_unique<TellingHandler>([this](const QString& call) { m_handlerListener(call); }, m_examiningFails);
-    const bool drawn = m_kind == DialogKind::QtDrawn;
+    const bool drawn = m_kind == DialogBackend::QtDrawn;
     if (m_runnerKind == RunnerKind::Facade)
         m_runner = std::make_unique<FacadeRunner>(*m_parent, folder);
     else if (m_runnerKind == RunnerKind::FlowFacade)
@@ -331,7 +331,7 @@ void tst_DialogLifetime::runAndCompare()
 
 void tst_DialogLifetime::play(Scene scene)
 {
-    QFETCH(DialogKind, kind);
+    QFETCH(DialogBackend, kind);
     QFETCH(RunnerKind, runner);
     QFETCH(const Victims*, victims);
     m_kind = kind;
@@ -491,7 +491,7 @@ void tst_DialogLifetime::whileAnActionThrows_data()
 
 void tst_DialogLifetime::whileAnActionThrows()
 {
-    QFETCH(DialogKind, kind);
+    QFETCH(DialogBackend, kind);
     QFETCH(const Victims*, victims);
     m_kind = kind;
     m_runnerKind = RunnerKind::Dialog;
@@ -554,7 +554,7 @@ void tst_DialogLifetime::inASlotOnQtsSignal()
     QFETCH(RunnerKind, runner);
     QFETCH(const Victims*, victims);
     QFETCH(Provoke, provoke);
-    m_kind = DialogKind::QtDrawn;
+    m_kind = DialogBackend::QtDrawn;
     m_runnerKind = runner;
     m_victims = victims;
     makeRunner();
@@ -591,7 +591,7 @@ static void addFlowRows(const std::vector<const Question*>& questions)
 {
     addColumns();
     QTest::addColumn<const Question*>("question");
-    for (const DialogKind kind : dialogKinds())
+    for (const DialogBackend kind : dialogBackends())
         for (const RunnerKind runner : {RunnerKind::FlowFacade, RunnerKind::Flow})
             for (const Victims* victim : {&runnerOnly, &parentOnly, &runnerAndParent, &parentAndRunner, &dialogOnly,
                                           &dialogAndRunner, &application})
@@ -608,7 +608,7 @@ void tst_DialogLifetime::duringAFlowsQuestion_data()
 
 void tst_DialogLifetime::duringAFlowsQuestion()
 {
-    QFETCH(DialogKind, kind);
+    QFETCH(DialogBackend, kind);
     QFETCH(RunnerKind, runner);
     QFETCH(const Victims*, victims);
     QFETCH(const Question*, question);
@@ -622,7 +622,7 @@ void tst_DialogLifetime::duringAFlowsQuestion()
     m_driver->onDialogWhen<QMessageBox>(
         "strike", [text](QMessageBox& box) { return box.text().startsWith(text); }, [this](QMessageBox&) { strike(); });
     // The question of a native flow is a child of the parent. Without the dialog it stays open until it is answered.
-    const bool staysOpen = victims->dialog && !victims->runnerLast && kind != DialogKind::QtDrawn;
+    const bool staysOpen = victims->dialog && !victims->runnerLast && kind != DialogBackend::QtDrawn;
     if (staysOpen) {
         m_driver->onDialog<QMessageBox>("answer", [this](QMessageBox& box) {
             m_shownAfterwards.clear();
@@ -639,7 +639,7 @@ void tst_DialogLifetime::inAHandlersFunction_data()
 
 void tst_DialogLifetime::inAHandlersFunction()
 {
-    QFETCH(DialogKind, kind);
+    QFETCH(DialogBackend, kind);
     QFETCH(RunnerKind, runner);
     QFETCH(const Victims*, victims);
     QFETCH(const Question*, question);
@@ -661,7 +661,7 @@ void tst_DialogLifetime::inAHandlersFunction()
 
 void tst_DialogLifetime::flowWithoutItsParentRunsNoMore()
 {
-    QFETCH(DialogKind, kind);
+    QFETCH(DialogBackend, kind);
     m_kind = kind;
     m_runnerKind = RunnerKind::FlowFacade;
     makeRunner();
@@ -675,8 +675,8 @@ void tst_DialogLifetime::flowWithoutItsParentRunsNoMore()
 
 void tst_DialogLifetime::facadeOutlivesItsParent()
 {
-    QFETCH(DialogKind, kind);
-    const DialogKindSwitch kindSwitch(kind);
+    QFETCH(DialogBackend, kind);
+    const DialogBackendSwitch kindSwitch(kind);
     ExtendedFileDialog dialog(*m_parent, "", m_folders->path().toStdString(), filters, "", QFileDialog::AcceptOpen);
     m_parent.reset();
     QCOMPARE(dialog.nameFilters(), QString(filters).split(";;"));
@@ -702,8 +702,8 @@ void tst_DialogLifetime::nativeDialogOutlivesItsParent()
 
 void tst_DialogLifetime::activeWindowGoesUnderLaunchFileDialog()
 {
-    QFETCH(DialogKind, kind);
-    const DialogKindSwitch kindSwitch(kind);
+    QFETCH(DialogBackend, kind);
+    const DialogBackendSwitch kindSwitch(kind);
     m_parent->show();
     m_parent->activateWindow();
     QTRY_COMPARE(QApplication::activeWindow(), m_parent.get());
@@ -729,7 +729,7 @@ void tst_DialogLifetime::outerGoesWhileInnerRuns_data()
 
 void tst_DialogLifetime::outerGoesWhileInnerRuns()
 {
-    QFETCH(DialogKind, kind);
+    QFETCH(DialogBackend, kind);
     QFETCH(RunnerKind, runner);
     m_kind = kind;
     m_runnerKind = runner;
@@ -774,7 +774,7 @@ void tst_DialogLifetime::runningTwiceIsRejected_data()
 
 void tst_DialogLifetime::runningTwiceIsRejected()
 {
-    QFETCH(DialogKind, kind);
+    QFETCH(DialogBackend, kind);
     QFETCH(RunnerKind, runner);
     m_kind = kind;
     m_runnerKind = runner;

@@ -6,9 +6,9 @@
 #include "ui/qt/dialogs/QExtendedFileDialog.h"
 #include "ui/qt/dialogs/windows/ExtendedWinFileDialog.h"
 
+#include "DialogBackend.h"
 #include "DialogDriver.h"
 #include "DialogFolders.h"
-#include "DialogKind.h"
 #include "FileDialogActions.h"
 #include "TestHome.h"
 
@@ -193,9 +193,9 @@ bool tst_DialogRuns::asksAboutOverwriting(Dialog& dialog)
 
 void tst_DialogRuns::overwriteQuestion_data()
 {
-    QTest::addColumn<DialogKind>("kind");
+    QTest::addColumn<DialogBackend>("kind");
     QTest::addColumn<QVector<bool>>("switches"); // values for setDontConfirmOverwrite(), in order
-    for (const DialogKind kind : dialogKinds()) {
+    for (const DialogBackend kind : dialogBackends()) {
         const auto row = [&](const char* what, const QVector<bool>& switches) {
             QTest::addRow("%s: %s", nameOf(kind), what) << kind << switches;
         };
@@ -209,9 +209,9 @@ void tst_DialogRuns::overwriteQuestion_data()
 
 void tst_DialogRuns::overwriteQuestion()
 {
-    QFETCH(DialogKind, kind);
+    QFETCH(DialogBackend, kind);
     QFETCH(QVector<bool>, switches);
-    const DialogKindSwitch kindSwitch(kind);
+    const DialogBackendSwitch kindSwitch(kind);
     ExtendedFileDialog dialog(*m_window, "Title", m_folders->path().toStdString(), "All (*)", "",
                               QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
@@ -289,7 +289,7 @@ void tst_DialogRuns::shownFolderWithoutChecks()
 
 void tst_DialogRuns::directoriesOnly()
 {
-    const DialogKindSwitch kind(DialogKind::QtDrawn);
+    const DialogBackendSwitch kind(DialogBackend::QtDrawn);
     ExtendedFileDialog facade(*m_window, "Title", m_folders->path().toStdString(), "All (*)", "",
                               QFileDialog::AcceptOpen);
     const auto drawn = makeQtDialog(QFileDialog::AcceptOpen);
@@ -314,7 +314,7 @@ void tst_DialogRuns::directoriesOnly()
 
 void tst_DialogRuns::fileMode()
 {
-    const DialogKindSwitch kind(DialogKind::QtDrawn);
+    const DialogBackendSwitch kind(DialogBackend::QtDrawn);
     ExtendedFileDialog dialog(*m_window, "Title", m_folders->path().toStdString(), "All (*)", "",
                               QFileDialog::AcceptOpen);
     const auto accept = [this, &dialog](QFileDialog::FileMode mode, const QString& typed, const QStringList& chosen) {

@@ -4,9 +4,9 @@
 #include "platform/HelpLauncher.h"
 #include "ui/qt/dialogs/QExtendedFileDialog.h"
 
+#include "DialogBackend.h"
 #include "DialogDriver.h"
 #include "DialogFolders.h"
-#include "DialogKind.h"
 #include "FileDialogActions.h"
 #include "TestHome.h"
 
@@ -35,30 +35,30 @@ private Q_SLOTS:
 
     void isNativeAtFirst();
     void keepsItsKind();
-    void keepsFilters_data() { addDialogKindRows(); }
+    void keepsFilters_data() { addDialogBackendRows(); }
     void keepsFilters();
-    void selectsFilters_data() { addDialogKindRows(); }
+    void selectsFilters_data() { addDialogBackendRows(); }
     void selectsFilters();
-    void keepsTheFolder_data() { addDialogKindRows(); }
+    void keepsTheFolder_data() { addDialogBackendRows(); }
     void keepsTheFolder();
-    void choosesOneFile_data() { addDialogKindRows(); }
+    void choosesOneFile_data() { addDialogBackendRows(); }
     void choosesOneFile();
-    void choosesSeveralFiles_data() { addDialogKindRows(); }
+    void choosesSeveralFiles_data() { addDialogBackendRows(); }
     void choosesSeveralFiles();
-    void tellsOfCancelling_data() { addDialogKindRows(); }
+    void tellsOfCancelling_data() { addDialogBackendRows(); }
     void tellsOfCancelling();
-    void preselectsAName_data() { addDialogKindRows(); }
+    void preselectsAName_data() { addDialogBackendRows(); }
     void preselectsAName();
-    void followsTheUsersFilter_data() { addDialogKindRows(); }
+    void followsTheUsersFilter_data() { addDialogBackendRows(); }
     void followsTheUsersFilter();
-    void asksBeforeOverwriting_data() { addDialogKindRows(); }
+    void asksBeforeOverwriting_data() { addDialogBackendRows(); }
     void asksBeforeOverwriting();
-    void showsHelp_data() { addDialogKindRows(); }
+    void showsHelp_data() { addDialogBackendRows(); }
     void showsHelp();
     void hasNoMenuOnTheAcceptButton();
     void ignoresDirectoriesOnlyNatively();
     void showsDirectoriesOnlyWhenDrawnByQt();
-    void choosesAFolder_data() { addDialogKindRows(); }
+    void choosesAFolder_data() { addDialogBackendRows(); }
     void choosesAFolder();
     void startsInItsFileMode();
 
@@ -67,7 +67,7 @@ private:
                                                    const std::string& helpTopic = {});
     /// Runs `dialog`. The user takes `step`, or the recording object `recorded` instead, and then accepts `names`, or
     /// cancels if `names` is empty.
-    int run(ExtendedFileDialog& dialog, const DialogKindSwitch& kind, const QStringList& names,
+    int run(ExtendedFileDialog& dialog, const DialogBackendSwitch& kind, const QStringList& names,
             const std::function<void(QFileDialog&)>& step = {}, const std::function<void()>& recorded = {});
 
     std::unique_ptr<DialogFolders> m_folders;
@@ -92,7 +92,7 @@ std::unique_ptr<ExtendedFileDialog> tst_ExtendedFileDialog::makeDialog(QFileDial
                                                 "Data (*.dat);;Tables (*.csv)", helpTopic, mode);
 }
 
-int tst_ExtendedFileDialog::run(ExtendedFileDialog& dialog, const DialogKindSwitch& kind, const QStringList& names,
+int tst_ExtendedFileDialog::run(ExtendedFileDialog& dialog, const DialogBackendSwitch& kind, const QStringList& names,
                                 const std::function<void(QFileDialog&)>& step, const std::function<void()>& recorded)
 {
     if (RecordingShell* const shell = kind.shell()) {
@@ -132,7 +132,7 @@ void tst_ExtendedFileDialog::isNativeAtFirst()
 /// The switch is read only when a dialog is created.
 void tst_ExtendedFileDialog::keepsItsKind()
 {
-    const DialogKindSwitch kind(DialogKind::Recording);
+    const DialogBackendSwitch kind(DialogBackend::Recording);
     const auto native = makeDialog();
     ExtendedFileDialog::setUseNativeFileDialog(false);
     QVERIFY(!ExtendedFileDialog::useNativeFileDialog());
@@ -158,8 +158,8 @@ void tst_ExtendedFileDialog::keepsItsKind()
 
 void tst_ExtendedFileDialog::keepsFilters()
 {
-    QFETCH(DialogKind, kind);
-    const DialogKindSwitch kindSwitch(kind);
+    QFETCH(DialogBackend, kind);
+    const DialogBackendSwitch kindSwitch(kind);
     const auto dialog = makeDialog();
     QCOMPARE(dialog->nameFilters(), (QStringList{"Data (*.dat)", "Tables (*.csv)"}));
     const QStringList filters = {QString::fromUtf8("\xC3\xA4 (*.a)"), "B (*.b *.c)", "*.d"};
@@ -169,8 +169,8 @@ void tst_ExtendedFileDialog::keepsFilters()
 
 void tst_ExtendedFileDialog::selectsFilters()
 {
-    QFETCH(DialogKind, kind);
-    const DialogKindSwitch kindSwitch(kind);
+    QFETCH(DialogBackend, kind);
+    const DialogBackendSwitch kindSwitch(kind);
     const auto dialog = makeDialog();
     QCOMPARE(dialog->selectedNameFilter(), QString("Data (*.dat)"));
     dialog->selectNameFilter("Tables (*.csv)");
@@ -186,8 +186,8 @@ void tst_ExtendedFileDialog::selectsFilters()
 
 void tst_ExtendedFileDialog::keepsTheFolder()
 {
-    QFETCH(DialogKind, kind);
-    const DialogKindSwitch kindSwitch(kind);
+    QFETCH(DialogBackend, kind);
+    const DialogBackendSwitch kindSwitch(kind);
     const auto dialog = makeDialog();
     QCOMPARE(dialog->directory(), QDir(m_folders->path()));
     dialog->setDirectory(m_folders->path("inner"));
@@ -203,8 +203,8 @@ void tst_ExtendedFileDialog::keepsTheFolder()
 
 void tst_ExtendedFileDialog::choosesOneFile()
 {
-    QFETCH(DialogKind, kind);
-    const DialogKindSwitch kindSwitch(kind);
+    QFETCH(DialogBackend, kind);
+    const DialogBackendSwitch kindSwitch(kind);
     const auto dialog = makeDialog();
     dialog->setFileMode(QFileDialog::ExistingFile);
     const QString name = QString::fromUtf8("\xC3\xA4\xE2\x82\xAC.csv");
@@ -215,8 +215,8 @@ void tst_ExtendedFileDialog::choosesOneFile()
 
 void tst_ExtendedFileDialog::choosesSeveralFiles()
 {
-    QFETCH(DialogKind, kind);
-    const DialogKindSwitch kindSwitch(kind);
+    QFETCH(DialogBackend, kind);
+    const DialogBackendSwitch kindSwitch(kind);
     const auto dialog = makeDialog();
     dialog->setFileMode(QFileDialog::ExistingFiles);
     QCOMPARE(run(*dialog, kindSwitch, {"a.dat", "b.dat"}), int(QDialog::Accepted));
@@ -225,8 +225,8 @@ void tst_ExtendedFileDialog::choosesSeveralFiles()
 
 void tst_ExtendedFileDialog::tellsOfCancelling()
 {
-    QFETCH(DialogKind, kind);
-    const DialogKindSwitch kindSwitch(kind);
+    QFETCH(DialogBackend, kind);
+    const DialogBackendSwitch kindSwitch(kind);
     const auto dialog = makeDialog();
     QCOMPARE(run(*dialog, kindSwitch, {}), int(QDialog::Rejected));
     QCOMPARE(run(*dialog, kindSwitch, {"a.dat"}), int(QDialog::Accepted));
@@ -235,8 +235,8 @@ void tst_ExtendedFileDialog::tellsOfCancelling()
 
 void tst_ExtendedFileDialog::preselectsAName()
 {
-    QFETCH(DialogKind, kind);
-    const DialogKindSwitch kindSwitch(kind);
+    QFETCH(DialogBackend, kind);
+    const DialogBackendSwitch kindSwitch(kind);
     const auto dialog = makeDialog(QFileDialog::AcceptSave);
     dialog->setFileMode(QFileDialog::AnyFile);
     dialog->selectFile("run.dat");
@@ -250,8 +250,8 @@ void tst_ExtendedFileDialog::preselectsAName()
 
 void tst_ExtendedFileDialog::followsTheUsersFilter()
 {
-    QFETCH(DialogKind, kind);
-    const DialogKindSwitch kindSwitch(kind);
+    QFETCH(DialogBackend, kind);
+    const DialogBackendSwitch kindSwitch(kind);
     const auto dialog = makeDialog();
     run(
         *dialog, kindSwitch, {}, [](QFileDialog& open) { pickFilter(open, 1); },
@@ -264,8 +264,8 @@ void tst_ExtendedFileDialog::followsTheUsersFilter()
 
 void tst_ExtendedFileDialog::asksBeforeOverwriting()
 {
-    QFETCH(DialogKind, kind);
-    const DialogKindSwitch kindSwitch(kind);
+    QFETCH(DialogBackend, kind);
+    const DialogBackendSwitch kindSwitch(kind);
     for (const bool asks : {true, false}) {
         const auto dialog = makeDialog(QFileDialog::AcceptSave);
         dialog->setFileMode(QFileDialog::AnyFile);
@@ -288,8 +288,8 @@ void tst_ExtendedFileDialog::asksBeforeOverwriting()
 
 void tst_ExtendedFileDialog::showsHelp()
 {
-    QFETCH(DialogKind, kind);
-    const DialogKindSwitch kindSwitch(kind);
+    QFETCH(DialogBackend, kind);
+    const DialogBackendSwitch kindSwitch(kind);
     std::vector<std::string> topics;
     auto& help = zelmar::HelpLauncher::getInstance();
     help.setHandler([&topics](const std::string& topic) { topics.push_back(topic); });
@@ -308,7 +308,7 @@ void tst_ExtendedFileDialog::showsHelp()
 
 void tst_ExtendedFileDialog::hasNoMenuOnTheAcceptButton()
 {
-    const DialogKindSwitch kind(DialogKind::Recording);
+    const DialogBackendSwitch kind(DialogBackend::Recording);
     const auto dialog = makeDialog(QFileDialog::AcceptOpen, "topic");
     QCOMPARE(kind.shell()->takeCalls(),
              (QStringList{"create open dialog", "AddPushButton 0 &Help", "MakeProminent 0"}));
@@ -316,7 +316,7 @@ void tst_ExtendedFileDialog::hasNoMenuOnTheAcceptButton()
 
 void tst_ExtendedFileDialog::ignoresDirectoriesOnlyNatively()
 {
-    const DialogKindSwitch kind(DialogKind::Recording);
+    const DialogBackendSwitch kind(DialogBackend::Recording);
     const auto dialog = makeDialog();
     dialog->setShowDirectoriesOnly(true);
     dialog->exec();
@@ -325,7 +325,7 @@ void tst_ExtendedFileDialog::ignoresDirectoriesOnlyNatively()
 
 void tst_ExtendedFileDialog::showsDirectoriesOnlyWhenDrawnByQt()
 {
-    const DialogKindSwitch kind(DialogKind::QtDrawn);
+    const DialogBackendSwitch kind(DialogBackend::QtDrawn);
     const auto dialog = makeDialog();
     for (const bool on : {true, false}) {
         dialog->setShowDirectoriesOnly(on);
@@ -337,8 +337,8 @@ void tst_ExtendedFileDialog::showsDirectoriesOnlyWhenDrawnByQt()
 
 void tst_ExtendedFileDialog::choosesAFolder()
 {
-    QFETCH(DialogKind, kind);
-    const DialogKindSwitch kindSwitch(kind);
+    QFETCH(DialogBackend, kind);
+    const DialogBackendSwitch kindSwitch(kind);
     const auto dialog = makeDialog();
     dialog->setFileMode(QFileDialog::Directory);
     QCOMPARE(run(*dialog, kindSwitch, {"inner"}), int(QDialog::Accepted));
@@ -349,7 +349,7 @@ void tst_ExtendedFileDialog::choosesAFolder()
 void tst_ExtendedFileDialog::startsInItsFileMode()
 {
     {
-        const DialogKindSwitch kind(DialogKind::QtDrawn);
+        const DialogBackendSwitch kind(DialogBackend::QtDrawn);
         for (const auto mode : {QFileDialog::AcceptOpen, QFileDialog::AcceptSave}) {
             const auto dialog = makeDialog(mode);
             QFileDialog::FileMode shown = QFileDialog::Directory;
@@ -357,7 +357,7 @@ void tst_ExtendedFileDialog::startsInItsFileMode()
             QCOMPARE(shown, mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
         }
     }
-    const DialogKindSwitch kind(DialogKind::Recording);
+    const DialogBackendSwitch kind(DialogBackend::Recording);
     makeDialog()->exec();
     QVERIFY(!(kind.shell()->options & (FOS_FILEMUSTEXIST | FOS_PICKFOLDERS | FOS_ALLOWMULTISELECT)));
 }

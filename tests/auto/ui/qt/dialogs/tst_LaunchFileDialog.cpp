@@ -3,9 +3,9 @@
 #include "platform/ApplicationSettings.h"
 #include "ui/qt/dialogs/QExtendedFileDialog.h"
 
+#include "DialogBackend.h"
 #include "DialogDriver.h"
 #include "DialogFolders.h"
-#include "DialogKind.h"
 #include "FileDialogActions.h"
 #include "Keyboard.h"
 #include "TestHome.h"
@@ -51,23 +51,23 @@ private Q_SLOTS:
     void init();
     void cleanupTestCase() { leaveFolders(); }
 
-    void handsBackWhatWasChosen_data() { addDialogKindRows(); }
+    void handsBackWhatWasChosen_data() { addDialogBackendRows(); }
     void handsBackWhatWasChosen();
-    void handsBackSeveral_data() { addDialogKindRows(); }
+    void handsBackSeveral_data() { addDialogBackendRows(); }
     void handsBackSeveral();
-    void leavesOutputsAloneWhenCancelled_data() { addDialogKindRows(); }
+    void leavesOutputsAloneWhenCancelled_data() { addDialogBackendRows(); }
     void leavesOutputsAloneWhenCancelled();
     void setsTheFileMode_data();
     void setsTheFileMode();
     void selectsTheFilter_data();
     void selectsTheFilter();
-    void preselectsOneFile_data() { addDialogKindRows(); }
+    void preselectsOneFile_data() { addDialogBackendRows(); }
     void preselectsOneFile();
     void typesOverAPreselectedName_data();
     void typesOverAPreselectedName();
-    void preselectsSeveralFiles_data() { addDialogKindRows(); }
+    void preselectsSeveralFiles_data() { addDialogBackendRows(); }
     void preselectsSeveralFiles();
-    void takesARelativeEntryFromTheCurrentFolder_data() { addDialogKindRows(); }
+    void takesARelativeEntryFromTheCurrentFolder_data() { addDialogBackendRows(); }
     void takesARelativeEntryFromTheCurrentFolder();
     void preselectsNothing();
     void selectsFilterAndFileInOrder_data();
@@ -76,14 +76,14 @@ private Q_SLOTS:
     void tellsOfAnUnknownFilter();
     void isShownOverTheActiveWindow();
     void worksWithoutAnActiveWindow();
-    void worksWithoutFilters_data() { addDialogKindRows(); }
+    void worksWithoutFilters_data() { addDialogBackendRows(); }
     void worksWithoutFilters();
 
 private:
     static void leaveFolders();
     bool launch(const Request& request);
     /// Calls LaunchFileDialog() with a user who accepts `names`, or cancels if `names` is empty.
-    bool launch(const Request& request, const DialogKindSwitch& kind, const QStringList& names,
+    bool launch(const Request& request, const DialogBackendSwitch& kind, const QStringList& names,
                 const std::function<void(QFileDialog&)>& step = {});
 
     std::unique_ptr<DialogFolders> m_folders;
@@ -126,7 +126,7 @@ bool tst_LaunchFileDialog::launch(const Request& request)
                             request.multipleFiles, request.filter);
 }
 
-bool tst_LaunchFileDialog::launch(const Request& request, const DialogKindSwitch& kind, const QStringList& names,
+bool tst_LaunchFileDialog::launch(const Request& request, const DialogBackendSwitch& kind, const QStringList& names,
                                   const std::function<void(QFileDialog&)>& step)
 {
     if (RecordingShell* const shell = kind.shell()) {
@@ -157,8 +157,8 @@ bool tst_LaunchFileDialog::launch(const Request& request, const DialogKindSwitch
 
 void tst_LaunchFileDialog::handsBackWhatWasChosen()
 {
-    QFETCH(DialogKind, kind);
-    const DialogKindSwitch kindSwitch(kind);
+    QFETCH(DialogBackend, kind);
+    const DialogBackendSwitch kindSwitch(kind);
     Request request;
     request.filters[2] = "\xC3\xA4 (*)";
     request.filter = 2;
@@ -172,8 +172,8 @@ void tst_LaunchFileDialog::handsBackWhatWasChosen()
 
 void tst_LaunchFileDialog::handsBackSeveral()
 {
-    QFETCH(DialogKind, kind);
-    const DialogKindSwitch kindSwitch(kind);
+    QFETCH(DialogBackend, kind);
+    const DialogBackendSwitch kindSwitch(kind);
     Request request;
     request.multipleFiles = true;
     request.initialFiles = {"a.dat"};
@@ -185,8 +185,8 @@ void tst_LaunchFileDialog::handsBackSeveral()
 
 void tst_LaunchFileDialog::leavesOutputsAloneWhenCancelled()
 {
-    QFETCH(DialogKind, kind);
-    const DialogKindSwitch kindSwitch(kind);
+    QFETCH(DialogBackend, kind);
+    const DialogBackendSwitch kindSwitch(kind);
     QVERIFY(!launch({}, kindSwitch, {}));
     QCOMPARE(m_files, (Texts{"before", "and", "longer"}));
     QCOMPARE(m_filter, -7);
@@ -214,13 +214,13 @@ void tst_LaunchFileDialog::setsTheFileMode()
     request.save = save;
     request.multipleFiles = multipleFiles;
     {
-        const DialogKindSwitch kind(DialogKind::QtDrawn);
+        const DialogBackendSwitch kind(DialogBackend::QtDrawn);
         launch(request, kind, {}, [save](QFileDialog& dialog) {
             QTEST(int(dialog.fileMode()), "mode");
             QCOMPARE(dialog.acceptMode(), save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
         });
     }
-    const DialogKindSwitch kind(DialogKind::Recording);
+    const DialogBackendSwitch kind(DialogBackend::Recording);
     launch(request, kind, {});
     QTEST(DWORD(kind.shell()->options & (FOS_FILEMUSTEXIST | FOS_ALLOWMULTISELECT | FOS_PICKFOLDERS)), "bits");
     QCOMPARE(kind.shell()->takeCalls().first(), QString(save ? "create save dialog" : "create open dialog"));
@@ -255,11 +255,11 @@ void tst_LaunchFileDialog::selectsTheFilter()
         request.save = save;
         request.filter = filter;
         {
-            const DialogKindSwitch kind(DialogKind::QtDrawn);
+            const DialogBackendSwitch kind(DialogBackend::QtDrawn);
             launch(request, kind, {},
                    [&](QFileDialog& dialog) { QCOMPARE(fileTypeCombo(dialog).currentIndex(), selected); });
         }
-        const DialogKindSwitch kind(DialogKind::Recording);
+        const DialogBackendSwitch kind(DialogBackend::Recording);
         launch(request, kind, {});
         QVERIFY(kind.shell()->takeCalls().contains(QStringLiteral("SetFileTypeIndex %1").arg(selected + 1)));
     }
@@ -267,8 +267,8 @@ void tst_LaunchFileDialog::selectsTheFilter()
 
 void tst_LaunchFileDialog::preselectsOneFile()
 {
-    QFETCH(DialogKind, kind);
-    const DialogKindSwitch kindSwitch(kind);
+    QFETCH(DialogBackend, kind);
+    const DialogBackendSwitch kindSwitch(kind);
     const QString name = QString::fromUtf8("\xC3\xA4\xE2\x82\xAC.dat");
     Request request;
     request.initialFiles = {m_folders->path(name).toStdString(), "ignored.dat"};
@@ -285,17 +285,17 @@ void tst_LaunchFileDialog::preselectsOneFile()
 
 void tst_LaunchFileDialog::typesOverAPreselectedName_data()
 {
-    QTest::addColumn<DialogKind>("kind"); // only kinds that take key presses
-    QTest::newRow("drawn by Qt") << DialogKind::QtDrawn;
+    QTest::addColumn<DialogBackend>("kind"); // only kinds that take key presses
+    QTest::newRow("drawn by Qt") << DialogBackend::QtDrawn;
     if (!systemLimits::nativeDialogIsTheSystems)
-        QTest::newRow("native, over the built-in object") << DialogKind::BuiltIn;
+        QTest::newRow("native, over the built-in object") << DialogBackend::BuiltIn;
 }
 
 /// Gives the dialog time to list the folder and to suggest names before Return is pressed.
 void tst_LaunchFileDialog::typesOverAPreselectedName()
 {
-    QFETCH(DialogKind, kind);
-    const DialogKindSwitch kindSwitch(kind);
+    QFETCH(DialogBackend, kind);
+    const DialogBackendSwitch kindSwitch(kind);
     Request request;
     request.filters = {"All tables (*.dat *.csv)", "Data (*.dat)"};
     m_folders->addFile("outer/inner/a.dat");
@@ -314,8 +314,8 @@ void tst_LaunchFileDialog::typesOverAPreselectedName()
 
 void tst_LaunchFileDialog::preselectsSeveralFiles()
 {
-    QFETCH(DialogKind, kind);
-    const DialogKindSwitch kindSwitch(kind);
+    QFETCH(DialogBackend, kind);
+    const DialogBackendSwitch kindSwitch(kind);
     Request request;
     request.multipleFiles = true;
     request.initialFiles = {"a.dat", "", "b.dat"};
@@ -328,8 +328,8 @@ void tst_LaunchFileDialog::preselectsSeveralFiles()
 
 void tst_LaunchFileDialog::takesARelativeEntryFromTheCurrentFolder()
 {
-    QFETCH(DialogKind, kind);
-    const DialogKindSwitch kindSwitch(kind);
+    QFETCH(DialogBackend, kind);
+    const DialogBackendSwitch kindSwitch(kind);
     m_folders->addFile("inner/d.dat");
     Request request;
     request.initialFiles = {"inner/d.dat"};
@@ -341,7 +341,7 @@ void tst_LaunchFileDialog::takesARelativeEntryFromTheCurrentFolder()
 
 void tst_LaunchFileDialog::preselectsNothing()
 {
-    const DialogKindSwitch kind(DialogKind::Recording);
+    const DialogBackendSwitch kind(DialogBackend::Recording);
     Request request;
     request.multipleFiles = true;
     launch(request, kind, {});
@@ -367,7 +367,7 @@ void tst_LaunchFileDialog::selectsFilterAndFileInOrder()
 {
     QFETCH(QString, firstFilter);
     QFETCH(bool, save);
-    const DialogKindSwitch kind(DialogKind::QtDrawn);
+    const DialogBackendSwitch kind(DialogBackend::QtDrawn);
     Request request;
     request.filters.front() = firstFilter.toStdString();
     request.save = save;
@@ -382,7 +382,7 @@ void tst_LaunchFileDialog::selectsFilterAndFileInOrder()
 /// The temporary filter has the index of the filter that it replaces.
 void tst_LaunchFileDialog::findsTheFilterBehindATypedPattern()
 {
-    const DialogKindSwitch kind(DialogKind::QtDrawn);
+    const DialogBackendSwitch kind(DialogBackend::QtDrawn);
     Request request;
     request.filter = 1;
     request.initialFiles = {"a.dat"};
@@ -393,7 +393,7 @@ void tst_LaunchFileDialog::findsTheFilterBehindATypedPattern()
 
 void tst_LaunchFileDialog::tellsOfAnUnknownFilter()
 {
-    const DialogKindSwitch kind(DialogKind::Recording);
+    const DialogBackendSwitch kind(DialogBackend::Recording);
     kind.shell()->onShow = [&kind] {
         kind.shell()->fileType = 9;
         kind.shell()->events->OnTypeChange(kind.shell()->dialog);
@@ -404,7 +404,7 @@ void tst_LaunchFileDialog::tellsOfAnUnknownFilter()
 
 void tst_LaunchFileDialog::isShownOverTheActiveWindow()
 {
-    const DialogKindSwitch kind(DialogKind::Recording);
+    const DialogBackendSwitch kind(DialogBackend::Recording);
     launch({}, kind, {});
     QVERIFY(kind.shell()->takeCalls().contains(QStringLiteral("Show %1").arg(m_window->winId())));
     ExtendedFileDialog::setUseNativeFileDialog(false);
@@ -423,7 +423,7 @@ void tst_LaunchFileDialog::worksWithoutAnActiveWindow()
 {
     m_window->hide();
     QTRY_VERIFY(!QApplication::activeWindow());
-    const DialogKindSwitch kind(DialogKind::Recording);
+    const DialogBackendSwitch kind(DialogBackend::Recording);
     QVERIFY(launch({}, kind, {"a.dat"}));
     ExtendedFileDialog::setUseNativeFileDialog(false);
     DialogDriver driver;
@@ -436,8 +436,8 @@ void tst_LaunchFileDialog::worksWithoutAnActiveWindow()
 
 void tst_LaunchFileDialog::worksWithoutFilters()
 {
-    QFETCH(DialogKind, kind);
-    const DialogKindSwitch kindSwitch(kind);
+    QFETCH(DialogBackend, kind);
+    const DialogBackendSwitch kindSwitch(kind);
     for (const bool save : {false, true}) {
         Request request;
         request.filters.clear();

@@ -6,9 +6,9 @@
 #include "ui/qt/dialogs/windows/SaveFileWinDialog.h"
 
 #include "AccessRights.h"
+#include "DialogBackend.h"
 #include "DialogDriver.h"
 #include "DialogFolders.h"
-#include "DialogKind.h"
 #include "FileDialogActions.h"
 #include "OrdinaryUser.h"
 #include "RecordingMessageHandler.h"
@@ -95,7 +95,7 @@ private:
 
 void addColumns()
 {
-    QTest::addColumn<DialogKind>("kind");
+    QTest::addColumn<DialogBackend>("kind");
     QTest::addColumn<bool>("behindTheFacade");
 }
 
@@ -103,7 +103,7 @@ void addColumns()
 void addFlowRows()
 {
     addColumns();
-    for (const DialogKind kind : dialogKinds())
+    for (const DialogBackend kind : dialogBackends())
         for (const bool behindTheFacade : {false, true})
             QTest::addRow("%s%s", nameOf(kind), behindTheFacade ? ", behind the facade" : "")
                 << kind << behindTheFacade;
@@ -175,9 +175,9 @@ private:
     std::unique_ptr<DialogFolders> m_folders;
     QString m_directory;
     std::unique_ptr<QWidget> m_window;
-    DialogKind m_kind = DialogKind::Recording;
+    DialogBackend m_kind = DialogBackend::Recording;
     bool m_behindTheFacade = true;
-    std::unique_ptr<DialogKindSwitch> m_switch;
+    std::unique_ptr<DialogBackendSwitch> m_switch;
     std::unique_ptr<DialogDriver> m_driver;
     std::queue<std::function<void(RecordingShell&)>> m_recorded;
     std::unique_ptr<AnyFlow> m_flow;
@@ -196,11 +196,11 @@ void tst_SaveFileDialog::init()
     m_calls.clear();
     if (!QTest::currentDataTag())
         return;
-    QFETCH(DialogKind, kind);
+    QFETCH(DialogBackend, kind);
     QFETCH(bool, behindTheFacade);
     m_kind = kind;
     m_behindTheFacade = behindTheFacade;
-    m_switch = std::make_unique<DialogKindSwitch>(kind);
+    m_switch = std::make_unique<DialogBackendSwitch>(kind);
     if (RecordingShell* const shell = m_switch->shell())
         shell->onShow = [this, shell] {
             if (m_recorded.empty())
@@ -232,7 +232,7 @@ std::unique_ptr<AnyFlow> tst_SaveFileDialog::makeFlow(Arguments&&... arguments)
     };
     if (m_behindTheFacade)
         return make(static_cast<SaveFileDialog*>(nullptr));
-    if (m_kind == DialogKind::QtDrawn)
+    if (m_kind == DialogBackend::QtDrawn)
         return make(static_cast<SaveFileQtDialog*>(nullptr));
     return make(static_cast<SaveFileWinDialog*>(nullptr));
 }
@@ -300,7 +300,7 @@ void tst_SaveFileDialog::isNativeAtFirst()
 
 void tst_SaveFileDialog::keepsItsKind()
 {
-    const DialogKindSwitch kind(DialogKind::Recording);
+    const DialogBackendSwitch kind(DialogBackend::Recording);
     SaveFileDialog native(m_window.get(), "", path(), "", writers, 0, "");
     ExtendedFileDialog::setUseNativeFileDialog(false);
     SaveFileDialog drawn(m_window.get(), "", path(), "", writers, 0, "");
@@ -332,7 +332,7 @@ void tst_SaveFileDialog::selectsTheWriter()
 void tst_SaveFileDialog::selectsNoWriterOutOfRange()
 {
     // The dialog that Qt draws always has a selected filter.
-    const int expected = m_kind == DialogKind::QtDrawn ? 0 : -1;
+    const int expected = m_kind == DialogBackend::QtDrawn ? 0 : -1;
     for (const int writer : {-1, 3, 1000})
         QCOMPARE(makeFlow("", writers, writer, "")->selectedWriter(), expected);
 }
@@ -380,7 +380,7 @@ void tst_SaveFileDialog::takesEachName_data()
     addColumns();
     QTest::addColumn<QString>("typed");
     QTest::addColumn<QString>("saved");
-    for (const DialogKind kind : dialogKinds()) {
+    for (const DialogBackend kind : dialogBackends()) {
         const auto addName = [kind](const char* title, const QString& typed, const QString& saved) {
             QTest::addRow("%s: %s", nameOf(kind), title) << kind << false << typed << saved;
         };
@@ -389,7 +389,7 @@ void tst_SaveFileDialog::takesEachName_data()
         addName("another extension", "result.txt", "result.txt");
         addName("blanks", "my result", "my result.dat");
         addName("not ASCII", QString::fromUtf8("\xC3\xA4\xE2\x82\xAC"), QString::fromUtf8("\xC3\xA4\xE2\x82\xAC.dat"));
-        if (kind == DialogKind::Recording) // QTest cannot type it.
+        if (kind == DialogBackend::Recording) // QTest cannot type it.
             addName("two UTF-16 code units", QString::fromUtf8("\xF0\x9F\x93\x81"),
                     QString::fromUtf8("\xF0\x9F\x93\x81.dat"));
     }
@@ -459,8 +459,8 @@ void tst_SaveFileDialog::asksInTheDefaultWords()
                 QStringLiteral("File %1 already exists. Do you want to replace it?").arg(m_folders->path("old.dat")));
             // A native dialog has closed already, and is no widget.
             QWidget* const parent = box.parentWidget();
-            QCOMPARE(bool(qobject_cast<QExtendedFileDialog*>(parent)), m_kind == DialogKind::QtDrawn);
-            QCOMPARE(parent == m_window.get(), m_kind != DialogKind::QtDrawn);
+            QCOMPARE(bool(qobject_cast<QExtendedFileDialog*>(parent)), m_kind == DialogBackend::QtDrawn);
+            QCOMPARE(parent == m_window.get(), m_kind != DialogBackend::QtDrawn);
             QCOMPARE(QApplication::focusWidget(), static_cast<QWidget*>(box.button(QMessageBox::No)));
             QTest::keyClick(box.button(QMessageBox::No), key);
         });
@@ -546,9 +546,9 @@ void tst_SaveFileDialog::faults_data()
     QTest::addColumn<int>("fault");
     // A dialog that Qt draws returns neither of these names: it enters the folder and refuses the long name.
     const QStringList refused{"a folder as target", "name too long"};
-    for (const DialogKind kind : dialogKinds())
+    for (const DialogBackend kind : dialogBackends())
         for (std::size_t i = 0; i < saveFaults().size(); ++i)
-            if (kind == DialogKind::Recording || !refused.contains(saveFaults()[i].name))
+            if (kind == DialogBackend::Recording || !refused.contains(saveFaults()[i].name))
                 QTest::addRow("%s: %s", nameOf(kind), saveFaults()[i].name) << kind << false << int(i);
 }
 
