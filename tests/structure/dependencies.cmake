@@ -4,6 +4,7 @@
 #   textsearch, controls/numbers and dialogs/rules include no widgets;
 #   dialogs/rules does not look at the file system;
 #   dialogs/save does not include the facades;
+#   of all dialogs, only qtdialog/FileDialogWidgets knows the names of the parts inside QFileDialog;
 #   only dialogs/windows uses the shell's interfaces, and only dialogKinds_p.h includes dialogs/windows from outside.
 cmake_policy(VERSION 3.16)
 
@@ -80,6 +81,11 @@ set(save ${all})
 list(FILTER save INCLUDE REGEX "^ui/qt/dialogs/save/")
 refuse_includes("${save}" "dialogs/(dialogKinds|ExtendedFileDialog|SaveFile[A-Za-z]*Dialog|LaunchFileDialog)"
     "the save flow knows no facade")
+
+set(inside ${dialogs})
+list(FILTER inside EXCLUDE REGEX "/qtdialog/FileDialogWidgets\\.cpp$")
+refuse_text("${inside}" "\"(fileNameEdit|fileTypeCombo|buttonBox|sidebar|listView|treeView|lookInCombo|qt_filesystem_model)\"|[\"(]_q_"
+    "FileDialogWidgets knows the inside of QFileDialog")
 
 set(portable ${all})
 list(FILTER portable EXCLUDE REGEX "^ui/qt/dialogs/windows/")

@@ -2,18 +2,14 @@
 
 #include "platform/ApplicationSettings.h"
 #include "platform/HelpLauncher.h"
-#include "ui/qt/dialogs/AcceptButtonGuide_p.h"
-#include "ui/qt/dialogs/FolderReadTracker_p.h"
-#include "ui/qt/dialogs/acceptTypedName_p.h"
-#include "ui/qt/dialogs/addDefaultSidebarPlaces_p.h"
-#include "ui/qt/dialogs/closeWithQuestions_p.h"
-#include "ui/qt/dialogs/hideOutdatedCompletions_p.h"
-#include "ui/qt/dialogs/letAcceptButtonFollowFolder_p.h"
-#include "ui/qt/dialogs/mnemonics_p.h"
+#include "ui/qt/dialogs/qtdialog/FileDialogWidgets_p.h"
+#include "ui/qt/dialogs/qtdialog/FolderReadTracker_p.h"
+#include "ui/qt/dialogs/qtdialog/addDefaultSidebarPlaces_p.h"
+#include "ui/qt/dialogs/qtdialog/closeWithQuestions_p.h"
+#include "ui/qt/dialogs/qtdialog/handleTypedNames_p.h"
+#include "ui/qt/dialogs/qtdialog/mnemonics_p.h"
+#include "ui/qt/dialogs/qtdialog/typedName_p.h"
 #include "ui/qt/dialogs/rules/temporaryNameFilter_p.h"
-#include "ui/qt/dialogs/selectTypedName_p.h"
-#include "ui/qt/dialogs/typedName_p.h"
-#include "ui/qt/dialogs/unselectShownFolder_p.h"
 
 #include <QComboBox>
 #include <QDialogButtonBox>
@@ -21,7 +17,6 @@
 #include <QFileSystemModel>
 #include <QGuiApplication>
 #include <QLineEdit>
-#include <QListView>
 #include <QPointer>
 #include <QPushButton>
 #include <QScopeGuard>
@@ -35,6 +30,7 @@
 
 using zelmar::ApplicationSettings;
 using zelmar::HelpLauncher;
+using namespace zelmar::internal;
 
 namespace {
 
@@ -99,19 +95,16 @@ void QExtendedFileDialog::init(QFileDialog::AcceptMode mode)
     // The child widgets that are looked up below exist only if Qt draws the dialog.
     setOption(QFileDialog::DontUseNativeDialog, true);
 
-    m_fileTypeCombo = findChild<QComboBox*>(QStringLiteral("fileTypeCombo"));
-    m_fileNameEdit = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-    const auto* listView = findChild<QListView*>(QStringLiteral("listView"));
-    auto* model = qobject_cast<QFileSystemModel*>(listView->model());
+    const FileDialogWidgets widgets(*this);
+    m_fileTypeCombo = &widgets.fileTypeCombo();
+    m_fileNameEdit = &widgets.fileNameEdit();
+    QFileSystemModel& model = widgets.model();
 
     // The tracker must be connected before the dialog, whose slots use it.
-    m_folderReadTracker = new FolderReadTracker(*model);
-    connect(model, SIGNAL(directoryLoaded(const QString&)), SLOT(onDirectoryLoaded(const QString&)));
-    connect(model, SIGNAL(rootPathChanged(const QString&)), SLOT(onRootPathChanged(const QString&)));
-    selectTypedName(*this);
-    letAcceptButtonFollowFolder(*this);
-    new AcceptButtonGuide(*this);
-    hideOutdatedCompletions(*this);
+    m_folderReadTracker = new FolderReadTracker(model);
+    connect(&model, SIGNAL(directoryLoaded(const QString&)), SLOT(onDirectoryLoaded(const QString&)));
+    connect(&model, SIGNAL(rootPathChanged(const QString&)), SLOT(onRootPathChanged(const QString&)));
+    handleTypedNames(*this);
 }
 
 void QExtendedFileDialog::performSelectedFileValidation(bool on)
@@ -265,15 +258,9 @@ void QExtendedFileDialog::accept()
     unselectShownFolder(*this);
     if (name.contains(QLatin1Char('*'))) // Compatibility: question-mark-is-no-pattern
         applyTypedPattern(name);
-    else if (m_performSelectedFileValidation)
-        acceptValidated();
-    else
+    else if (!m_performSelectedFileValidation)
         QDialog::accept(); // NOLINT(bugprone-parent-virtual-call): skips QFileDialog's checks
-}
-
-void QExtendedFileDialog::acceptValidated()
-{
-    if (!typedNameIsTooLong(*this) && !acceptTypedName(*this))
+    else if (!acceptTypedName(*this))
         QFileDialog::accept();
 }
 
@@ -307,15 +294,15 @@ void QExtendedFileDialog::applyTypedPattern(const QString& pattern)
         replaceNameFilters(filters, m_modifiedNameFilter);
     }
     listWhatMatches(pattern);
-    connect(m_fileTypeCombo, SIGNAL(activated(QString)), SLOT(revertModifiedFilterAndSelect(QString)));
+    // QFileDialog emits this signal after it has applied the filter that the user has picked.
+    connect(this, &QFileDialog::filterSelected, this, &QExtendedFileDialog::revertModifiedFilterAndSelect);
 }
 
 /// Lists what matches `pattern`. QFileDialog recognises only some characters in the patterns of a name filter, among
 /// them neither quotes nor umlauts.
 void QExtendedFileDialog::listWhatMatches(const QString& pattern)
 {
-    findChild<QFileSystemModel*>(QStringLiteral("qt_filesystem_model"))
-        ->setNameFilters(pattern.split(QLatin1Char(' '), Qt::SkipEmptyParts));
+    FileDialogWidgets(*this).model().setNameFilters(pattern.split(QLatin1Char(' '), Qt::SkipEmptyParts));
 }
 
 void QExtendedFileDialog::revertModifiedFilterAndSelect(QString filter) // NOLINT(performance-unnecessary-value-param)
@@ -327,7 +314,7 @@ void QExtendedFileDialog::revertModifiedFilterAndSelect(QString filter) // NOLIN
         return;
     }
     // Removes one connection for each pattern that was typed since the filters were last restored.
-    disconnect(m_fileTypeCombo, SIGNAL(activated(QString)), this, SLOT(revertModifiedFilterAndSelect(QString)));
+    disconnect(this, &QFileDialog::filterSelected, this, &QExtendedFileDialog::revertModifiedFilterAndSelect);
     restoreFilters();
 }
 
@@ -368,7 +355,7 @@ void QExtendedFileDialog::replaceNameFilters(const QStringList& filters, const Q
     const QString name = m_fileNameEdit->text();
     setNameFilters(filters);
     if (filters.isEmpty()) // QFileDialog would leave the last filter active in the model.
-        findChild<QFileSystemModel*>(QStringLiteral("qt_filesystem_model"))->setNameFilters({});
+        FileDialogWidgets(*this).model().setNameFilters({});
     selectNameFilter(selected);
     if (m_fileNameEdit->text() != name)
         m_fileNameEdit->setText(name);
@@ -378,11 +365,12 @@ void QExtendedFileDialog::replaceNameFilters(const QStringList& filters, const Q
 
 void QExtendedFileDialog::setHelpAction()
 {
-    auto* buttonBox = findChild<QDialogButtonBox*>(QStringLiteral("buttonBox"));
-    QPushButton* help = buttonBox->button(QDialogButtonBox::Help);
+    QDialogButtonBox& buttonBox = FileDialogWidgets(*this).buttonBox();
+    QPushButton* help = buttonBox.button(QDialogButtonBox::Help);
     if (!help) {
-        help = buttonBox->addButton(QDialogButtonBox::Help);
-        connect(buttonBox, SIGNAL(helpRequested()), this, SLOT(launchHelp()), Qt::UniqueConnection);
+        help = buttonBox.addButton(QDialogButtonBox::Help);
+        connect(&buttonBox, &QDialogButtonBox::helpRequested, this, &QExtendedFileDialog::launchHelp,
+                Qt::UniqueConnection);
     }
     help->setText(withAnyFreeMnemonic(help->text(), mnemonicsBeside(*help, *this)));
 }

@@ -11,9 +11,14 @@
 
 #include <string>
 
-class FolderReadTracker;
 class QComboBox;
 class QLineEdit;
+
+namespace zelmar {
+namespace internal {
+class FolderReadTracker;
+}
+} // namespace zelmar
 
 /// A file dialog that Qt draws on every platform. It adds the following to QFileDialog:
 ///
@@ -154,7 +159,6 @@ private:
     void restoreSizeAndPosition();
     void addSidebarUrls();
 
-    void acceptValidated();
     void applyTypedPattern(const QString& pattern);
     void listWhatMatches(const QString& pattern);
     bool temporaryFilterInForce() const;
@@ -178,5 +182,5 @@ private:
     std::string m_helpTopic;
     std::string m_geometryPersistenceKey;
     QSize m_defaultSize;
-    FolderReadTracker* m_folderReadTracker = nullptr;
+    zelmar::internal::FolderReadTracker* m_folderReadTracker = nullptr;
 };

@@ -1,6 +1,6 @@
 #include "ui/qt/dialogs/windows/builtin/ControlBar_p.h"
 
-#include "ui/qt/dialogs/mnemonics_p.h"
+#include "ui/qt/dialogs/qtdialog/mnemonics_p.h"
 #include "ui/qt/dialogs/windows/builtin/FileDialogListener_p.h"
 #include "ui/qt/dialogs/windows/builtin/WrappingLayout_p.h"
 #include "ui/qt/dialogs/windows/builtin/texts_p.h"

@@ -1,13 +1,9 @@
 #include "ui/qt/dialogs/windows/builtin/FileDialogWindow_p.h"
 
-#include "ui/qt/dialogs/AcceptButtonGuide_p.h"
-#include "ui/qt/dialogs/acceptTypedName_p.h"
-#include "ui/qt/dialogs/closeWithQuestions_p.h"
-#include "ui/qt/dialogs/hideOutdatedCompletions_p.h"
-#include "ui/qt/dialogs/letAcceptButtonFollowFolder_p.h"
-#include "ui/qt/dialogs/selectTypedName_p.h"
-#include "ui/qt/dialogs/typedName_p.h"
-#include "ui/qt/dialogs/unselectShownFolder_p.h"
+#include "ui/qt/dialogs/qtdialog/FileDialogWidgets_p.h"
+#include "ui/qt/dialogs/qtdialog/closeWithQuestions_p.h"
+#include "ui/qt/dialogs/qtdialog/handleTypedNames_p.h"
+#include "ui/qt/dialogs/qtdialog/typedName_p.h"
 #include "ui/qt/dialogs/windows/builtin/AcceptMenu_p.h"
 #include "ui/qt/dialogs/windows/builtin/ControlBar_p.h"
 #include "ui/qt/dialogs/windows/builtin/FileDialogListener_p.h"
@@ -24,7 +20,6 @@
 #include <QItemSelectionModel>
 #include <QLabel>
 #include <QLineEdit>
-#include <QListView>
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QTimer>
@@ -122,7 +117,7 @@ void FileDialogWindow::setVisible(bool visible)
 {
     QFileDialog::setVisible(visible);
     // Qt creates its own widgets only now if the desktop turns out to have no dialog.
-    if (visible && !isDrawnByQt() && findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))) {
+    if (visible && !isDrawnByQt() && FileDialogWidgets::existIn(*this)) {
         attachToWidgets();
         updateLabels();
         showTypes();
@@ -135,7 +130,7 @@ void FileDialogWindow::accept()
     // The desktop may have closed its dialog without a choice; QFileDialog would go on waiting.
     if (!isDrawnByQt() && selectedUrls().isEmpty())
         showAgainLater();
-    else if (!filterByTypedPattern() && !typedNameIsTooLong(*this) && !acceptTypedName(*this))
+    else if (!filterByTypedPattern() && !acceptTypedName(*this))
         QFileDialog::accept();
 }
 
@@ -217,23 +212,21 @@ void FileDialogWindow::selectAcceptItem()
 
 void FileDialogWindow::attachToWidgets()
 {
-    m_fileNameEdit = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-    if (!isDrawnByQt())
+    if (!FileDialogWidgets::existIn(*this))
         return;
-    m_fileTypeCombo = findChild<QComboBox*>(QStringLiteral("fileTypeCombo"));
-    m_model = findChild<QFileSystemModel*>(QStringLiteral("qt_filesystem_model"));
-    m_selection = findChild<QListView*>(QStringLiteral("listView"))->selectionModel();
-    m_buttonBox = findChild<QDialogButtonBox*>(QStringLiteral("buttonBox"));
-    m_acceptButton = m_buttonBox->button(acceptMode() == AcceptSave ? QDialogButtonBox::Save : QDialogButtonBox::Open);
+    const FileDialogWidgets widgets(*this);
+    m_fileNameEdit = &widgets.fileNameEdit();
+    m_fileTypeCombo = &widgets.fileTypeCombo();
+    m_model = &widgets.model();
+    m_selection = &widgets.selection();
+    m_buttonBox = &widgets.buttonBox();
+    m_acceptButton = &widgets.acceptButton();
     m_plainAcceptText = m_acceptButton->text();
     m_plainFileNameLabel = labelText(FileName);
 
-    selectTypedName(*this);
-    letAcceptButtonFollowFolder(*this);
-    new AcceptButtonGuide(*this);
-    hideOutdatedCompletions(*this);
+    handleTypedNames(*this);
     // Types are selected by index. QFileDialog would look them up by text, and also change the suffix of the name.
-    disconnect(m_fileTypeCombo, SIGNAL(activated(int)), this, nullptr);
+    widgets.leaveFileTypesToCaller();
     // Unlike directoryEntered(), this signal also reports a folder that the user typed.
     connect(m_model, &QFileSystemModel::rootPathChanged, this, [this] { reportFolder(); });
     placeControlBar();

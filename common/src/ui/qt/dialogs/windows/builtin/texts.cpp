@@ -1,6 +1,6 @@
 #include "ui/qt/dialogs/windows/builtin/texts_p.h"
 
-#include "ui/qt/dialogs/mnemonics_p.h"
+#include "ui/qt/dialogs/qtdialog/mnemonics_p.h"
 #include "ui/qt/dialogs/rules/quotedNames_p.h"
 
 namespace zelmar::internal {

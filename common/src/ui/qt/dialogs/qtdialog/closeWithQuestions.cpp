@@ -1,10 +1,12 @@
-#include "ui/qt/dialogs/closeWithQuestions_p.h"
+#include "ui/qt/dialogs/qtdialog/closeWithQuestions_p.h"
 
 #include <QDialog>
 #include <QMessageBox>
 #include <QPointer>
 
 #include <vector>
+
+namespace zelmar::internal {
 
 namespace {
 
@@ -57,3 +59,5 @@ void releaseQuestions(QDialog& dialog)
             question->setParent(nullptr, question->windowFlags());
     }
 }
+
+} // namespace zelmar::internal

@@ -1,10 +1,11 @@
-#include "ui/qt/dialogs/nameProblem_p.h"
+#include "ui/qt/dialogs/qtdialog/nameProblem_p.h"
 
 #include "DialogFolders.h"
 #include "TestHome.h"
 
 #include <QtTest>
 
+using namespace zelmar::internal;
 using Kind = NameProblem::Kind;
 Q_DECLARE_METATYPE(NameProblem::Kind)
 

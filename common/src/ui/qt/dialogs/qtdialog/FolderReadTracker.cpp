@@ -1,12 +1,14 @@
-#include "ui/qt/dialogs/FolderReadTracker_p.h"
+#include "ui/qt/dialogs/qtdialog/FolderReadTracker_p.h"
+
+namespace zelmar::internal {
 
 FolderReadTracker::FolderReadTracker(QFileSystemModel& model)
     : QObject(&model)
     , m_model(model)
     , m_root(model.rootPath())
 {
-    connect(&model, SIGNAL(directoryLoaded(QString)), this, SLOT(onDirectoryLoaded(QString)));
-    connect(&model, SIGNAL(rootPathChanged(QString)), this, SLOT(onRootPathChanged(QString)));
+    connect(&model, &QFileSystemModel::directoryLoaded, this, &FolderReadTracker::onDirectoryLoaded);
+    connect(&model, &QFileSystemModel::rootPathChanged, this, &FolderReadTracker::onRootPathChanged);
 }
 
 bool FolderReadTracker::rootIsBeingRead() const
@@ -29,3 +31,5 @@ void FolderReadTracker::onRootPathChanged(const QString& newPath)
     m_announced.remove(m_model.index(m_root));
     m_root = newPath;
 }
+
+} // namespace zelmar::internal

@@ -1,18 +1,16 @@
-#include "ui/qt/dialogs/AcceptButtonGuide_p.h"
+#include "ui/qt/dialogs/qtdialog/AcceptButtonGuide_p.h"
 
-#include "platform/ApplicationSettings.h"
-#include "ui/qt/dialogs/ExtendedFileDialog.h"
-#include "ui/qt/dialogs/QExtendedFileDialog.h"
 #include "ui/qt/dialogs/SaveFileDialog.h"
 
 #include "DialogDriver.h"
-#include "DialogFolders.h"
+#include "DrawnDialogs.h"
 #include "FileDialogActions.h"
 #include "TestHome.h"
 #include "systemLimits.h"
 
 #include <QDialogButtonBox>
 #include <QDir>
+#include <QFileSystemModel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
@@ -20,7 +18,7 @@
 
 #include <memory>
 
-using zelmar::ApplicationSettings;
+using namespace zelmar::internal;
 
 namespace {
 
@@ -51,57 +49,32 @@ class tst_AcceptButtonGuide : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
+    void init() { m_place = std::make_unique<DrawnDialogs>(); }
 
-    void tellsWhyWhileSaving_data() { addKindRows(); }
+    void tellsWhyWhileSaving_data() { DrawnDialogs::addKindRows(); }
     void tellsWhyWhileSaving();
-    void refusesTooManyBytes_data() { addKindRows(); }
+    void refusesTooManyBytes_data() { DrawnDialogs::addKindRows(); }
     void refusesTooManyBytes();
-    void missingFolderIsAskedAbout_data() { addKindRows(); }
+    void missingFolderIsAskedAbout_data() { DrawnDialogs::addKindRows(); }
     void missingFolderIsAskedAbout();
-    void tellsWhyWhileOpening_data() { addKindRows(); }
+    void tellsWhyWhileOpening_data() { DrawnDialogs::addKindRows(); }
     void tellsWhyWhileOpening();
     void followsTheShownFolder();
     void leavesTheApplicationsTexts();
     void showsNamesAsTheyAre();
     void withoutValidation();
+    void enablesForAFileThatComesLater_data();
+    void enablesForAFileThatComesLater();
+    void leavesTheButtonsTextAlone();
 
 private:
-    static void addKindRows();
-    std::unique_ptr<ExtendedFileDialog> makeDialog(QFileDialog::AcceptMode mode);
-
-    std::unique_ptr<DialogFolders> m_folders;
-    std::unique_ptr<QWidget> m_window;
+    std::unique_ptr<DrawnDialogs> m_place;
 };
-
-void tst_AcceptButtonGuide::addKindRows()
-{
-    QTest::addColumn<bool>("native");
-    QTest::newRow("drawn by Qt") << false;
-    if (!systemLimits::nativeDialogIsTheSystems)
-        QTest::newRow("native, over the built-in object") << true;
-}
-
-void tst_AcceptButtonGuide::init()
-{
-    ApplicationSettings::getInstance().setStore(std::make_unique<ApplicationSettings::MemoryStore>());
-    m_folders = std::make_unique<DialogFolders>();
-    m_folders->addFile(QStringLiteral("old.dat"));
-    m_folders->addFolder(QStringLiteral("folder"));
-    m_window = std::make_unique<QWidget>();
-}
-
-std::unique_ptr<ExtendedFileDialog> tst_AcceptButtonGuide::makeDialog(QFileDialog::AcceptMode mode)
-{
-    QFETCH(bool, native);
-    ExtendedFileDialog::setUseNativeFileDialog(native);
-    return std::make_unique<ExtendedFileDialog>(*m_window, "Choose", m_folders->path().toStdString(), "", "", mode);
-}
 
 /// Changes the name by single key presses around the limit.
 void tst_AcceptButtonGuide::tellsWhyWhileSaving()
 {
-    const auto dialog = makeDialog(QFileDialog::AcceptSave);
+    const auto dialog = m_place->make(QFileDialog::AcceptSave);
     DialogDriver driver;
     driver.onDialog<QFileDialog>("type", [this](QFileDialog& shown) {
         QCOMPARE(reason(shown), QString());
@@ -118,11 +91,11 @@ void tst_AcceptButtonGuide::tellsWhyWhileSaving()
         QVERIFY(acceptButton(shown).isEnabled());
 
         typeName(shown, QStringLiteral("missing/deeper/new"));
-        const QString missing = QDir::toNativeSeparators(m_folders->path(QStringLiteral("missing")));
+        const QString missing = QDir::toNativeSeparators(m_place->path(QStringLiteral("missing")));
         QCOMPARE(reason(shown), QStringLiteral("The folder %1 does not exist.").arg(missing));
         QVERIFY(acceptButton(shown).isEnabled());
         typeName(shown, QStringLiteral("old.dat/new"));
-        const QString file = QDir::toNativeSeparators(m_folders->path(QStringLiteral("old.dat")));
+        const QString file = QDir::toNativeSeparators(m_place->path(QStringLiteral("old.dat")));
         QCOMPARE(reason(shown), QStringLiteral("%1 is not a folder.").arg(file));
         typeName(shown, QStringLiteral("folder/new"));
         QCOMPARE(reason(shown), QString());
@@ -141,7 +114,7 @@ void tst_AcceptButtonGuide::refusesTooManyBytes()
 {
     if (systemLimits::nativeDialogIsTheSystems)
         QSKIP("the file system counts as QFileDialog does");
-    const auto dialog = makeDialog(QFileDialog::AcceptSave);
+    const auto dialog = m_place->make(QFileDialog::AcceptSave);
     DialogDriver driver;
     driver.onDialog<QFileDialog>("type", [](QFileDialog& shown) {
         acceptName(shown, QString(200, QChar(0xe4)));
@@ -158,19 +131,18 @@ void tst_AcceptButtonGuide::refusesTooManyBytes()
 /// The button stays enabled, because the flow asks a question about such a name.
 void tst_AcceptButtonGuide::missingFolderIsAskedAbout()
 {
-    QFETCH(bool, native);
-    ExtendedFileDialog::setUseNativeFileDialog(native);
-    SaveFileDialog flow(m_window.get(), "Save", m_folders->path().toStdString(), "", "Data (*.dat)", "");
+    DrawnDialogs::useKindOfRow();
+    SaveFileDialog flow(&m_place->window, "Save", m_place->path().toStdString(), "", "Data (*.dat)", "");
     DialogDriver driver;
     driver.onDialog<QFileDialog>("accept",
                                  [](QFileDialog& shown) { acceptName(shown, QStringLiteral("missing/new")); });
     driver.onDialog<QMessageBox>("again", [this](QMessageBox& box) {
         QVERIFY(box.text().startsWith(QStringLiteral("Unable to save file %1, check access permissions")
-                                          .arg(m_folders->path(QStringLiteral("missing/new.dat")))));
+                                          .arg(m_place->path(QStringLiteral("missing/new.dat")))));
         box.button(QMessageBox::Yes)->click();
     });
     driver.onDialog<QFileDialog>("reason", [this](QFileDialog& shown) {
-        const QString missing = QDir::toNativeSeparators(m_folders->path(QStringLiteral("missing")));
+        const QString missing = QDir::toNativeSeparators(m_place->path(QStringLiteral("missing")));
         QCOMPARE(reason(shown), QStringLiteral("The folder %1 does not exist.").arg(missing));
         cancel(shown);
     });
@@ -180,7 +152,7 @@ void tst_AcceptButtonGuide::missingFolderIsAskedAbout()
 
 void tst_AcceptButtonGuide::tellsWhyWhileOpening()
 {
-    const auto dialog = makeDialog(QFileDialog::AcceptOpen);
+    const auto dialog = m_place->make(QFileDialog::AcceptOpen);
     dialog->setFileMode(QFileDialog::ExistingFile);
     DialogDriver driver;
     driver.onDialog<QFileDialog>("type", [](QFileDialog& shown) {
@@ -199,33 +171,33 @@ void tst_AcceptButtonGuide::tellsWhyWhileOpening()
 
 void tst_AcceptButtonGuide::followsTheShownFolder()
 {
-    QExtendedFileDialog dialog(*m_window, "Save", m_folders->path().toStdString(), "", "", QFileDialog::AcceptSave);
-    fileNameEdit(dialog).setText(QStringLiteral("folder/new"));
-    QCOMPARE(reason(dialog), QString());
-    dialog.setDirectory(m_folders->path(QStringLiteral("folder")));
-    QVERIFY(reason(dialog).contains(QStringLiteral("does not exist")));
-    QVERIFY(QDir(m_folders->path(QStringLiteral("folder"))).mkdir(QStringLiteral("folder")));
-    dialog.show(); // The model now reports the new folder.
-    QTRY_COMPARE(reason(dialog), QString());
+    const auto dialog = m_place->makeQt(QFileDialog::AcceptSave);
+    fileNameEdit(*dialog).setText(QStringLiteral("folder/new"));
+    QCOMPARE(reason(*dialog), QString());
+    dialog->setDirectory(m_place->path(QStringLiteral("folder")));
+    QVERIFY(reason(*dialog).contains(QStringLiteral("does not exist")));
+    QVERIFY(QDir(m_place->path(QStringLiteral("folder"))).mkdir(QStringLiteral("folder")));
+    dialog->show(); // The model now reports the new folder.
+    QTRY_COMPARE(reason(*dialog), QString());
 }
 
 void tst_AcceptButtonGuide::leavesTheApplicationsTexts()
 {
-    QExtendedFileDialog dialog(*m_window, "Save", m_folders->path().toStdString(), "", "", QFileDialog::AcceptSave);
-    acceptButton(dialog).setToolTip(QStringLiteral("Writes the run"));
-    fileNameEdit(dialog).setAccessibleDescription(QStringLiteral("Name of the run"));
-    fileNameEdit(dialog).setText(QStringLiteral("missing/new"));
-    QVERIFY(acceptButton(dialog).toolTip().contains(QStringLiteral("does not exist")));
-    fileNameEdit(dialog).setText(QStringLiteral("gone/new"));
-    QVERIFY(acceptButton(dialog).toolTip().contains(QStringLiteral("gone")));
-    fileNameEdit(dialog).setText(QStringLiteral("new"));
-    QCOMPARE(acceptButton(dialog).toolTip(), QStringLiteral("Writes the run"));
-    QCOMPARE(fileNameEdit(dialog).accessibleDescription(), QStringLiteral("Name of the run"));
+    const auto dialog = m_place->makeQt(QFileDialog::AcceptSave);
+    acceptButton(*dialog).setToolTip(QStringLiteral("Writes the run"));
+    fileNameEdit(*dialog).setAccessibleDescription(QStringLiteral("Name of the run"));
+    fileNameEdit(*dialog).setText(QStringLiteral("missing/new"));
+    QVERIFY(acceptButton(*dialog).toolTip().contains(QStringLiteral("does not exist")));
+    fileNameEdit(*dialog).setText(QStringLiteral("gone/new"));
+    QVERIFY(acceptButton(*dialog).toolTip().contains(QStringLiteral("gone")));
+    fileNameEdit(*dialog).setText(QStringLiteral("new"));
+    QCOMPARE(acceptButton(*dialog).toolTip(), QStringLiteral("Writes the run"));
+    QCOMPARE(fileNameEdit(*dialog).accessibleDescription(), QStringLiteral("Name of the run"));
 
-    fileNameEdit(dialog).setText(QStringLiteral("missing/new"));
-    acceptButton(dialog).setToolTip(QStringLiteral("Set meanwhile"));
-    fileNameEdit(dialog).setText(QStringLiteral("new"));
-    QCOMPARE(acceptButton(dialog).toolTip(), QStringLiteral("Set meanwhile"));
+    fileNameEdit(*dialog).setText(QStringLiteral("missing/new"));
+    acceptButton(*dialog).setToolTip(QStringLiteral("Set meanwhile"));
+    fileNameEdit(*dialog).setText(QStringLiteral("new"));
+    QCOMPARE(acceptButton(*dialog).toolTip(), QStringLiteral("Set meanwhile"));
 }
 
 /// A tool tip would interpret "<b>" as markup.
@@ -233,21 +205,63 @@ void tst_AcceptButtonGuide::showsNamesAsTheyAre()
 {
     if (systemLimits::noOddNames)
         QSKIP(systemLimits::noOddNames);
-    QExtendedFileDialog dialog(*m_window, "Save", m_folders->path().toStdString(), "", "", QFileDialog::AcceptSave);
-    fileNameEdit(dialog).setText(QStringLiteral("a<b>c</b>/new"));
-    QVERIFY(acceptButton(dialog).accessibleDescription().contains(QStringLiteral("/a<b>c<")));
-    QVERIFY(acceptButton(dialog).toolTip().contains(QStringLiteral("/a&lt;b&gt;c&lt;")));
+    const auto dialog = m_place->makeQt(QFileDialog::AcceptSave);
+    fileNameEdit(*dialog).setText(QStringLiteral("a<b>c</b>/new"));
+    QVERIFY(acceptButton(*dialog).accessibleDescription().contains(QStringLiteral("/a<b>c<")));
+    QVERIFY(acceptButton(*dialog).toolTip().contains(QStringLiteral("/a&lt;b&gt;c&lt;")));
 }
 
 void tst_AcceptButtonGuide::withoutValidation()
 {
-    QExtendedFileDialog dialog(*m_window, "Save", m_folders->path().toStdString(), "", "", QFileDialog::AcceptSave);
-    dialog.performSelectedFileValidation(false);
+    const auto dialog = m_place->makeQt(QFileDialog::AcceptSave);
+    dialog->performSelectedFileValidation(false);
     DialogDriver driver;
     driver.onDialog<QFileDialog>("accept",
                                  [](QFileDialog& shown) { acceptName(shown, QString(300, QLatin1Char('x'))); });
-    QCOMPARE(dialog.exec(), int(QDialog::Accepted));
+    QCOMPARE(dialog->exec(), int(QDialog::Accepted));
     QVERIFY2(driver.finished(), qPrintable(driver.problem()));
+}
+
+void tst_AcceptButtonGuide::enablesForAFileThatComesLater_data()
+{
+    QTest::addColumn<bool>("extended");
+    QTest::newRow("any dialog that Qt draws") << false;
+    QTest::newRow("QExtendedFileDialog") << true;
+}
+
+void tst_AcceptButtonGuide::enablesForAFileThatComesLater()
+{
+    QFETCH(bool, extended);
+    m_place->window.show();
+    std::unique_ptr<QFileDialog> dialog;
+    if (extended) {
+        dialog = m_place->makeQt(QFileDialog::AcceptOpen);
+    } else {
+        dialog = std::make_unique<QFileDialog>(&m_place->window, QString(), m_place->path());
+        dialog->setOption(QFileDialog::DontUseNativeDialog);
+        dialog->setFileMode(QFileDialog::ExistingFile);
+        new AcceptButtonGuide(*dialog);
+    }
+    dialog->show();
+    typeName(*dialog, QStringLiteral("second.dat"));
+    QVERIFY(!acceptButton(*dialog).isEnabled());
+
+    m_place->folders.addFile(QStringLiteral("second.dat"));
+    QTRY_VERIFY(acceptButton(*dialog).isEnabled());
+}
+
+void tst_AcceptButtonGuide::leavesTheButtonsTextAlone()
+{
+    m_place->window.show();
+    const auto dialog = m_place->makeQt(QFileDialog::AcceptOpen);
+    dialog->show();
+    typeName(*dialog, QStringLiteral("old.dat"));
+    QTRY_VERIFY(acceptButton(*dialog).isEnabled());
+    acceptButton(*dialog).setText(QStringLiteral("Take it"));
+    m_place->folders.addFile(QStringLiteral("second.dat"));
+    const auto* model = dialog->findChild<QFileSystemModel*>(QStringLiteral("qt_filesystem_model"));
+    QTRY_COMPARE(model->rowCount(model->index(m_place->path())), 3);
+    QCOMPARE(acceptButton(*dialog).text(), QStringLiteral("Take it"));
 }
 
 UI_TEST_MAIN(tst_AcceptButtonGuide)

@@ -4,6 +4,8 @@
 
 #include <QString>
 
+namespace zelmar::internal {
+
 /// The reason why a file cannot be saved under a name, as far as the name alone determines it. Access rights and free
 /// space are not checked.
 struct NameProblem
@@ -25,3 +27,5 @@ COMMON_UI_QT_INTERNAL_EXPORT NameProblem problemOfSavingTo(const QString& path);
 
 /// Returns a sentence in plain text that explains `problem` to the user. Empty for Kind::None.
 COMMON_UI_QT_INTERNAL_EXPORT QString explanationOf(const NameProblem& problem);
+
+} // namespace zelmar::internal

@@ -1,10 +1,9 @@
-#include "ui/qt/dialogs/AcceptButtonGuide_p.h"
+#include "ui/qt/dialogs/qtdialog/AcceptButtonGuide_p.h"
 
-#include "ui/qt/dialogs/nameProblem_p.h"
-#include "ui/qt/dialogs/typedName_p.h"
+#include "ui/qt/dialogs/qtdialog/nameProblem_p.h"
+#include "ui/qt/dialogs/qtdialog/typedName_p.h"
 
 #include <QCoreApplication>
-#include <QDialogButtonBox>
 #include <QEvent>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -14,27 +13,19 @@
 #include <QPushButton>
 #include <QTextDocument>
 
+namespace zelmar::internal {
+
 namespace {
-
-QPushButton* acceptButtonOf(const QFileDialog& dialog)
-{
-    const auto* box = dialog.findChild<QDialogButtonBox*>(QStringLiteral("buttonBox"));
-    return box->button(dialog.acceptMode() == QFileDialog::AcceptSave ? QDialogButtonBox::Save
-                                                                      : QDialogButtonBox::Open);
-}
-
-QLineEdit* nameEditOf(const QFileDialog& dialog)
-{
-    return dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-}
 
 /// Returns whether the dialog would choose the file by the typed name. It does not if a file is selected in the list or
 /// the name is a pattern.
 bool goesByTypedName(const QFileDialog& dialog)
 {
-    const QLineEdit* edit = nameEditOf(dialog);
-    return edit && !edit->text().isEmpty() && !edit->text().contains(QLatin1Char('*'))
-           && listSelection(dialog)->selectedRows().isEmpty();
+    if (!FileDialogWidgets::existIn(dialog))
+        return false;
+    const FileDialogWidgets widgets(dialog);
+    const QString name = widgets.fileNameEdit().text();
+    return !name.isEmpty() && !name.contains(QLatin1Char('*')) && widgets.selection().selectedRows().isEmpty();
 }
 
 /// Returns the problem of saving to a new file that the dialog would choose by its typed name. Does not look at
@@ -94,18 +85,18 @@ void WidgetNote::end()
 AcceptButtonGuide::AcceptButtonGuide(QFileDialog& dialog)
     : QObject(&dialog)
     , m_dialog(dialog)
-    , m_edit(*nameEditOf(dialog))
+    , m_widgets(dialog)
 {
-    connect(&m_edit, &QLineEdit::textChanged, this, &AcceptButtonGuide::update);
-    const QItemSelectionModel* selection = listSelection(dialog);
-    connect(selection, &QItemSelectionModel::selectionChanged, this, &AcceptButtonGuide::update);
-    connect(selection, &QItemSelectionModel::currentChanged, this, &AcceptButtonGuide::update);
-    const auto* model = dialog.findChild<QFileSystemModel*>(QStringLiteral("qt_filesystem_model"));
-    connect(model, &QFileSystemModel::rootPathChanged, this, &AcceptButtonGuide::update);
-    connect(model, &QFileSystemModel::directoryLoaded, this, &AcceptButtonGuide::update);
-    connect(model, &QFileSystemModel::layoutChanged, this, &AcceptButtonGuide::update);
-    connect(model, &QFileSystemModel::rowsInserted, this, &AcceptButtonGuide::update);
-    connect(model, &QFileSystemModel::rowsRemoved, this, &AcceptButtonGuide::update);
+    connect(&m_widgets.fileNameEdit(), &QLineEdit::textChanged, this, &AcceptButtonGuide::update);
+    const QItemSelectionModel& selection = m_widgets.selection();
+    connect(&selection, &QItemSelectionModel::selectionChanged, this, &AcceptButtonGuide::update);
+    connect(&selection, &QItemSelectionModel::currentChanged, this, &AcceptButtonGuide::update);
+    const QFileSystemModel& model = m_widgets.model();
+    connect(&model, &QFileSystemModel::rootPathChanged, this, &AcceptButtonGuide::update);
+    connect(&model, &QFileSystemModel::directoryLoaded, this, &AcceptButtonGuide::followFolder);
+    connect(&model, &QFileSystemModel::layoutChanged, this, &AcceptButtonGuide::followFolder);
+    connect(&model, &QFileSystemModel::rowsInserted, this, &AcceptButtonGuide::followFolder);
+    connect(&model, &QFileSystemModel::rowsRemoved, this, &AcceptButtonGuide::followFolder);
     dialog.installEventFilter(this);
 }
 
@@ -116,23 +107,36 @@ bool AcceptButtonGuide::eventFilter(QObject* watched, QEvent* event)
     return QObject::eventFilter(watched, event);
 }
 
+void AcceptButtonGuide::followFolder()
+{
+    if (waitsForFile())
+        m_widgets.updateAcceptButton();
+    update();
+}
+
+/// Returns whether the Open button is disabled although a name is typed. In all other cases the button is up to date,
+/// and another update would replace its label.
+bool AcceptButtonGuide::waitsForFile() const
+{
+    return m_dialog.acceptMode() == QFileDialog::AcceptOpen && !m_widgets.acceptButton().isEnabled()
+           && !m_widgets.fileNameEdit().text().isEmpty();
+}
+
 void AcceptButtonGuide::update()
 {
-    QPushButton* const button = acceptButtonOf(m_dialog);
-    if (!button)
-        return;
-    enableForQuotedName(*button);
+    QPushButton& button = m_widgets.acceptButton();
+    enableForQuotedName(button);
     if (typedNameIsTooLong(m_dialog))
-        button->setEnabled(false);
-    const QString text = problem(*button);
-    m_buttonNote.show(button, text);
-    m_editNote.show(&m_edit, text);
+        button.setEnabled(false);
+    const QString text = problem(button);
+    m_buttonNote.show(&button, text);
+    m_editNote.show(&m_widgets.fileNameEdit(), text);
 }
 
 void AcceptButtonGuide::enableForQuotedName(QPushButton& button)
 {
     const std::optional<QString> name = typedNameWithQuotes(m_dialog);
-    const bool wordedForFolder = button.text() == QFileDialog::tr("&Open");
+    const bool wordedForFolder = button.text() == FileDialogWidgets::openLabel();
     if (!wordedForFolder)
         m_plainText = button.text();
     if (!name)
@@ -155,3 +159,5 @@ bool typedNameIsTooLong(const QFileDialog& dialog)
 {
     return problemOfNewName(dialog).kind == NameProblem::Kind::TooLong;
 }
+
+} // namespace zelmar::internal

@@ -1,13 +1,10 @@
-#include "ui/qt/dialogs/mnemonics_p.h"
+#include "ui/qt/dialogs/qtdialog/mnemonics_p.h"
 
-#include "platform/ApplicationSettings.h"
 #include "platform/HelpLauncher.h"
-#include "ui/qt/dialogs/ExtendedFileDialog.h"
-#include "ui/qt/dialogs/QExtendedFileDialog.h"
 #include "ui/qt/dialogs/windows/ExtendedWinFileDialog.h"
 
 #include "DialogDriver.h"
-#include "DialogFolders.h"
+#include "DrawnDialogs.h"
 #include "FileDialogActions.h"
 #include "TestHome.h"
 #include "systemLimits.h"
@@ -22,8 +19,8 @@
 #include <memory>
 #include <vector>
 
-using zelmar::ApplicationSettings;
 using zelmar::HelpLauncher;
+using namespace zelmar::internal;
 
 namespace {
 
@@ -83,8 +80,7 @@ private Q_SLOTS:
     void applicationsLabelsStay();
 
 private:
-    std::unique_ptr<DialogFolders> m_folders;
-    std::unique_ptr<QWidget> m_window;
+    std::unique_ptr<DrawnDialogs> m_place;
     std::vector<std::string> m_topics;
 };
 
@@ -95,10 +91,7 @@ void tst_mnemonics::initTestCase()
 
 void tst_mnemonics::init()
 {
-    ApplicationSettings::getInstance().setStore(std::make_unique<ApplicationSettings::MemoryStore>());
-    m_folders = std::make_unique<DialogFolders>();
-    m_folders->addFolder(QStringLiteral("folder"));
-    m_window = std::make_unique<QWidget>();
+    m_place = std::make_unique<DrawnDialogs>();
     m_topics.clear();
 }
 
@@ -176,12 +169,11 @@ void tst_mnemonics::noneTwice_data()
 
 void tst_mnemonics::noneTwice()
 {
-    QFETCH(bool, native);
     QFETCH(QFileDialog::AcceptMode, acceptMode);
     QFETCH(QFileDialog::FileMode, fileMode);
     QFETCH(bool, help);
-    ExtendedFileDialog::setUseNativeFileDialog(native);
-    ExtendedFileDialog dialog(*m_window, "Choose", m_folders->path().toStdString(), "", help ? "topic" : "",
+    DrawnDialogs::useKindOfRow();
+    ExtendedFileDialog dialog(m_place->window, "Choose", m_place->path().toStdString(), "", help ? "topic" : "",
                               acceptMode);
     dialog.setFileMode(fileMode);
     DialogDriver driver;
@@ -215,7 +207,7 @@ void tst_mnemonics::helpGivesWayToLabels_data()
 void tst_mnemonics::helpGivesWayToLabels()
 {
     QFETCH(QFileDialog::DialogLabel, label);
-    QExtendedFileDialog dialog(*m_window, "Choose", m_folders->path().toStdString(), "", "topic",
+    QExtendedFileDialog dialog(m_place->window, "Choose", m_place->path().toStdString(), "", "topic",
                                QFileDialog::AcceptOpen);
     dialog.setLabelText(label, QStringLiteral("&Hand over"));
     DialogDriver driver;
@@ -236,7 +228,7 @@ void tst_mnemonics::helpGivesWayToAddedButtons()
 {
     if (systemLimits::nativeDialogIsTheSystems)
         QSKIP("the system lays its dialog out");
-    ExtendedWinFileDialog dialog(*m_window, "Choose", m_folders->path().toStdString(), "", "topic",
+    ExtendedWinFileDialog dialog(m_place->window, "Choose", m_place->path().toStdString(), "", "topic",
                                  QFileDialog::AcceptOpen, false);
     int clicks = 0;
     dialog.addCustomButton("&Histogram", [&clicks] { ++clicks; });
@@ -259,7 +251,7 @@ void tst_mnemonics::applicationsLabelsStay()
 {
     if (systemLimits::nativeDialogIsTheSystems)
         QSKIP("the system lays its dialog out");
-    ExtendedWinFileDialog dialog(*m_window, "Choose", m_folders->path().toStdString(), "", "topic",
+    ExtendedWinFileDialog dialog(m_place->window, "Choose", m_place->path().toStdString(), "", "topic",
                                  QFileDialog::AcceptOpen, false);
     dialog.addCustomButton("&Preview", [] {});
     dialog.addCustomButton("&Print", [] {});

@@ -9,6 +9,8 @@
 class QAbstractButton;
 class QFileDialog;
 
+namespace zelmar::internal {
+
 /// Returns `label` without the ampersand of its mnemonic. A doubled ampersand stays.
 QString withoutMnemonic(const QString& label);
 
@@ -19,3 +21,5 @@ COMMON_UI_QT_INTERNAL_EXPORT QString withAnyFreeMnemonic(const QString& label, c
 /// Returns the mnemonics that a button of a Qt-drawn dialog must not have: those of the labels, those of the buttons in
 /// the button box other than `except`, and those that the accept button may get while a name is typed.
 QSet<QKeySequence> mnemonicsBeside(const QAbstractButton& except, const QFileDialog& dialog);
+
+} // namespace zelmar::internal

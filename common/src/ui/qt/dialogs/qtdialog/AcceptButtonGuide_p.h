@@ -1,6 +1,7 @@
 #pragma once
 
 #include "internal_export_p.h"
+#include "ui/qt/dialogs/qtdialog/FileDialogWidgets_p.h"
 
 #include <QObject>
 #include <QPointer>
@@ -8,8 +9,9 @@
 #include <QWidget>
 
 class QFileDialog;
-class QLineEdit;
 class QPushButton;
+
+namespace zelmar::internal {
 
 /// A note that reports a problem as the tool tip and the accessible description of a widget. When the note ends, the
 /// texts that the application has set there are restored.
@@ -33,10 +35,11 @@ private:
 /// with double quotes that is a single name (see typedName_p.h) enables the button if the file exists or may be a new
 /// one. A name with more bytes than the file system allows disables it. The button and the file-name box explain why
 /// the button is disabled, and warn if a folder of the path does not exist.
+///
+/// The button is also updated when a folder has been read or filtered. It is enabled if the typed name exists, but
+/// QFileDialog checks this only when the text changes.
 class COMMON_UI_QT_INTERNAL_EXPORT AcceptButtonGuide : public QObject
 {
-    Q_OBJECT
-
 public:
     /// Creates a guide that `dialog` owns.
     explicit AcceptButtonGuide(QFileDialog& dialog);
@@ -44,12 +47,14 @@ public:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void followFolder();
+    bool waitsForFile() const;
     void update();
     void enableForQuotedName(QPushButton& button);
     QString problem(const QPushButton& button) const;
 
     QFileDialog& m_dialog;
-    QLineEdit& m_edit;
+    FileDialogWidgets m_widgets;
     QString m_plainText;
     WidgetNote m_buttonNote;
     WidgetNote m_editNote;
@@ -57,3 +62,5 @@ private:
 
 /// Returns whether the user has typed a name for a new file that is longer than the file system of its folder allows.
 COMMON_UI_QT_INTERNAL_EXPORT bool typedNameIsTooLong(const QFileDialog& dialog);
+
+} // namespace zelmar::internal

@@ -1,4 +1,4 @@
-#include "ui/qt/dialogs/FolderReadTracker_p.h"
+#include "ui/qt/dialogs/qtdialog/FolderReadTracker_p.h"
 
 #include "DialogFolders.h"
 #include "TestHome.h"
@@ -8,6 +8,8 @@
 #include <QDir>
 #include <QSignalSpy>
 #include <QTest>
+
+using zelmar::internal::FolderReadTracker;
 
 /// Uses a model without views, so that no view makes it read folders and each test controls what is read.
 class tst_FolderReadTracker : public QObject

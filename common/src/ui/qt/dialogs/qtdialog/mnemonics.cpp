@@ -1,9 +1,13 @@
-#include "ui/qt/dialogs/mnemonics_p.h"
+#include "ui/qt/dialogs/qtdialog/mnemonics_p.h"
+
+#include "ui/qt/dialogs/qtdialog/FileDialogWidgets_p.h"
 
 #include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QLabel>
 #include <QPushButton>
+
+namespace zelmar::internal {
 
 namespace {
 const QLatin1Char ampersand('&');
@@ -41,13 +45,14 @@ QSet<QKeySequence> mnemonicsBeside(const QAbstractButton& except, const QFileDia
     QSet<QKeySequence> taken;
     for (const QLabel* label : dialog.findChildren<QLabel*>())
         taken.insert(QKeySequence::mnemonic(label->text()));
-    const auto* box = dialog.findChild<QDialogButtonBox*>(QStringLiteral("buttonBox"));
-    for (const QAbstractButton* button : box->buttons()) {
+    for (const QAbstractButton* button : FileDialogWidgets(dialog).buttonBox().buttons()) {
         if (button != &except)
             taken.insert(QKeySequence::mnemonic(button->text()));
     }
     if (dialog.acceptMode() == QFileDialog::AcceptSave) // The Save button becomes "Open" for the name of a folder.
-        taken.insert(QKeySequence::mnemonic(QFileDialog::tr("&Open")));
+        taken.insert(QKeySequence::mnemonic(FileDialogWidgets::openLabel()));
     taken.remove(QKeySequence());
     return taken;
 }
+
+} // namespace zelmar::internal

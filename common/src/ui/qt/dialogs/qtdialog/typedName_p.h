@@ -8,7 +8,8 @@
 #include <optional>
 
 class QFileDialog;
-class QItemSelectionModel;
+
+namespace zelmar::internal {
 
 /// QFileDialog splits the text of its file-name box at double quotes even if it accepts a single name only: it would
 /// save `run 12" pipe` as ` pipe`. These functions read the box of a Qt-drawn dialog like QFileDialog, except that a
@@ -30,5 +31,4 @@ std::optional<QString> nameWithQuotesIn(const QFileDialog& dialog, const QString
 /// dialog that the desktop draws.
 COMMON_UI_QT_INTERNAL_EXPORT QStringList chosenFiles(const QFileDialog& dialog);
 
-/// Returns the selection model of the list of a Qt-drawn dialog, and null for any other dialog.
-COMMON_UI_QT_INTERNAL_EXPORT QItemSelectionModel* listSelection(const QFileDialog& dialog);
+} // namespace zelmar::internal

@@ -1,11 +1,9 @@
-#include "ui/qt/dialogs/hideOutdatedCompletions_p.h"
+#include "ui/qt/dialogs/qtdialog/handleTypedNames_p.h"
 
-#include "platform/ApplicationSettings.h"
-#include "ui/qt/dialogs/ExtendedFileDialog.h"
 #include "ui/qt/dialogs/SaveFileDialog.h"
 
 #include "DialogDriver.h"
-#include "DialogFolders.h"
+#include "DrawnDialogs.h"
 #include "FileDialogActions.h"
 #include "Keyboard.h"
 #include "TestHome.h"
@@ -17,8 +15,6 @@
 #include <QtTest>
 
 #include <memory>
-
-using zelmar::ApplicationSettings;
 
 namespace {
 
@@ -63,60 +59,30 @@ void typeWithCompletions(QFileDialog& dialog, const QString& text)
 
 } // namespace
 
-class tst_hideOutdatedCompletions : public QObject
+class tst_handleTypedNames : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
+    void init() { m_place = std::make_unique<DrawnDialogs>(); }
 
-    void closedBySecondReturn_data() { addKindRows(); }
+    void closedBySecondReturn_data() { DrawnDialogs::addKindRows(); }
     void closedBySecondReturn();
-    void emptyFolder_data() { addKindRows(); }
+    void emptyFolder_data() { DrawnDialogs::addKindRows(); }
     void emptyFolder();
-    void closedBehindItsBack_data() { addKindRows(); }
+    void closedBehindItsBack_data() { DrawnDialogs::addKindRows(); }
     void closedBehindItsBack();
-    void staysWhileItIsTyped_data() { addKindRows(); }
+    void staysWhileItIsTyped_data() { DrawnDialogs::addKindRows(); }
     void staysWhileItIsTyped();
 
 private:
-    static void addKindRows();
-    std::unique_ptr<ExtendedFileDialog> makeDialog(QFileDialog::AcceptMode mode);
-
-    std::unique_ptr<DialogFolders> m_folders;
-    std::unique_ptr<QWidget> m_window;
+    std::unique_ptr<DrawnDialogs> m_place;
 };
 
-void tst_hideOutdatedCompletions::addKindRows()
+void tst_handleTypedNames::closedBySecondReturn()
 {
-    QTest::addColumn<bool>("native");
-    QTest::newRow("drawn by Qt") << false;
-    if (!systemLimits::nativeDialogIsTheSystems)
-        QTest::newRow("native, over the built-in object") << true;
-}
-
-void tst_hideOutdatedCompletions::init()
-{
-    ApplicationSettings::getInstance().setStore(std::make_unique<ApplicationSettings::MemoryStore>());
-    m_window.reset(); // with the dialog of a save flow, which may keep its folder from being removed
-    m_folders = std::make_unique<DialogFolders>();
-    m_folders->addFile(QStringLiteral("old.dat"));
-    m_folders->addFolder(QStringLiteral("folder"));
-    m_window = std::make_unique<QWidget>();
-}
-
-std::unique_ptr<ExtendedFileDialog> tst_hideOutdatedCompletions::makeDialog(QFileDialog::AcceptMode mode)
-{
-    QFETCH(bool, native);
-    ExtendedFileDialog::setUseNativeFileDialog(native);
-    return std::make_unique<ExtendedFileDialog>(*m_window, "Choose", m_folders->path().toStdString(), "", "", mode);
-}
-
-void tst_hideOutdatedCompletions::closedBySecondReturn()
-{
-    QFETCH(bool, native);
-    ExtendedFileDialog::setUseNativeFileDialog(native);
-    SaveFileDialog flow(m_window.get(), "Save", m_folders->path().toStdString(), "", "Data (*.dat)", "");
+    DrawnDialogs::useKindOfRow();
+    SaveFileDialog flow(&m_place->window, "Save", m_place->path().toStdString(), "", "Data (*.dat)", "");
     DialogDriver driver;
     driver.onDialogWhen<QFileDialog>("two Returns", listsRows, [](QFileDialog& shown) {
         typeWithCompletions(shown, QStringLiteral("folder"));
@@ -130,21 +96,21 @@ void tst_hideOutdatedCompletions::closedBySecondReturn()
     QVERIFY(flow.launch());
     QVERIFY2(driver.finished(), qPrintable(driver.problem()));
     QVERIFY(!visiblePopup());
-    QCOMPARE(QString::fromStdString(flow.selectedFilename()), m_folders->path(QStringLiteral("folder/folder.dat")));
+    QCOMPARE(QString::fromStdString(flow.selectedFilename()), m_place->path(QStringLiteral("folder/folder.dat")));
 }
 
 /// The list of the parent folder would otherwise stay open without an entry and cover the file types.
-void tst_hideOutdatedCompletions::emptyFolder()
+void tst_handleTypedNames::emptyFolder()
 {
-    const auto dialog = makeDialog(QFileDialog::AcceptOpen);
+    const auto dialog = m_place->make(QFileDialog::AcceptOpen);
     DialogDriver driver;
     driver.onDialogWhen<QFileDialog>("enter", listsRows, [this](QFileDialog& shown) {
         const auto* model = shown.findChild<QFileSystemModel*>(QStringLiteral("qt_filesystem_model"));
         QSignalSpy loaded(model, &QFileSystemModel::directoryLoaded);
         typeWithCompletions(shown, QStringLiteral("folder"));
         press(Qt::Key_Return);
-        QCOMPARE(model->rootPath(), m_folders->path(QStringLiteral("folder")));
-        QTRY_VERIFY(loaded.contains(QVariantList{m_folders->path(QStringLiteral("folder"))}));
+        QCOMPARE(model->rootPath(), m_place->path(QStringLiteral("folder")));
+        QTRY_VERIFY(loaded.contains(QVariantList{m_place->path(QStringLiteral("folder"))}));
         QVERIFY(!visiblePopup());
         cancel(shown);
     });
@@ -152,9 +118,9 @@ void tst_hideOutdatedCompletions::emptyFolder()
     QVERIFY2(driver.finished(), qPrintable(driver.problem()));
 }
 
-void tst_hideOutdatedCompletions::closedBehindItsBack()
+void tst_handleTypedNames::closedBehindItsBack()
 {
-    const auto dialog = makeDialog(QFileDialog::AcceptSave);
+    const auto dialog = m_place->make(QFileDialog::AcceptSave);
     DialogDriver driver;
     driver.onDialogWhen<QFileDialog>("close", listsRows, [](QFileDialog& shown) {
         typeWithCompletions(shown, QStringLiteral("old"));
@@ -165,9 +131,9 @@ void tst_hideOutdatedCompletions::closedBehindItsBack()
     QVERIFY(!visiblePopup());
 }
 
-void tst_hideOutdatedCompletions::staysWhileItIsTyped()
+void tst_handleTypedNames::staysWhileItIsTyped()
 {
-    const auto dialog = makeDialog(QFileDialog::AcceptOpen);
+    const auto dialog = m_place->make(QFileDialog::AcceptOpen);
     DialogDriver driver;
     driver.onDialogWhen<QFileDialog>("pick", listsRows, [](QFileDialog& shown) {
         typeWithCompletions(shown, QStringLiteral("ol"));
@@ -182,5 +148,5 @@ void tst_hideOutdatedCompletions::staysWhileItIsTyped()
     QVERIFY2(driver.finished(), qPrintable(driver.problem()));
 }
 
-UI_TEST_MAIN(tst_hideOutdatedCompletions)
-#include "tst_hideOutdatedCompletions.moc"
+UI_TEST_MAIN(tst_handleTypedNames)
+#include "tst_handleTypedNames.moc"

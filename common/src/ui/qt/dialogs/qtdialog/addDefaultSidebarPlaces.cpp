@@ -1,9 +1,11 @@
-#include "ui/qt/dialogs/addDefaultSidebarPlaces_p.h"
+#include "ui/qt/dialogs/qtdialog/addDefaultSidebarPlaces_p.h"
 
 #include <boost/filesystem/operations.hpp>
 
 #include <QFileDialog>
 #include <QUrl>
+
+namespace zelmar::internal {
 
 void addDefaultSidebarPlaces(QFileDialog& dialog, const StandardLocations& locations)
 {
@@ -20,3 +22,5 @@ void addDefaultSidebarPlaces(QFileDialog& dialog, const StandardLocations& locat
         qDebug("Unable to add default storage locations to sidebar: %s", error.what());
     }
 }
+
+} // namespace zelmar::internal

@@ -7,6 +7,8 @@
 #include <QPersistentModelIndex>
 #include <QSet>
 
+namespace zelmar::internal {
+
 /// A tracker that knows whether a file system model still has to announce its root folder with directoryLoaded().
 ///
 /// The model reads each folder once and caches it, so that a return to a folder may emit rootPathChanged() alone. When
@@ -15,8 +17,6 @@
 /// tracker therefore follows its signals from the start.
 class COMMON_UI_QT_INTERNAL_EXPORT FolderReadTracker : public QObject
 {
-    Q_OBJECT
-
 public:
     /// Creates a tracker of `model`, which becomes its parent.
     explicit FolderReadTracker(QFileSystemModel& model);
@@ -25,14 +25,15 @@ public:
     /// folder does not exist.
     bool rootIsBeingRead() const;
 
-private Q_SLOTS:
+private:
     void onDirectoryLoaded(const QString& path);
     void onRootPathChanged(const QString& newPath);
 
-private:
     QFileSystemModel& m_model;
     QString m_root;
     /// The folders that were announced and have not been left since. They are stored as indexes, because a folder that
     /// is deleted and created again under the same path is read again.
     QSet<QPersistentModelIndex> m_announced;
 };
+
+} // namespace zelmar::internal

@@ -1,4 +1,4 @@
-#include "ui/qt/dialogs/addDefaultSidebarPlaces_p.h"
+#include "ui/qt/dialogs/qtdialog/addDefaultSidebarPlaces_p.h"
 
 #include "TestHome.h"
 
@@ -10,6 +10,8 @@
 #include <QUrl>
 
 #include <stdexcept>
+
+using zelmar::internal::addDefaultSidebarPlaces;
 
 class tst_addDefaultSidebarPlaces : public QObject
 {

@@ -1,4 +1,4 @@
-#include "ui/qt/dialogs/nameProblem_p.h"
+#include "ui/qt/dialogs/qtdialog/nameProblem_p.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -8,6 +8,8 @@
 #ifdef Q_OS_UNIX
 #include <unistd.h>
 #endif
+
+namespace zelmar::internal {
 
 namespace {
 
@@ -102,3 +104,5 @@ QString explanationOf(const NameProblem& problem)
     }
     return {};
 }
+
+} // namespace zelmar::internal

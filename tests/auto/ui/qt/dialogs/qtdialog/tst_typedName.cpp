@@ -1,20 +1,16 @@
-#include "ui/qt/dialogs/typedName_p.h"
+#include "ui/qt/dialogs/qtdialog/typedName_p.h"
 
-#include "platform/ApplicationSettings.h"
-#include "ui/qt/dialogs/ExtendedFileDialog.h"
 #include "ui/qt/dialogs/LaunchFileDialog.h"
-#include "ui/qt/dialogs/QExtendedFileDialog.h"
 #include "ui/qt/dialogs/SaveFileDialog.h"
+#include "ui/qt/dialogs/qtdialog/FileDialogWidgets_p.h"
 
 #include "DialogDriver.h"
-#include "DialogFolders.h"
+#include "DrawnDialogs.h"
 #include "FileDialogActions.h"
 #include "TestHome.h"
 
 #include <QDialogButtonBox>
 #include <QDir>
-#include <QFile>
-#include <QFileSystemModel>
 #include <QItemSelectionModel>
 #include <QLineEdit>
 #include <QListView>
@@ -27,39 +23,16 @@
 
 #include <memory>
 
-using zelmar::ApplicationSettings;
+using namespace zelmar::internal;
 
 namespace {
 
 const QString pipe = QStringLiteral("run 12\" pipe");
 
-/// Makes new facades Qt-drawn or native as long as this object exists.
-class KindSwitch
-{
-public:
-    explicit KindSwitch(bool native)
-        : m_before(ExtendedFileDialog::useNativeFileDialog())
-    {
-        ExtendedFileDialog::setUseNativeFileDialog(native);
-    }
-    ~KindSwitch() { ExtendedFileDialog::setUseNativeFileDialog(m_before); }
-    Q_DISABLE_COPY(KindSwitch)
-
-private:
-    const bool m_before;
-};
-
 QStringList sorted(QStringList names)
 {
     names.sort();
     return names;
-}
-
-void addKindRows()
-{
-    QTest::addColumn<bool>("native");
-    QTest::newRow("drawn by Qt") << false;
-    QTest::newRow("native, over the built-in object") << true;
 }
 
 using Names = QVector<std::pair<const char*, QString>>;
@@ -131,7 +104,7 @@ class tst_typedName : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
+    void init() { m_place = std::make_unique<DrawnDialogs>(); }
     void cleanup() { QVERIFY(!QGuiApplication::overrideCursor()); }
 
     void savedAsTyped_data() { addNameRows(plainNames() + oddNames()); }
@@ -144,11 +117,11 @@ private Q_SLOTS:
         addNameRows(plainNames() + Names{{"a line break", QStringLiteral("12\" a\nb")}});
     }
     void preselectedInFlow();
-    void keepsTheNameWhenAFilterIsPicked_data() { addKindRows(); }
+    void keepsTheNameWhenAFilterIsPicked_data() { DrawnDialogs::addKindRows(); }
     void keepsTheNameWhenAFilterIsPicked();
     void otherFolders_data();
     void otherFolders();
-    void entersAFolder_data() { addKindRows(); }
+    void entersAFolder_data() { DrawnDialogs::addKindRows(); }
     void entersAFolder();
     void homeFolder();
     void defaultSuffix();
@@ -157,18 +130,18 @@ private Q_SLOTS:
 
     void opensAnExistingFile_data();
     void opensAnExistingFile();
-    void opensAFileFromTheList_data() { addKindRows(); }
+    void opensAFileFromTheList_data() { DrawnDialogs::addKindRows(); }
     void opensAFileFromTheList();
     void quotedNameOfOneFile();
-    void severalAreStillSeparated_data() { addKindRows(); }
+    void severalAreStillSeparated_data() { DrawnDialogs::addKindRows(); }
     void severalAreStillSeparated();
-    void preselectsSeveralWithQuotes_data() { addKindRows(); }
+    void preselectsSeveralWithQuotes_data() { DrawnDialogs::addKindRows(); }
     void preselectsSeveralWithQuotes();
     void refusesAMissingFile();
-    void choosesAFolder_data() { addKindRows(); }
+    void choosesAFolder_data() { DrawnDialogs::addKindRows(); }
     void choosesAFolder();
 
-    void asksBeforeOverwriting_data() { addKindRows(); }
+    void asksBeforeOverwriting_data() { DrawnDialogs::addKindRows(); }
     void asksBeforeOverwriting();
     void asksAboutAHiddenFile();
     void dialogDestroyedDuringTheQuestion();
@@ -178,41 +151,15 @@ private Q_SLOTS:
     void destroyedByASignal();
 
 private:
-    std::unique_ptr<ExtendedFileDialog> makeDialog(QFileDialog::AcceptMode mode);
-    std::unique_ptr<QExtendedFileDialog> makeQtDialog(QFileDialog::AcceptMode mode);
-    QString path(const QString& name) const { return m_folders->path(name); }
-
-    std::unique_ptr<DialogFolders> m_folders;
-    std::unique_ptr<QWidget> m_window;
+    std::unique_ptr<DrawnDialogs> m_place;
 };
-
-void tst_typedName::init()
-{
-    ApplicationSettings::getInstance().setStore(std::make_unique<ApplicationSettings::MemoryStore>());
-    m_folders = std::make_unique<DialogFolders>();
-    m_folders->addFile(QStringLiteral("old.dat"));
-    m_folders->addFolder(QStringLiteral("folder"));
-    m_window = std::make_unique<QWidget>();
-}
-
-std::unique_ptr<ExtendedFileDialog> tst_typedName::makeDialog(QFileDialog::AcceptMode mode)
-{
-    return std::make_unique<ExtendedFileDialog>(*m_window, "Choose", path({}).toStdString(), "", "", mode);
-}
-
-std::unique_ptr<QExtendedFileDialog> tst_typedName::makeQtDialog(QFileDialog::AcceptMode mode)
-{
-    return std::make_unique<QExtendedFileDialog>(*m_window, "Choose", path({}).toStdString(), "", "", mode);
-}
 
 // Saving
 
 void tst_typedName::savedAsTyped()
 {
-    QFETCH(bool, native);
     QFETCH(QString, name);
-    const KindSwitch kindSwitch(native);
-    const auto dialog = makeDialog(QFileDialog::AcceptSave);
+    const auto dialog = m_place->make(QFileDialog::AcceptSave);
     DialogDriver driver;
     driver.onDialog<QFileDialog>("accept", [&name](QFileDialog& shown) {
         typeName(shown, name);
@@ -223,29 +170,27 @@ void tst_typedName::savedAsTyped()
     });
     QCOMPARE(dialog->exec(), int(QDialog::Accepted));
     QVERIFY2(driver.finished(), qPrintable(driver.problem()));
-    QCOMPARE(dialog->selectedFiles(), QStringList{path(name)});
+    QCOMPARE(dialog->selectedFiles(), QStringList{m_place->path(name)});
 }
 
 void tst_typedName::savedByFlow()
 {
-    QFETCH(bool, native);
     QFETCH(QString, name);
-    const KindSwitch kindSwitch(native);
-    SaveFileDialog flow(m_window.get(), "Save", path({}).toStdString(), "", "Data (*.dat)", "");
+    DrawnDialogs::useKindOfRow();
+    SaveFileDialog flow(&m_place->window, "Save", m_place->path().toStdString(), "", "Data (*.dat)", "");
     DialogDriver driver;
     driver.onDialog<QFileDialog>("accept", [&name](QFileDialog& shown) { acceptName(shown, name); });
     QVERIFY(flow.launch());
     QVERIFY2(driver.finished(), qPrintable(driver.problem()));
     const QString expected = name.contains(QLatin1Char('.')) ? name : name + QStringLiteral(".dat");
-    QCOMPARE(QString::fromStdString(flow.selectedFilename()), path(expected));
+    QCOMPARE(QString::fromStdString(flow.selectedFilename()), m_place->path(expected));
 }
 
 void tst_typedName::preselectedInFlow()
 {
-    QFETCH(bool, native);
     QFETCH(QString, name);
-    const KindSwitch kindSwitch(native);
-    SaveFileDialog flow(m_window.get(), "Save", path({}).toStdString(), name.toStdString(),
+    DrawnDialogs::useKindOfRow();
+    SaveFileDialog flow(&m_place->window, "Save", m_place->path().toStdString(), name.toStdString(),
                         {"Data (*.dat)", "Tables (*.csv)"}, 1, "");
     DialogDriver driver;
     driver.onDialog<QFileDialog>("accept", [&name](QFileDialog& shown) {
@@ -255,16 +200,15 @@ void tst_typedName::preselectedInFlow()
     QVERIFY(flow.launch());
     QVERIFY2(driver.finished(), qPrintable(driver.problem()));
     const QString expected = name.contains(QLatin1Char('.')) ? name : name + QStringLiteral(".csv");
-    QCOMPARE(QString::fromStdString(flow.selectedFilename()), path(expected));
+    QCOMPARE(QString::fromStdString(flow.selectedFilename()), m_place->path(expected));
 }
 
 /// The folder contains a file whose name is the part after the quote.
 void tst_typedName::keepsTheNameWhenAFilterIsPicked()
 {
-    QFETCH(bool, native);
-    const KindSwitch kindSwitch(native);
-    m_folders->addFile(QStringLiteral("pipe.csv"));
-    SaveFileDialog flow(m_window.get(), "Save", path({}).toStdString(), "12\"pipe.dat",
+    DrawnDialogs::useKindOfRow();
+    m_place->folders.addFile(QStringLiteral("pipe.csv"));
+    SaveFileDialog flow(&m_place->window, "Save", m_place->path().toStdString(), "12\"pipe.dat",
                         {"Data (*.dat)", "Tables (*.csv)"}, 0, "");
     DialogDriver driver;
     driver.onDialog<QFileDialog>("pick, accept", [](QFileDialog& shown) {
@@ -274,7 +218,7 @@ void tst_typedName::keepsTheNameWhenAFilterIsPicked()
     });
     QVERIFY(flow.launch());
     QVERIFY2(driver.finished(), qPrintable(driver.problem()));
-    QCOMPARE(QString::fromStdString(flow.selectedFilename()), path(QStringLiteral("12\"pipe.csv")));
+    QCOMPARE(QString::fromStdString(flow.selectedFilename()), m_place->path(QStringLiteral("12\"pipe.csv")));
 }
 
 void tst_typedName::otherFolders_data()
@@ -293,26 +237,22 @@ void tst_typedName::otherFolders_data()
 
 void tst_typedName::otherFolders()
 {
-    QFETCH(bool, native);
     QFETCH(bool, absolute);
     QFETCH(QString, name);
-    const KindSwitch kindSwitch(native);
-    m_folders->addFolder(QStringLiteral("a \"b\" c"));
-    const auto dialog = makeDialog(QFileDialog::AcceptSave);
+    m_place->folders.addFolder(QStringLiteral("a \"b\" c"));
+    const auto dialog = m_place->make(QFileDialog::AcceptSave);
     DialogDriver driver;
     driver.onDialog<QFileDialog>("accept",
-                                 [&](QFileDialog& shown) { acceptName(shown, absolute ? path(name) : name); });
+                                 [&](QFileDialog& shown) { acceptName(shown, absolute ? m_place->path(name) : name); });
     QCOMPARE(dialog->exec(), int(QDialog::Accepted));
     QVERIFY2(driver.finished(), qPrintable(driver.problem()));
-    QCOMPARE(dialog->selectedFiles(), QStringList{QDir::cleanPath(path(name))});
+    QCOMPARE(dialog->selectedFiles(), QStringList{QDir::cleanPath(m_place->path(name))});
 }
 
 void tst_typedName::entersAFolder()
 {
-    QFETCH(bool, native);
-    const KindSwitch kindSwitch(native);
-    const QString folder = m_folders->addFolder(QStringLiteral("the \"folder\" 12\""));
-    const auto dialog = makeDialog(QFileDialog::AcceptSave);
+    const QString folder = m_place->folders.addFolder(QStringLiteral("the \"folder\" 12\""));
+    const auto dialog = m_place->make(QFileDialog::AcceptSave);
     DialogDriver driver;
     driver.onDialog<QFileDialog>("enter", [&](QFileDialog& shown) {
         typeName(shown, QStringLiteral("the \"folder\" 12\""));
@@ -329,63 +269,63 @@ void tst_typedName::entersAFolder()
 
 void tst_typedName::homeFolder()
 {
-    const auto dialog = makeQtDialog(QFileDialog::AcceptSave);
+    const auto dialog = m_place->makeQt(QFileDialog::AcceptSave);
     fileNameEdit(*dialog).setText(QStringLiteral("~/12\" pipe"));
     QCOMPARE(dialog->selectedFiles(), QStringList{QDir::homePath() + QStringLiteral("/12\" pipe")});
-    m_folders->addFile(QStringLiteral("~/12\" pipe"));
+    m_place->folders.addFile(QStringLiteral("~/12\" pipe"));
     fileNameEdit(*dialog).setText(QStringLiteral("~/12\" pip"));
     fileNameEdit(*dialog).setText(QStringLiteral("~/12\" pipe"));
-    QCOMPARE(dialog->selectedFiles(), QStringList{path(QStringLiteral("~/12\" pipe"))});
+    QCOMPARE(dialog->selectedFiles(), QStringList{m_place->path(QStringLiteral("~/12\" pipe"))});
 }
 
 void tst_typedName::defaultSuffix()
 {
-    m_folders->addFolder(QStringLiteral("12\" folder"));
-    const auto dialog = makeQtDialog(QFileDialog::AcceptSave);
+    m_place->folders.addFolder(QStringLiteral("12\" folder"));
+    const auto dialog = m_place->makeQt(QFileDialog::AcceptSave);
     dialog->setDefaultSuffix(QStringLiteral("dat"));
     fileNameEdit(*dialog).setText(pipe);
-    QCOMPARE(dialog->selectedFiles(), QStringList{path(pipe + QStringLiteral(".dat"))});
+    QCOMPARE(dialog->selectedFiles(), QStringList{m_place->path(pipe + QStringLiteral(".dat"))});
     fileNameEdit(*dialog).setText(QStringLiteral("12\" a.csv"));
-    QCOMPARE(dialog->selectedFiles(), QStringList{path(QStringLiteral("12\" a.csv"))});
+    QCOMPARE(dialog->selectedFiles(), QStringList{m_place->path(QStringLiteral("12\" a.csv"))});
 }
 
 /// A file that was selected before must not be saved to.
 void tst_typedName::typedOverASelectedFile()
 {
-    const auto dialog = makeQtDialog(QFileDialog::AcceptSave);
+    const auto dialog = m_place->makeQt(QFileDialog::AcceptSave);
     DialogDriver driver;
     driver.onDialogWhen<QFileDialog>("select, type", listsTheFolder, [](QFileDialog& shown) {
         typeName(shown, QStringLiteral("old.dat"));
-        QCOMPARE(listSelection(shown)->selectedRows().size(), 1);
+        QCOMPARE(FileDialogWidgets(shown).selection().selectedRows().size(), 1);
         typeName(shown, QStringLiteral("12\" pipe"));
-        QCOMPARE(listSelection(shown)->selectedRows().size(), 0);
+        QCOMPARE(FileDialogWidgets(shown).selection().selectedRows().size(), 0);
         pressReturn(shown);
     });
     QCOMPARE(dialog->exec(), int(QDialog::Accepted));
     QVERIFY2(driver.finished(), qPrintable(driver.problem()));
-    QCOMPARE(dialog->selectedFiles(), QStringList{path(QStringLiteral("12\" pipe"))});
+    QCOMPARE(dialog->selectedFiles(), QStringList{m_place->path(QStringLiteral("12\" pipe"))});
 }
 
 /// A folder that is clicked in the list is entered, and the typed name stays, as for names without quotes.
 void tst_typedName::selectedFolderWins()
 {
-    const auto dialog = makeQtDialog(QFileDialog::AcceptSave);
+    const auto dialog = m_place->makeQt(QFileDialog::AcceptSave);
     DialogDriver driver;
     driver.onDialogWhen<QFileDialog>("type, select", listsTheFolder, [this](QFileDialog& shown) {
         typeName(shown, pipe);
         auto* tree = shown.findChild<QTreeView*>(QStringLiteral("treeView"));
         const QModelIndex folder = rowNamed(*tree, QStringLiteral("folder"));
         QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, tree->visualRect(folder).center());
-        QCOMPARE(listSelection(shown)->selectedRows(), QModelIndexList{folder});
+        QCOMPARE(FileDialogWidgets(shown).selection().selectedRows(), QModelIndexList{folder});
         QTest::mouseClick(shown.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Save), Qt::LeftButton);
         QVERIFY(shown.isVisible());
-        QCOMPARE(shown.directory().absolutePath(), path(QStringLiteral("folder")));
+        QCOMPARE(shown.directory().absolutePath(), m_place->path(QStringLiteral("folder")));
         QCOMPARE(fileNameEdit(shown).text(), pipe);
         pressReturn(shown);
     });
     QCOMPARE(dialog->exec(), int(QDialog::Accepted));
     QVERIFY2(driver.finished(), qPrintable(driver.problem()));
-    QCOMPARE(dialog->selectedFiles(), QStringList{path(QStringLiteral("folder/") + pipe)});
+    QCOMPARE(dialog->selectedFiles(), QStringList{m_place->path(QStringLiteral("folder/") + pipe)});
 }
 
 // Opening
@@ -406,12 +346,10 @@ void tst_typedName::opensAnExistingFile_data()
 
 void tst_typedName::opensAnExistingFile()
 {
-    QFETCH(bool, native);
     QFETCH(QFileDialog::FileMode, mode);
     QFETCH(QString, name);
-    const KindSwitch kindSwitch(native);
-    m_folders->addFile(name);
-    const auto dialog = makeDialog(QFileDialog::AcceptOpen);
+    m_place->folders.addFile(name);
+    const auto dialog = m_place->make(QFileDialog::AcceptOpen);
     dialog->setFileMode(mode);
     DialogDriver driver;
     driver.onDialog<QFileDialog>("accept", [&name](QFileDialog& shown) {
@@ -421,17 +359,15 @@ void tst_typedName::opensAnExistingFile()
     });
     QCOMPARE(dialog->exec(), int(QDialog::Accepted));
     QVERIFY2(driver.finished(), qPrintable(driver.problem()));
-    QCOMPARE(dialog->selectedFiles(), QStringList{path(name)});
+    QCOMPARE(dialog->selectedFiles(), QStringList{m_place->path(name)});
 }
 
 /// A click on the file must not select the one whose name is between the quotes.
 void tst_typedName::opensAFileFromTheList()
 {
-    QFETCH(bool, native);
-    const KindSwitch kindSwitch(native);
     const QString name = QStringLiteral("a \"old.dat\" b");
-    m_folders->addFile(name);
-    const auto dialog = makeDialog(QFileDialog::AcceptOpen);
+    m_place->folders.addFile(name);
+    const auto dialog = m_place->make(QFileDialog::AcceptOpen);
     dialog->setFileMode(QFileDialog::ExistingFile);
     DialogDriver driver;
     driver.onDialogWhen<QFileDialog>(
@@ -449,27 +385,25 @@ void tst_typedName::opensAFileFromTheList()
         });
     QCOMPARE(dialog->exec(), int(QDialog::Accepted));
     QVERIFY2(driver.finished(), qPrintable(driver.problem()));
-    QCOMPARE(dialog->selectedFiles(), QStringList{path(name)});
+    QCOMPARE(dialog->selectedFiles(), QStringList{m_place->path(name)});
 }
 
 /// Quotes around the name of an existing file are not part of the name, as in QFileDialog.
 void tst_typedName::quotedNameOfOneFile()
 {
-    const auto dialog = makeQtDialog(QFileDialog::AcceptOpen);
+    const auto dialog = m_place->makeQt(QFileDialog::AcceptOpen);
     DialogDriver driver;
     driver.onDialog<QFileDialog>("accept",
                                  [](QFileDialog& shown) { acceptName(shown, QStringLiteral("\"old.dat\"")); });
     QCOMPARE(dialog->exec(), int(QDialog::Accepted));
     QVERIFY2(driver.finished(), qPrintable(driver.problem()));
-    QCOMPARE(dialog->selectedFiles(), QStringList{path(QStringLiteral("old.dat"))});
+    QCOMPARE(dialog->selectedFiles(), QStringList{m_place->path(QStringLiteral("old.dat"))});
 }
 
 void tst_typedName::severalAreStillSeparated()
 {
-    QFETCH(bool, native);
-    const KindSwitch kindSwitch(native);
-    m_folders->addFile(QStringLiteral("b c.dat"));
-    const auto dialog = makeDialog(QFileDialog::AcceptOpen);
+    m_place->folders.addFile(QStringLiteral("b c.dat"));
+    const auto dialog = m_place->make(QFileDialog::AcceptOpen);
     dialog->setFileMode(QFileDialog::ExistingFiles);
     DialogDriver driver;
     driver.onDialog<QFileDialog>(
@@ -477,20 +411,19 @@ void tst_typedName::severalAreStillSeparated()
     QCOMPARE(dialog->exec(), int(QDialog::Accepted));
     QVERIFY2(driver.finished(), qPrintable(driver.problem()));
     QCOMPARE(sorted(dialog->selectedFiles()),
-             (QStringList{path(QStringLiteral("b c.dat")), path(QStringLiteral("old.dat"))}));
+             (QStringList{m_place->path(QStringLiteral("b c.dat")), m_place->path(QStringLiteral("old.dat"))}));
 }
 
 void tst_typedName::preselectsSeveralWithQuotes()
 {
-    QFETCH(bool, native);
-    const KindSwitch kindSwitch(native);
-    m_folders->addFile(pipe);
-    m_folders->addFile(QStringLiteral("a\"b\"c"));
-    QVERIFY(QDir::setCurrent(path({})));
+    DrawnDialogs::useKindOfRow();
+    m_place->folders.addFile(pipe);
+    m_place->folders.addFile(QStringLiteral("a\"b\"c"));
+    QVERIFY(QDir::setCurrent(m_place->path()));
     const std::vector<std::string> names{pipe.toStdString(), "a\"b\"c", "old.dat"};
-    m_window->show();
-    m_window->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+    m_place->window.show();
+    m_place->window.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&m_place->window));
     DialogDriver driver;
     driver.onDialog<QFileDialog>("accept", [](QFileDialog& shown) { pressReturn(shown); });
     std::vector<std::string> files;
@@ -506,7 +439,7 @@ void tst_typedName::preselectsSeveralWithQuotes()
 
 void tst_typedName::refusesAMissingFile()
 {
-    const auto dialog = makeQtDialog(QFileDialog::AcceptOpen);
+    const auto dialog = m_place->makeQt(QFileDialog::AcceptOpen);
     DialogDriver driver;
     driver.onDialog<QFileDialog>("accept", [](QFileDialog& shown) {
         typeName(shown, QStringLiteral("run \"old.dat\"")); // A file "old.dat" exists.
@@ -525,10 +458,8 @@ void tst_typedName::refusesAMissingFile()
 
 void tst_typedName::choosesAFolder()
 {
-    QFETCH(bool, native);
-    const KindSwitch kindSwitch(native);
-    const QString folder = m_folders->addFolder(QStringLiteral("the \"folder\" 12\""));
-    const auto dialog = makeDialog(QFileDialog::AcceptOpen);
+    const QString folder = m_place->folders.addFolder(QStringLiteral("the \"folder\" 12\""));
+    const auto dialog = m_place->make(QFileDialog::AcceptOpen);
     dialog->setFileMode(QFileDialog::Directory);
     DialogDriver driver;
     driver.onDialog<QFileDialog>("accept",
@@ -542,10 +473,8 @@ void tst_typedName::choosesAFolder()
 
 void tst_typedName::asksBeforeOverwriting()
 {
-    QFETCH(bool, native);
-    const KindSwitch kindSwitch(native);
-    m_folders->addFile(pipe);
-    const auto dialog = makeDialog(QFileDialog::AcceptSave);
+    m_place->folders.addFile(pipe);
+    const auto dialog = m_place->make(QFileDialog::AcceptSave);
     DialogDriver driver;
     for (const auto answer : {QMessageBox::No, QMessageBox::Yes}) {
         driver.onDialog<QFileDialog>("accept", [](QFileDialog& shown) { acceptName(shown, pipe); });
@@ -556,15 +485,15 @@ void tst_typedName::asksBeforeOverwriting()
     }
     QCOMPARE(dialog->exec(), int(QDialog::Accepted));
     QVERIFY2(driver.finished(), qPrintable(driver.problem()));
-    QCOMPARE(dialog->selectedFiles(), QStringList{path(pipe)});
+    QCOMPARE(dialog->selectedFiles(), QStringList{m_place->path(pipe)});
 }
 
 /// The list does not show a hidden file and therefore cannot select it.
 void tst_typedName::asksAboutAHiddenFile()
 {
     const QString name = QStringLiteral(".12\" pipe");
-    m_folders->addFile(name);
-    const auto dialog = makeQtDialog(QFileDialog::AcceptSave);
+    m_place->folders.addFile(name);
+    const auto dialog = m_place->makeQt(QFileDialog::AcceptSave);
     DialogDriver driver;
     for (const auto answer : {QMessageBox::No, QMessageBox::Yes}) {
         driver.onDialog<QFileDialog>("accept", [&name](QFileDialog& shown) { acceptName(shown, name); });
@@ -576,14 +505,14 @@ void tst_typedName::asksAboutAHiddenFile()
     }
     QCOMPARE(dialog->exec(), int(QDialog::Accepted));
     QVERIFY2(driver.finished(), qPrintable(driver.problem()));
-    QCOMPARE(dialog->selectedFiles(), QStringList{path(name)});
+    QCOMPARE(dialog->selectedFiles(), QStringList{m_place->path(name)});
 }
 
 void tst_typedName::dialogDestroyedDuringTheQuestion()
 {
     const QString name = QStringLiteral(".12\" pipe");
-    m_folders->addFile(name);
-    QPointer<QExtendedFileDialog> dialog = makeQtDialog(QFileDialog::AcceptSave).release();
+    m_place->folders.addFile(name);
+    QPointer<QExtendedFileDialog> dialog = m_place->makeQt(QFileDialog::AcceptSave).release();
     DialogDriver driver;
     driver.onDialog<QFileDialog>("accept", [&name](QFileDialog& shown) { acceptName(shown, name); });
     driver.onDialog<QMessageBox>("destroy", [&dialog](QMessageBox&) { delete dialog; });
@@ -594,23 +523,23 @@ void tst_typedName::dialogDestroyedDuringTheQuestion()
 
 void tst_typedName::withoutValidation()
 {
-    m_folders->addFile(QStringLiteral(".12\""));
+    m_place->folders.addFile(QStringLiteral(".12\""));
     for (const char* name : {"run \"old.dat\"", ".12\""}) {
-        const auto dialog = makeQtDialog(QFileDialog::AcceptSave);
+        const auto dialog = m_place->makeQt(QFileDialog::AcceptSave);
         dialog->performSelectedFileValidation(false);
         DialogDriver driver;
         driver.onDialog<QFileDialog>("accept", [name](QFileDialog& shown) { acceptName(shown, QLatin1String(name)); });
         QCOMPARE(dialog->exec(), int(QDialog::Accepted));
         QVERIFY2(driver.finished(), qPrintable(driver.problem()));
-        QCOMPARE(dialog->selectedFiles(), QStringList{path(QLatin1String(name))});
+        QCOMPARE(dialog->selectedFiles(), QStringList{m_place->path(QLatin1String(name))});
     }
 }
 
 void tst_typedName::patternWithQuotes()
 {
-    m_folders->addFile(QStringLiteral("12\" pipe.dat"));
-    m_folders->addFile(QStringLiteral("12 pipe.dat"));
-    const auto dialog = makeQtDialog(QFileDialog::AcceptOpen);
+    m_place->folders.addFile(QStringLiteral("12\" pipe.dat"));
+    m_place->folders.addFile(QStringLiteral("12 pipe.dat"));
+    const auto dialog = m_place->makeQt(QFileDialog::AcceptOpen);
     DialogDriver driver;
     driver.onDialog<QFileDialog>("pattern", [](QFileDialog& shown) { acceptName(shown, QStringLiteral("12\"*")); });
     driver.onDialogWhen<QFileDialog>(
@@ -632,21 +561,21 @@ void tst_typedName::patternWithQuotes()
 
 void tst_typedName::signalsAndUrls()
 {
-    const auto dialog = makeQtDialog(QFileDialog::AcceptSave);
+    const auto dialog = m_place->makeQt(QFileDialog::AcceptSave);
     QSignalSpy one(dialog.get(), &QFileDialog::fileSelected);
     QSignalSpy all(dialog.get(), &QFileDialog::filesSelected);
     DialogDriver driver;
     driver.onDialog<QFileDialog>("accept", [](QFileDialog& shown) { acceptName(shown, pipe); });
     QCOMPARE(dialog->exec(), int(QDialog::Accepted));
     QVERIFY2(driver.finished(), qPrintable(driver.problem()));
-    QCOMPARE(one, QList<QVariantList>{{path(pipe)}});
-    QCOMPARE(all, QList<QVariantList>{{QVariant(QStringList{path(pipe)})}});
-    QCOMPARE(dialog->selectedUrls(), QList<QUrl>{QUrl::fromLocalFile(path(pipe))});
+    QCOMPARE(one, QList<QVariantList>{{m_place->path(pipe)}});
+    QCOMPARE(all, QList<QVariantList>{{QVariant(QStringList{m_place->path(pipe)})}});
+    QCOMPARE(dialog->selectedUrls(), QList<QUrl>{QUrl::fromLocalFile(m_place->path(pipe))});
 }
 
 void tst_typedName::destroyedByASignal()
 {
-    QPointer<QExtendedFileDialog> dialog = makeQtDialog(QFileDialog::AcceptSave).release();
+    QPointer<QExtendedFileDialog> dialog = m_place->makeQt(QFileDialog::AcceptSave).release();
     connect(dialog, &QFileDialog::filesSelected, this, [&dialog] { delete dialog; });
     DialogDriver driver;
     driver.onDialog<QFileDialog>("accept", [](QFileDialog& shown) { acceptName(shown, pipe); });

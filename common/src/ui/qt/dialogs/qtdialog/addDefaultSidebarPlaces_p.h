@@ -9,6 +9,8 @@
 
 class QFileDialog;
 
+namespace zelmar::internal {
+
 /// A function that returns the folders of a standard location, as QStandardPaths::standardLocations() does.
 using StandardLocations = std::function<QStringList(QStandardPaths::StandardLocation)>;
 
@@ -18,3 +20,5 @@ using StandardLocations = std::function<QStringList(QStandardPaths::StandardLoca
 /// Logs a boost::filesystem::filesystem_error as a debug message and leaves the sidebar unchanged, because a dialog
 /// without these places is better than none. Propagates other exceptions.
 COMMON_UI_QT_INTERNAL_EXPORT void addDefaultSidebarPlaces(QFileDialog& dialog, const StandardLocations& locations);
+
+} // namespace zelmar::internal

@@ -1,12 +1,15 @@
-#include "ui/qt/dialogs/typedName_p.h"
+#include "ui/qt/dialogs/qtdialog/typedName_p.h"
 
+#include "ui/qt/dialogs/qtdialog/FileDialogWidgets_p.h"
 #include "ui/qt/dialogs/rules/quotedNames_p.h"
 
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QItemSelectionModel>
 #include <QLineEdit>
-#include <QListView>
+
+namespace zelmar::internal {
 
 namespace {
 
@@ -48,11 +51,12 @@ std::optional<QString> nameWithQuotesIn(const QFileDialog& dialog, const QString
 
 std::optional<QString> typedNameWithQuotes(const QFileDialog& dialog)
 {
-    const auto* edit = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-    const QItemSelectionModel* selection = listSelection(dialog);
-    if (!edit || !selection || !selection->selectedRows().isEmpty())
+    if (!FileDialogWidgets::existIn(dialog))
         return std::nullopt;
-    return nameWithQuotesIn(dialog, edit->text());
+    const FileDialogWidgets widgets(dialog);
+    if (!widgets.selection().selectedRows().isEmpty())
+        return std::nullopt;
+    return nameWithQuotesIn(dialog, widgets.fileNameEdit().text());
 }
 
 QStringList chosenFiles(const QFileDialog& dialog)
@@ -61,8 +65,4 @@ QStringList chosenFiles(const QFileDialog& dialog)
     return name ? QStringList(*name) : dialog.QFileDialog::selectedFiles();
 }
 
-QItemSelectionModel* listSelection(const QFileDialog& dialog)
-{
-    const auto* list = dialog.findChild<QListView*>(QStringLiteral("listView"));
-    return list ? list->selectionModel() : nullptr;
-}
+} // namespace zelmar::internal

@@ -2,6 +2,8 @@
 
 class QDialog;
 
+namespace zelmar::internal {
+
 /// Closes the dialogs that are open over `dialog` as the Escape key does. A question is thereby answered with No, and
 /// the function that asked it returns.
 void closeQuestions(QDialog& dialog);
@@ -14,3 +16,5 @@ void closeWithQuestions(QDialog& dialog);
 /// dialog calls this function, because QFileDialog creates its message boxes on the stack, and the parent would delete
 /// them.
 void releaseQuestions(QDialog& dialog);
+
+} // namespace zelmar::internal
