@@ -63,11 +63,11 @@ void ContainsFilterModel::followModel()
         return;
     m_texts = &ModelTexts::of(*m_source, m_column, m_role);
     m_generation = m_texts->generation();
-    connect(m_texts, SIGNAL(aboutToChange()), this, SLOT(onAboutToChange()));
-    connect(m_texts, SIGNAL(changed()), this, SLOT(onTextsChanged()));
-    connect(m_source, SIGNAL(dataChanged(QModelIndex, QModelIndex, QVector<int>)), this,
-            SLOT(onDataChanged(QModelIndex, QModelIndex, QVector<int>)), Qt::UniqueConnection);
-    connect(m_source, SIGNAL(destroyed()), this, SLOT(onModelDestroyed()), Qt::UniqueConnection);
+    connect(m_texts, &ModelTexts::aboutToChange, this, &ContainsFilterModel::onAboutToChange);
+    connect(m_texts, &ModelTexts::changed, this, &ContainsFilterModel::onTextsChanged);
+    connect(m_source, &QAbstractItemModel::dataChanged, this, &ContainsFilterModel::onDataChanged,
+            Qt::UniqueConnection);
+    connect(m_source, &QObject::destroyed, this, &ContainsFilterModel::onModelDestroyed, Qt::UniqueConnection);
 }
 
 /// Drops a source model whose destructor is running and has not notified this model yet. QAbstractProxyModel would ask

@@ -54,13 +54,12 @@ public:
     QModelIndex mapToSource(const QModelIndex& index) const override;
     QModelIndex mapFromSource(const QModelIndex& index) const override;
 
-private Q_SLOTS:
+private:
     void onAboutToChange();
     void onTextsChanged();
     void onDataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight, const QVector<int>& roles);
     void onModelDestroyed();
 
-private:
     /// A needle and the rows of the source model that contain it.
     struct Result
     {

@@ -52,24 +52,17 @@ ModelTexts* ModelTexts::find(const QAbstractItemModel& model, int column, int ro
 
 void ModelTexts::connectModel()
 {
-    connect(m_model, SIGNAL(dataChanged(QModelIndex, QModelIndex, QVector<int>)), this,
-            SLOT(onDataChanged(QModelIndex, QModelIndex, QVector<int>)));
-    connect(m_model, SIGNAL(rowsInserted(QModelIndex, int, int)), this, SLOT(onRowsInserted(QModelIndex, int, int)));
-    connect(m_model, SIGNAL(rowsRemoved(QModelIndex, int, int)), this, SLOT(onRowsRemoved(QModelIndex, int, int)));
-    connect(m_model, SIGNAL(rowsMoved(QModelIndex, int, int, QModelIndex, int)), this,
-            SLOT(onRowsMoved(QModelIndex, int, int, QModelIndex, int)));
-    for (const char* signal :
-         {SIGNAL(rowsAboutToBeInserted(QModelIndex, int, int)), SIGNAL(rowsAboutToBeRemoved(QModelIndex, int, int)),
-          SIGNAL(rowsAboutToBeMoved(QModelIndex, int, int, QModelIndex, int)),
-          SIGNAL(columnsAboutToBeInserted(QModelIndex, int, int)),
-          SIGNAL(columnsAboutToBeRemoved(QModelIndex, int, int)),
-          SIGNAL(columnsAboutToBeMoved(QModelIndex, int, int, QModelIndex, int)), SIGNAL(layoutAboutToBeChanged()),
-          SIGNAL(modelAboutToBeReset())})
-        connect(m_model, signal, this, SLOT(onAboutToChange()));
-    for (const char* signal :
-         {SIGNAL(columnsInserted(QModelIndex, int, int)), SIGNAL(columnsRemoved(QModelIndex, int, int)),
-          SIGNAL(columnsMoved(QModelIndex, int, int, QModelIndex, int)), SIGNAL(layoutChanged()), SIGNAL(modelReset())})
-        connect(m_model, signal, this, SLOT(onReset()));
+    using Model = QAbstractItemModel;
+    const auto connectAll = [this](auto slot, auto... signals) { (connect(m_model, signals, this, slot), ...); };
+    connect(m_model, &Model::dataChanged, this, &ModelTexts::onDataChanged);
+    connect(m_model, &Model::rowsInserted, this, &ModelTexts::onRowsInserted);
+    connect(m_model, &Model::rowsRemoved, this, &ModelTexts::onRowsRemoved);
+    connect(m_model, &Model::rowsMoved, this, &ModelTexts::onRowsMoved);
+    connectAll(&ModelTexts::onAboutToChange, &Model::rowsAboutToBeInserted, &Model::rowsAboutToBeRemoved,
+               &Model::rowsAboutToBeMoved, &Model::columnsAboutToBeInserted, &Model::columnsAboutToBeRemoved,
+               &Model::columnsAboutToBeMoved, &Model::layoutAboutToBeChanged, &Model::modelAboutToBeReset);
+    connectAll(&ModelTexts::onReset, &Model::columnsInserted, &Model::columnsRemoved, &Model::columnsMoved,
+               &Model::layoutChanged, &Model::modelReset);
 }
 
 bool ModelTexts::isListenedTo() const

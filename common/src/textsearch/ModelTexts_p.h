@@ -82,7 +82,9 @@ Q_SIGNALS:
     /// Emitted when the texts may have a new generation. Slots may delete the model.
     void changed();
 
-private Q_SLOTS:
+private:
+    ModelTexts(QAbstractItemModel& model, int column, int role);
+
     void onAboutToChange();
     void onRowsInserted(const QModelIndex& parent, int first, int last);
     void onRowsRemoved(const QModelIndex& parent, int first, int last);
@@ -90,8 +92,6 @@ private Q_SLOTS:
     void onReset();
     void onDataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight, const QVector<int>& roles);
 
-private:
-    ModelTexts(QAbstractItemModel& model, int column, int role);
     void connectModel();
     static ModelTexts* find(const QAbstractItemModel& model, int column, int role);
     bool isListenedTo() const;

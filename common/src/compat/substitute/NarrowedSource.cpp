@@ -10,6 +10,8 @@ namespace zelmar {
 
 namespace {
 
+using Model = QAbstractItemModel;
+
 /// QCompleter looks through fewer rows in less time than a frame on the screen takes.
 constexpr int manyRows = 1000;
 
@@ -62,27 +64,21 @@ void NarrowedSource::followSource()
 {
     if (!m_source)
         return;
-    connect(m_source, SIGNAL(rowsInserted(QModelIndex, int, int)), this, SLOT(onRowsInserted(QModelIndex, int, int)));
-    connect(m_source, SIGNAL(dataChanged(QModelIndex, QModelIndex, QVector<int>)), this,
-            SLOT(onDataChanged(QModelIndex, QModelIndex, QVector<int>)));
-    connect(m_source, SIGNAL(destroyed()), this, SLOT(onSourceDestroyed()));
-    for (const char* signal : {SIGNAL(rowsRemoved(QModelIndex, int, int)),
-                               SIGNAL(rowsMoved(QModelIndex, int, int, QModelIndex, int)), SIGNAL(layoutChanged())})
-        connect(m_source, signal, this, SLOT(onRowsChanged()));
-    for (const char* signal :
-         {SIGNAL(columnsInserted(QModelIndex, int, int)), SIGNAL(columnsRemoved(QModelIndex, int, int)),
-          SIGNAL(columnsMoved(QModelIndex, int, int, QModelIndex, int)), SIGNAL(modelReset())})
-        connect(m_source, signal, this, SLOT(onReset()));
+    const auto connectAll = [this](auto slot, auto... signals) { (connect(m_source, signals, this, slot), ...); };
+    connect(m_source, &Model::rowsInserted, this, &NarrowedSource::onRowsInserted);
+    connect(m_source, &Model::dataChanged, this, &NarrowedSource::onDataChanged);
+    connect(m_source, &QObject::destroyed, this, &NarrowedSource::onSourceDestroyed);
+    connectAll(&NarrowedSource::onRowsChanged, &Model::rowsRemoved, &Model::rowsMoved, &Model::layoutChanged);
+    connectAll(&NarrowedSource::onReset, &Model::columnsInserted, &Model::columnsRemoved, &Model::columnsMoved,
+               &Model::modelReset);
 }
 
 void NarrowedSource::followFilter()
 {
-    for (const char* signal :
-         {SIGNAL(modelReset()), SIGNAL(layoutChanged()), SIGNAL(rowsInserted(QModelIndex, int, int)),
-          SIGNAL(rowsRemoved(QModelIndex, int, int)), SIGNAL(rowsMoved(QModelIndex, int, int, QModelIndex, int))})
-        connect(m_filter, signal, this, SLOT(onFilterChanged()));
-    connect(m_filter, SIGNAL(dataChanged(QModelIndex, QModelIndex, QVector<int>)), this,
-            SLOT(onFilterDataChanged(QModelIndex, QModelIndex, QVector<int>)));
+    const auto connectAll = [this](auto slot, auto... signals) { (connect(m_filter, signals, this, slot), ...); };
+    connectAll(&NarrowedSource::onFilterChanged, &Model::modelReset, &Model::layoutChanged, &Model::rowsInserted,
+               &Model::rowsRemoved, &Model::rowsMoved);
+    connect(m_filter, &Model::dataChanged, this, &NarrowedSource::onFilterDataChanged);
 }
 
 // Narrowing

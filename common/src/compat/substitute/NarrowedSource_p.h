@@ -57,7 +57,7 @@ public:
     QModelIndex mapToSource(const QModelIndex& index) const override;
     QModelIndex mapFromSource(const QModelIndex& index) const override;
 
-private Q_SLOTS:
+private:
     void onRowsInserted(const QModelIndex& parent, int first, int last);
     void onRowsChanged();
     void onReset();
@@ -66,7 +66,6 @@ private Q_SLOTS:
     void onFilterChanged();
     void onFilterDataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight, const QVector<int>& roles);
 
-private:
     void followSource();
     void followFilter();
     bool isWorthNarrowing() const;

@@ -67,8 +67,9 @@ ctkCompleter::ctkCompleter(const QStringList& list, QObject* parent)
 /// First of all who listens to the completion model, and so before the popup.
 void ctkCompleter::followCompletionModel()
 {
-    connect(completionModel(), SIGNAL(modelAboutToBeReset()), this, SLOT(onCompletionsAboutToChange()));
-    connect(completionModel(), SIGNAL(modelReset()), this, SLOT(onCompletionsChanged()));
+    connect(completionModel(), &QAbstractItemModel::modelAboutToBeReset, this,
+            &ctkCompleter::onCompletionsAboutToChange);
+    connect(completionModel(), &QAbstractItemModel::modelReset, this, &ctkCompleter::onCompletionsChanged);
 }
 
 ctkCompleter::~ctkCompleter()

@@ -11,7 +11,7 @@ PopupColumn::PopupColumn(QListView& list, QCompleter& completer)
     , m_list(list)
     , m_completer(completer)
 {
-    connect(completer.completionModel(), SIGNAL(modelReset()), this, SLOT(follow()));
+    connect(completer.completionModel(), &QAbstractItemModel::modelReset, this, &PopupColumn::follow);
 }
 
 void PopupColumn::follow()

@@ -12,15 +12,12 @@ namespace zelmar::ui {
 /// yet. The object is a child of the list, which the completer owns.
 class PopupColumn : public QObject
 {
-    Q_OBJECT
-
 public:
     PopupColumn(QListView& list, QCompleter& completer);
 
-private Q_SLOTS:
+private:
     void follow();
 
-private:
     QListView& m_list;
     const QCompleter& m_completer;
 };
