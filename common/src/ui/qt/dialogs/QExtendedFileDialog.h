@@ -14,7 +14,7 @@
 class QComboBox;
 class QLineEdit;
 
-namespace zelmar {
+namespace zelmar { // NOLINT(modernize-concat-nested-namespaces): C++14 here
 namespace internal {
 class FolderReadTracker;
 }

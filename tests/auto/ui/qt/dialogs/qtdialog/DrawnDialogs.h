@@ -8,6 +8,7 @@
 #include "systemLimits.h"
 
 #include <QTest>
+#include <QWidget>
 
 #include <memory>
 
