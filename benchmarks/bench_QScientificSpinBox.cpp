@@ -11,6 +11,8 @@
 
 #include <limits>
 
+using zelmar::internal::growDigitsIntoRange;
+
 namespace {
 
 /// Returns the texts that stand in the field after each key press. Successive texts differ, so that the shared
@@ -85,7 +87,7 @@ void compareDigitTests()
         "worst text of the digit test, ours 1,000 times", 11,
         [&] {
             for (int repetition = 0; repetition < ourRepetitions; ++repetition)
-                sum += zelmar::growDigitsIntoRange(number, low + repetition, high).value_or(0) == number ? 1 : 0;
+                sum += growDigitsIntoRange(number, low + repetition, high).value_or(0) == number ? 1 : 0;
         },
         [&] {
             qint64 match = 0;

@@ -17,7 +17,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-using zelmar::NumberReading;
+using zelmar::internal::NumberReading;
 
 namespace {
 
@@ -66,7 +66,7 @@ void compareReadings(const QString& text, int position, const literal::Rules& ru
 {
     int expectedPosition = position;
     literal::validateAndInterpret(text, expectedPosition, rules, expected);
-    zelmar::readNumber(
+    zelmar::internal::readNumber(
         text, position,
         {rules.minimum, rules.maximum, rules.decimals, rules.prefix, rules.suffix, rules.specialValueText}, reading);
     require(reading.state == expected.state, "the state", text);
@@ -78,7 +78,7 @@ void compareReadings(const QString& text, int position, const literal::Rules& ru
 /// Compares the tests directly, also for texts that a field would reject before this test.
 void compareIntermediateTests(const QString& text, const literal::Rules& rules)
 {
-    require(zelmar::canTextGrowIntoRange(text, rules.minimum, rules.maximum, rules.decimals)
+    require(zelmar::internal::canTextGrowIntoRange(text, rules.minimum, rules.maximum, rules.decimals)
                 == literal::intermediateTest(text, rules),
             "the intermediate test", text);
 }

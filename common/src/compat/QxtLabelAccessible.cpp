@@ -49,7 +49,7 @@ struct InstalledFactory
 
 } // namespace
 
-void zelmar::makeQxtLabelsAccessible()
+void zelmar::internal::makeQxtLabelsAccessible()
 {
     static const InstalledFactory factory;
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-namespace zelmar {
+namespace zelmar::internal {
 
 /// Presents every QxtLabel of the program to assistive technology as a static text. Its name is the accessible name
 /// that the application has set, or else the full text. Without this function Qt presents the label as a frame without
@@ -9,4 +9,4 @@ namespace zelmar {
 /// Only the first call has an effect. GUI thread only.
 void makeQxtLabelsAccessible();
 
-} // namespace zelmar
+} // namespace zelmar::internal

@@ -2,7 +2,7 @@
 
 #include <QChar>
 
-namespace zelmar::textsearch {
+namespace zelmar::internal {
 
 namespace {
 
@@ -46,4 +46,4 @@ std::vector<char16_t> CaseFolding::equivalentsOf(char16_t unit) const
     return equivalents;
 }
 
-} // namespace zelmar::textsearch
+} // namespace zelmar::internal

@@ -6,7 +6,7 @@
 
 #include <vector>
 
-namespace zelmar::textsearch {
+namespace zelmar::internal {
 
 /// A function object that folds a UTF-16 code unit for comparison: to its simple case folding if case is ignored, and
 /// to itself otherwise. A surrogate is folded to itself.
@@ -25,4 +25,4 @@ private:
     const char16_t* m_table; ///< indexed by code unit; null if case is respected
 };
 
-} // namespace zelmar::textsearch
+} // namespace zelmar::internal

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <numeric>
 
-namespace zelmar {
+namespace zelmar::internal {
 
 namespace {
 
@@ -351,4 +351,4 @@ void ContainsFilterModel::onDataChanged(const QModelIndex& topLeft, const QModel
         Q_EMIT dataChanged(first, last, roles);
 }
 
-} // namespace zelmar
+} // namespace zelmar::internal

@@ -10,7 +10,7 @@
 #include <utility>
 #include <vector>
 
-namespace zelmar {
+namespace zelmar::internal {
 
 class ModelTexts;
 
@@ -94,4 +94,4 @@ private:
     int m_role = Qt::EditRole;
 };
 
-} // namespace zelmar
+} // namespace zelmar::internal

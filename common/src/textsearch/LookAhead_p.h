@@ -8,7 +8,7 @@
 #include <algorithm>
 #include <array>
 
-namespace zelmar::textsearch {
+namespace zelmar::internal {
 
 /// The code units that follow the only occurrence of a needle's beginning in a haystack. They decide whether the
 /// haystack contains a longer needle without reading the haystack again.
@@ -82,4 +82,4 @@ private:
     int m_needed = 0;
 };
 
-} // namespace zelmar::textsearch
+} // namespace zelmar::internal

@@ -8,7 +8,7 @@
 #include <typeinfo>
 #include <utility>
 
-namespace zelmar {
+namespace zelmar::internal {
 
 namespace {
 
@@ -341,4 +341,4 @@ void ModelTexts::refresh(int row)
         readAgain({row, 1, 1});
 }
 
-} // namespace zelmar
+} // namespace zelmar::internal

@@ -10,7 +10,7 @@
 
 class QAbstractItemModel;
 
-namespace zelmar {
+namespace zelmar::internal {
 
 /// A cache of the texts of one column and role of a model's top-level rows. It is a child of the model, so that the
 /// editor of the next table cell can use the texts that the previous editor has read.
@@ -137,4 +137,4 @@ private:
     int m_movedDown = 0;
 };
 
-} // namespace zelmar
+} // namespace zelmar::internal

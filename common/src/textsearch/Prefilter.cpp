@@ -5,7 +5,7 @@
 #include <functional>
 #include <numeric>
 
-namespace zelmar::textsearch {
+namespace zelmar::internal {
 
 UnitPattern::UnitPattern(const std::vector<char16_t>& units)
 {
@@ -17,4 +17,4 @@ UnitPattern::UnitPattern(const std::vector<char16_t>& units)
     isExact = units.size() == std::size_t(1) << qPopulationCount(differing);
 }
 
-} // namespace zelmar::textsearch
+} // namespace zelmar::internal

@@ -13,7 +13,7 @@
 #include <emmintrin.h>
 #endif
 
-namespace zelmar::textsearch {
+namespace zelmar::internal {
 
 /// A set of code units: all those that have the given value in the bits of a mask.
 struct COMMON_UI_QT_INTERNAL_EXPORT UnitPattern
@@ -120,4 +120,4 @@ inline quint64 Prefilter::candidates(const char16_t* haystack, int count) const
 
 #endif
 
-} // namespace zelmar::textsearch
+} // namespace zelmar::internal

@@ -6,12 +6,7 @@
 #include <array>
 #include <utility>
 
-namespace zelmar {
-
-using textsearch::LookAhead;
-using textsearch::LookAheadFilter;
-using textsearch::Prefilter;
-using textsearch::UnitPattern;
+namespace zelmar::internal {
 
 namespace {
 
@@ -222,4 +217,4 @@ inline void TextSearch::verifyBlock(const Survivors& survivors, const QVector<in
     }
 }
 
-} // namespace zelmar
+} // namespace zelmar::internal

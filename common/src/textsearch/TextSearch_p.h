@@ -9,7 +9,7 @@
 #include <QStringList>
 #include <QVector>
 
-namespace zelmar {
+namespace zelmar::internal {
 
 /// A search for one needle in very many short haystacks, for example the rows of a model. The results are those of
 /// QString::contains() with the same case sensitivity. Every haystack contains an empty needle.
@@ -31,7 +31,7 @@ public:
         QString needle;
         QVector<int> rows; ///< indexes into the texts, from 0, in ascending order
         /// One for each of `rows`, or none at all.
-        QVector<textsearch::LookAhead> lookAheads;
+        QVector<LookAhead> lookAheads;
         int lookAheadStart = 0; ///< offset in the needle at which the look-aheads start
 
         /// Removes the look-aheads. Must be called when the rows or their texts change. The next search then reads the
@@ -57,21 +57,21 @@ private:
     quint64 candidatePositions(QStringView haystack) const;
     bool anyMatches(const char16_t* haystack, quint64 positions) const;
     bool matchesAt(const char16_t* position) const;
-    bool verify(QStringView haystack, quint64 positions, int lookAheadStart, textsearch::LookAhead& lookAhead) const;
-    textsearch::LookAheadFilter filterFor(const Found& candidates) const;
+    bool verify(QStringView haystack, quint64 positions, int lookAheadStart, LookAhead& lookAhead) const;
+    LookAheadFilter filterFor(const Found& candidates) const;
     void prefilterBlock(Survivors& survivors, const QVector<int>& rows, int first, const QStringList& texts,
-                        const textsearch::LookAheadFilter& filter) const;
+                        const LookAheadFilter& filter) const;
     void verifyBlock(const Survivors& survivors, const QVector<int>& rows, const QStringList& texts,
-                     const textsearch::LookAheadFilter& filter, Found& found) const;
+                     const LookAheadFilter& filter, Found& found) const;
 
     QString m_text;
     Qt::CaseSensitivity m_caseSensitivity;
-    textsearch::CaseFolding m_folding;
+    CaseFolding m_folding;
     /// The folded code units of the needle. Empty if the needle cannot be compared by code units, so that QString has
     /// to compare it.
     QVector<char16_t> m_units;
-    textsearch::Prefilter m_prefilter;
+    Prefilter m_prefilter;
     bool m_isPrefilterEnough = false; ///< whether each candidate position is an occurrence of the needle
 };
 
-} // namespace zelmar
+} // namespace zelmar::internal

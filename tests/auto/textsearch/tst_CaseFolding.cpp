@@ -5,7 +5,7 @@
 #include <QCoreApplication>
 #include <QTest>
 
-using zelmar::textsearch::CaseFolding;
+using zelmar::internal::CaseFolding;
 
 class tst_CaseFolding : public QObject
 {

@@ -16,8 +16,8 @@
 #include <map>
 #include <memory>
 
-using zelmar::ContainsFilterModel;
-using zelmar::ModelTexts;
+using zelmar::internal::ContainsFilterModel;
+using zelmar::internal::ModelTexts;
 
 namespace {
 

@@ -7,9 +7,9 @@
 
 #include <vector>
 
-using zelmar::textsearch::CaseFolding;
-using zelmar::textsearch::LookAhead;
-using zelmar::textsearch::LookAheadFilter;
+using zelmar::internal::CaseFolding;
+using zelmar::internal::LookAhead;
+using zelmar::internal::LookAheadFilter;
 
 class tst_LookAhead : public QObject
 {

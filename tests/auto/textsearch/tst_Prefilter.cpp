@@ -7,8 +7,8 @@
 
 #include <random>
 
-using zelmar::textsearch::Prefilter;
-using zelmar::textsearch::UnitPattern;
+using zelmar::internal::Prefilter;
+using zelmar::internal::UnitPattern;
 
 class tst_Prefilter : public QObject
 {

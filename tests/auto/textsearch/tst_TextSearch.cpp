@@ -6,7 +6,7 @@
 #include <QCoreApplication>
 #include <QTest>
 
-using zelmar::TextSearch;
+using zelmar::internal::TextSearch;
 
 Q_DECLARE_METATYPE(Qt::CaseSensitivity)
 
@@ -254,7 +254,7 @@ void tst_TextSearch::forgetsLookAheads()
     QStringList texts = {QStringLiteral("pump"), QStringLiteral("pressure")};
     const auto search = [](const char* needle) { return TextSearch(QLatin1String(needle), Qt::CaseInsensitive); };
     auto found = search("pu").allAmong(search("p").allIn(texts, 0, 2), texts);
-    QCOMPARE(found.byteCount(), qint64(sizeof(int) + sizeof(zelmar::textsearch::LookAhead)));
+    QCOMPARE(found.byteCount(), qint64(sizeof(int) + sizeof(zelmar::internal::LookAhead)));
     texts[0] = QStringLiteral("purge");
     found.forgetLookAheads();
     QCOMPARE(found.byteCount(), qint64(sizeof(int)));

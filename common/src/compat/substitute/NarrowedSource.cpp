@@ -6,7 +6,7 @@
 
 #include <utility>
 
-namespace zelmar {
+namespace zelmar::internal {
 
 namespace {
 
@@ -276,4 +276,4 @@ QModelIndex NarrowedSource::mapFromSource(const QModelIndex& index) const
     return index;
 }
 
-} // namespace zelmar
+} // namespace zelmar::internal

@@ -4,7 +4,7 @@
 #include <QPointer>
 #include <QString>
 
-namespace zelmar {
+namespace zelmar::internal {
 
 class ContainsFilterModel;
 
@@ -80,4 +80,4 @@ private:
     int m_refreshes = 0; ///< one in the other
 };
 
-} // namespace zelmar
+} // namespace zelmar::internal

@@ -87,7 +87,7 @@ QxtLabel::QxtLabel(QWidget* parent, Qt::WindowFlags flags)
     : QFrame(parent, flags)
     , m_impl(new Impl{*this})
 {
-    zelmar::makeQxtLabelsAccessible();
+    zelmar::internal::makeQxtLabelsAccessible();
 }
 
 QxtLabel::~QxtLabel() = default;

@@ -6,7 +6,7 @@
 
 #include <utility>
 
-using zelmar::NarrowedSource;
+using zelmar::internal::NarrowedSource;
 
 namespace {
 

@@ -14,6 +14,8 @@
 
 #include <utility>
 
+using namespace zelmar::internal;
+
 namespace zelmar::ui {
 
 namespace {

@@ -6,7 +6,7 @@
 ElidedTextLabel::ElidedTextLabel(QWidget* parent, Qt::WindowFlags flags)
     : QxtLabel(parent, flags)
 {
-    zelmar::makeQxtLabelsAccessible();
+    zelmar::internal::makeQxtLabelsAccessible();
     setAlignment(Qt::AlignLeft);
     setElideMode(Qt::ElideLeft);
 }

@@ -2,6 +2,8 @@
 
 #include "ui/qt/controls/steps_p.h"
 
+using namespace zelmar::internal;
+
 namespace zelmar::ui {
 
 struct IntegralSpinBox::Impl

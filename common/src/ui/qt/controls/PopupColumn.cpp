@@ -4,7 +4,7 @@
 #include <QCompleter>
 #include <QListView>
 
-namespace zelmar::ui {
+namespace zelmar::internal {
 
 PopupColumn::PopupColumn(QListView& list, QCompleter& completer)
     : QObject(&list)
@@ -20,4 +20,4 @@ void PopupColumn::follow()
         m_list.setModelColumn(m_completer.completionColumn());
 }
 
-} // namespace zelmar::ui
+} // namespace zelmar::internal

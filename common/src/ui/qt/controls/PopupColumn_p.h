@@ -5,7 +5,7 @@
 class QCompleter;
 class QListView;
 
-namespace zelmar::ui {
+namespace zelmar::internal {
 
 /// An object that sets the column of a completer's list to QCompleter::completionColumn() after each reset of the
 /// completion model. QCompleter sets the column only once, and QListView refuses a column that its model does not have
@@ -22,4 +22,4 @@ private:
     const QCompleter& m_completer;
 };
 
-} // namespace zelmar::ui
+} // namespace zelmar::internal

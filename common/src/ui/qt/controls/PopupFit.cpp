@@ -5,7 +5,7 @@
 #include <QScreen>
 #include <QScrollBar>
 
-namespace zelmar::ui {
+namespace zelmar::internal {
 
 namespace {
 
@@ -76,4 +76,4 @@ void PopupFit::fit()
         m_list.setGeometry(place);
 }
 
-} // namespace zelmar::ui
+} // namespace zelmar::internal

@@ -6,7 +6,7 @@
 class QListView;
 class QWidget;
 
-namespace zelmar::ui {
+namespace zelmar::internal {
 
 /// An event filter that makes a pop-up list at least as wide as its items and its field, and keeps it on the screen. It
 /// is a child of the list.
@@ -30,4 +30,4 @@ private:
     QPointer<QWidget> m_field; ///< may be destroyed before the list
 };
 
-} // namespace zelmar::ui
+} // namespace zelmar::internal

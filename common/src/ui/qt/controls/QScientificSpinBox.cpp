@@ -10,6 +10,8 @@
 
 #include <cfloat>
 
+using namespace zelmar::internal;
+
 namespace zelmar::ui {
 
 namespace {

@@ -14,6 +14,8 @@
 #include <optional>
 #include <vector>
 
+using namespace zelmar::internal;
+
 namespace zelmar::ui {
 
 namespace {

@@ -4,6 +4,8 @@
 
 #include <QPointer>
 
+namespace zelmar::internal {
+
 /// Emits the signal for the direction of a step if a slot is connected to it, and returns whether one was. `increment`
 /// is the signal for `steps` >= 1, and `decrement` is the signal otherwise.
 ///
@@ -31,3 +33,5 @@ void stepTo(SpinBox& spinBox, Value value)
     if (guarded)
         guarded->selectAll();
 }
+
+} // namespace zelmar::internal

@@ -5,7 +5,7 @@
 #include <QCoreApplication>
 #include <QIcon>
 
-namespace zelmar::ui {
+namespace zelmar::internal {
 
 namespace {
 
@@ -60,4 +60,4 @@ QList<QDesignerCustomWidgetInterface*> DesignerPlugin::customWidgets() const
     return m_widgets;
 }
 
-} // namespace zelmar::ui
+} // namespace zelmar::internal

@@ -4,7 +4,7 @@
 
 #include <QObject>
 
-namespace zelmar::ui {
+namespace zelmar::internal {
 
 /// A plugin that makes the widgets of designerWidgets() available in Qt Designer and QUiLoader.
 class DesignerPlugin : public QObject, public QDesignerCustomWidgetCollectionInterface
@@ -25,4 +25,4 @@ private:
     QList<QDesignerCustomWidgetInterface*> m_widgets; ///< owned
 };
 
-} // namespace zelmar::ui
+} // namespace zelmar::internal

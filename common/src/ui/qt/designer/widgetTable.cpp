@@ -6,7 +6,9 @@
 #include "ui/qt/controls/IntegralSpinBox.h"
 #include "ui/qt/controls/QScientificSpinBox.h"
 
-namespace zelmar::ui {
+namespace zelmar::internal {
+
+using namespace ui;
 
 namespace {
 
@@ -38,4 +40,4 @@ const QVector<DesignerWidget>& designerWidgets()
     return widgets;
 }
 
-} // namespace zelmar::ui
+} // namespace zelmar::internal

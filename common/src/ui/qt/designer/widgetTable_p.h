@@ -5,7 +5,7 @@
 
 class QWidget;
 
-namespace zelmar::ui {
+namespace zelmar::internal {
 
 /// The description of a widget for Qt Designer.
 struct DesignerWidget
@@ -20,4 +20,4 @@ struct DesignerWidget
 /// Returns the descriptions of all widgets that Qt Designer offers and that forms can contain.
 const QVector<DesignerWidget>& designerWidgets();
 
-} // namespace zelmar::ui
+} // namespace zelmar::internal

@@ -8,6 +8,8 @@
 #include <QFileInfo>
 #include <QWidget>
 
+using namespace zelmar::internal;
+
 namespace {
 
 QFileDialog::FileMode fileMode(bool save, bool multipleFiles)

@@ -7,7 +7,7 @@
 #include <charconv>
 #include <cmath>
 
-namespace zelmar {
+namespace zelmar::internal {
 
 namespace {
 
@@ -65,4 +65,4 @@ void appendShortestText(QString& text, double value)
 
 #endif
 
-} // namespace zelmar
+} // namespace zelmar::internal

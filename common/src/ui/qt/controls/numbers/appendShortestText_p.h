@@ -4,7 +4,7 @@
 
 #include <QString>
 
-namespace zelmar {
+namespace zelmar::internal {
 
 /// Appends the shortest text from which `value` can be read back exactly.
 ///
@@ -13,4 +13,4 @@ namespace zelmar {
 /// no intermediate string and converts the digits faster.
 COMMON_UI_QT_INTERNAL_EXPORT void appendShortestText(QString& text, double value);
 
-} // namespace zelmar
+} // namespace zelmar::internal

@@ -5,7 +5,7 @@
 
 #include <cmath>
 
-namespace zelmar {
+namespace zelmar::internal {
 
 namespace {
 
@@ -131,4 +131,4 @@ bool canTextGrowIntoRange(const QString& text, double minimum, double maximum, i
     return RangeTest(minimum, maximum, decimals).canGrow(text);
 }
 
-} // namespace zelmar
+} // namespace zelmar::internal

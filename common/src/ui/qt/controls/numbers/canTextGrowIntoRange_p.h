@@ -4,7 +4,7 @@
 
 #include <QString>
 
-namespace zelmar {
+namespace zelmar::internal {
 
 /// Estimates whether `text` can become a number from `minimum` to `maximum` when the user adds digits to it.
 ///
@@ -18,4 +18,4 @@ namespace zelmar {
 COMMON_UI_QT_INTERNAL_EXPORT bool canTextGrowIntoRange(const QString& text, double minimum, double maximum,
                                                        int decimals);
 
-} // namespace zelmar
+} // namespace zelmar::internal

@@ -4,7 +4,7 @@
 
 #include <QVarLengthArray>
 
-namespace zelmar {
+namespace zelmar::internal {
 
 namespace {
 
@@ -178,4 +178,4 @@ std::optional<qint64> growDigitsIntoRange(qint64 number, qint64 low, qint64 high
     return std::nullopt;
 }
 
-} // namespace zelmar
+} // namespace zelmar::internal

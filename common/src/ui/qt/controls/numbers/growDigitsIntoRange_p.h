@@ -6,7 +6,7 @@
 
 #include <optional>
 
-namespace zelmar {
+namespace zelmar::internal {
 
 /// Returns the integer from `low` to `high` that `number` can become when the user inserts further digits anywhere, or
 /// nothing if there is none.
@@ -22,4 +22,4 @@ namespace zelmar {
 /// microsecond.
 COMMON_UI_QT_INTERNAL_EXPORT std::optional<qint64> growDigitsIntoRange(qint64 number, qint64 low, qint64 high);
 
-} // namespace zelmar
+} // namespace zelmar::internal

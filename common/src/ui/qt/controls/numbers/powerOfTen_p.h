@@ -2,7 +2,7 @@
 
 #include <QtGlobal>
 
-namespace zelmar {
+namespace zelmar::internal {
 
 /// Returns 10 raised to `exponent`, which must be at most 18. Returns 1 for an exponent below 1.
 constexpr qint64 powerOfTen(int exponent)
@@ -13,4 +13,4 @@ constexpr qint64 powerOfTen(int exponent)
     return power;
 }
 
-} // namespace zelmar
+} // namespace zelmar::internal

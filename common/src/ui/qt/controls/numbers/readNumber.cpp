@@ -8,7 +8,7 @@
 #include <limits>
 #include <optional>
 
-namespace zelmar {
+namespace zelmar::internal {
 
 namespace {
 
@@ -168,4 +168,4 @@ const NumberReading& readNumber(const QString& input, int& position, const Numbe
     return last;
 }
 
-} // namespace zelmar
+} // namespace zelmar::internal

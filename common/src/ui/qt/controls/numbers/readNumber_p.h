@@ -5,7 +5,7 @@
 #include <QString>
 #include <QValidator>
 
-namespace zelmar {
+namespace zelmar::internal {
 
 // Validates and converts the text of a number field. The decimal point is "." and the group separator is ",", as in
 // American English, whatever the locale is.
@@ -49,4 +49,4 @@ COMMON_UI_QT_INTERNAL_EXPORT QString strippedNumber(const QString& input, int& p
 COMMON_UI_QT_INTERNAL_EXPORT const NumberReading& readNumber(const QString& input, int& position,
                                                              const NumberRules& rules, NumberReading& last);
 
-} // namespace zelmar
+} // namespace zelmar::internal

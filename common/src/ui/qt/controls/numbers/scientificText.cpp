@@ -7,6 +7,8 @@
 #include <cmath>
 #include <cstdio>
 
+namespace zelmar::internal {
+
 namespace {
 
 /// The length of the longest text of a double in fixed notation: sign, "0", decimal point and all digits of the
@@ -76,3 +78,5 @@ QString scientificText(double value, int digits)
 #endif
     return printedText(value, digits);
 }
+
+} // namespace zelmar::internal

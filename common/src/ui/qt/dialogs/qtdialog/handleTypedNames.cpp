@@ -17,6 +17,8 @@
 #include <QMessageBox>
 #include <QPointer>
 
+using namespace zelmar::internal;
+
 namespace zelmar::internal {
 
 namespace {

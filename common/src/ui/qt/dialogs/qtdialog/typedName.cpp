@@ -9,6 +9,8 @@
 #include <QItemSelectionModel>
 #include <QLineEdit>
 
+using namespace zelmar::internal;
+
 namespace zelmar::internal {
 
 namespace {

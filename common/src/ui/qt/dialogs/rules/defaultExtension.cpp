@@ -4,6 +4,8 @@
 
 #include <QRegExp>
 
+namespace zelmar::internal {
+
 namespace {
 
 bool needsExtension(const QString& name)
@@ -29,3 +31,5 @@ std::string withDefaultExtension(const std::string& name, const QString& filter)
     path.replace_extension(boost::filesystem::path(extension.toStdString()));
     return path.generic_string();
 }
+
+} // namespace zelmar::internal

@@ -6,6 +6,8 @@
 
 #include <string>
 
+namespace zelmar::internal {
+
 /// Returns the extension that a name filter stands for: everything from its last "." on, without white space,
 /// parentheses and asterisks. The last of several patterns counts: "Images (*.png *.jpg)" gives ".jpg". A filter
 /// without any "." gives its whole text in this form: "All files (*)" gives "Allfiles".
@@ -20,3 +22,5 @@ COMMON_UI_QT_INTERNAL_EXPORT QString extensionOfFilter(const QString& filter);
 ///
 /// Compatibility: dot-in-a-folder-counts
 COMMON_UI_QT_INTERNAL_EXPORT std::string withDefaultExtension(const std::string& name, const QString& filter);
+
+} // namespace zelmar::internal

@@ -1,5 +1,7 @@
 #include "ui/qt/dialogs/rules/nameFilterList_p.h"
 
+namespace zelmar::internal {
+
 namespace {
 
 QString withoutBlanksAround(const QString& text)
@@ -31,3 +33,5 @@ std::string joinNameFilters(const std::vector<std::string>& filters)
         joined += (&filter == &filters.front() ? "" : ";;") + filter;
     return joined;
 }
+
+} // namespace zelmar::internal

@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+namespace zelmar::internal {
+
 /// Splits `joined` at ";;" and removes the blanks around each filter. Empty parts between two separators are skipped
 /// before blanks are removed, so that a part of blanks becomes an empty filter.
 ///
@@ -16,3 +18,5 @@ COMMON_UI_QT_INTERNAL_EXPORT QStringList splitNameFilters(const QString& joined)
 
 /// Joins `filters` (UTF-8) with ";;".
 COMMON_UI_QT_INTERNAL_EXPORT std::string joinNameFilters(const std::vector<std::string>& filters);
+
+} // namespace zelmar::internal

@@ -4,6 +4,8 @@
 
 #include <optional>
 
+namespace zelmar::internal {
+
 namespace {
 
 struct Bracketed
@@ -47,3 +49,5 @@ std::string withExtensionOfFilter(const std::string& name, const QString& filter
     path.replace_extension(utf8Path(extensionOfNativeFilter(filter).toStdString()));
     return genericUtf8(path);
 }
+
+} // namespace zelmar::internal

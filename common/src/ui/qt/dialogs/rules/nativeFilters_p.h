@@ -6,6 +6,8 @@
 
 #include <string>
 
+namespace zelmar::internal {
+
 // Pure functions that translate QFileDialog's name filters into the file types of the native dialog.
 
 /// The two parts of a file type of the native dialog.
@@ -32,3 +34,5 @@ COMMON_UI_QT_INTERNAL_EXPORT QString extensionOfNativeFilter(const QString& filt
 /// Replaces the extension of `name` (UTF-8) by that of `filter`, or removes it when the filter has none. The result has
 /// slashes as separators.
 COMMON_UI_QT_INTERNAL_EXPORT std::string withExtensionOfFilter(const std::string& name, const QString& filter);
+
+} // namespace zelmar::internal

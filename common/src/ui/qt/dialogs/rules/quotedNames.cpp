@@ -1,5 +1,7 @@
 #include "ui/qt/dialogs/rules/quotedNames_p.h"
 
+namespace zelmar::internal {
+
 std::string quotedNames(const std::vector<std::string>& names)
 {
     std::string quoted;
@@ -22,3 +24,5 @@ QStringList namesOfQuotedText(const QString& text)
         return {};
     return quoted.mid(1, quoted.size() - 2).split(QStringLiteral("\" \""));
 }
+
+} // namespace zelmar::internal

@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+namespace zelmar::internal {
+
 /// Joins `names` (UTF-8) to the text that selects several files in a file dialog: each name is in double quotes, and a
 /// blank follows each one including the last. Skips empty names.
 COMMON_UI_QT_INTERNAL_EXPORT std::string quotedNames(const std::vector<std::string>& names);
@@ -19,3 +21,5 @@ COMMON_UI_QT_INTERNAL_EXPORT bool startsWithQuotedName(const QString& text);
 /// Returns the names that quotedNames() has joined to `text`, also if they contain double quotes. Returns an empty list
 /// if `text` does not have that form.
 COMMON_UI_QT_INTERNAL_EXPORT QStringList namesOfQuotedText(const QString& text);
+
+} // namespace zelmar::internal

@@ -1,5 +1,7 @@
 #include "ui/qt/dialogs/rules/temporaryNameFilter_p.h"
 
+namespace zelmar::internal {
+
 QString temporaryNameFilter(const QString& selected, const QString& pattern)
 {
     const QString description = selected.left(selected.indexOf(QLatin1Char('(')));
@@ -10,3 +12,5 @@ QString patternOf(const QString& temporaryFilter)
 {
     return temporaryFilter.mid(temporaryFilter.indexOf(QLatin1Char('(')) + 1).chopped(1);
 }
+
+} // namespace zelmar::internal

@@ -4,6 +4,8 @@
 
 #include <QString>
 
+namespace zelmar::internal {
+
 /// Returns the temporary name filter that replaces the filter `selected` after `pattern` was typed: the description of
 /// `selected`, that is, everything before its first "(", followed by the pattern in parentheses. Runs of white space
 /// become one blank, and white space at both ends is removed, because QFileDialog stores its filters in this form.
@@ -15,3 +17,5 @@ COMMON_UI_QT_INTERNAL_EXPORT QString temporaryNameFilter(const QString& selected
 
 /// Returns the pattern of a filter that temporaryNameFilter() has returned.
 COMMON_UI_QT_INTERNAL_EXPORT QString patternOf(const QString& temporaryFilter);
+
+} // namespace zelmar::internal

@@ -1,8 +1,10 @@
 #include "ui/qt/dialogs/rules/utf8Path_p.h"
 
-#ifdef _WIN32
-
 #include <QString>
+
+namespace zelmar::internal {
+
+#ifdef _WIN32
 
 boost::filesystem::path utf8Path(const std::string& text)
 {
@@ -27,3 +29,5 @@ std::string genericUtf8(const boost::filesystem::path& path)
 }
 
 #endif
+
+} // namespace zelmar::internal

@@ -10,6 +10,8 @@
 
 #include <QMessageBox>
 
+using namespace zelmar::internal;
+
 namespace zelmar::internal {
 
 SaveRound::SaveRound(SaveDialogInterface& dialog, SaveFileMessageHandlerInterface& handler, const std::string& caption,

@@ -10,7 +10,7 @@
 #include <cstring>
 #include <limits>
 
-using zelmar::appendShortestText;
+using zelmar::internal::appendShortestText;
 
 namespace {
 

@@ -8,7 +8,7 @@
 #include <cmath>
 #include <random>
 
-using zelmar::canTextGrowIntoRange;
+using zelmar::internal::canTextGrowIntoRange;
 
 namespace {
 

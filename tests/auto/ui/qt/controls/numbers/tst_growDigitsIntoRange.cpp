@@ -7,7 +7,7 @@
 #include <limits>
 #include <random>
 
-using zelmar::growDigitsIntoRange;
+using zelmar::internal::growDigitsIntoRange;
 
 namespace {
 

@@ -10,9 +10,9 @@
 #include <cmath>
 #include <limits>
 
-using zelmar::NumberReading;
-using zelmar::NumberRules;
-using zelmar::readNumber;
+using zelmar::internal::NumberReading;
+using zelmar::internal::NumberRules;
+using zelmar::internal::readNumber;
 
 namespace {
 

@@ -14,6 +14,8 @@
 #include <limits>
 #include <random>
 
+using namespace zelmar::internal;
+
 namespace {
 
 /// The plain way, which is the standard that the text is held to. In the C locale.

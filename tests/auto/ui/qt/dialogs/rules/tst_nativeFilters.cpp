@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <regex>
 
+using namespace zelmar::internal;
+
 class tst_nativeFilters : public QObject
 {
     Q_OBJECT

@@ -3,6 +3,8 @@
 
 #include <QtTest>
 
+using namespace zelmar::internal;
+
 class tst_quotedNames : public QObject
 {
     Q_OBJECT

@@ -4,6 +4,8 @@
 
 #include <QTest>
 
+using namespace zelmar::internal;
+
 class tst_temporaryNameFilter : public QObject
 {
     Q_OBJECT
