@@ -1,12 +1,13 @@
 #pragma once
 
-#include <QDeadlineTimer>
+#include "StepQueue.h"
+
 #include <QDialog>
 #include <QObject>
 #include <QString>
 
 #include <functional>
-#include <queue>
+#include <utility>
 
 /// A driver that acts as the user of modal dialogs. It performs steps one after the other, each in the event loop of
 /// the dialog for which it is meant, while the code under test waits in exec().
@@ -15,7 +16,8 @@
 ///     driver.onDialog<QFileDialog>("type a name", [](QFileDialog& dialog) { acceptName(dialog, "a.dat"); });
 ///     driver.onDialog<QMessageBox>("answer no", [](QMessageBox& box) { box.button(QMessageBox::No)->click(); });
 ///     QVERIFY(flow.launch());
-///     QVERIFY2(driver.finished(), qPrintable(driver.problem()));
+///
+/// The end of the driver fails the test unless every step was taken.
 ///
 /// A step waits until the modal dialog has its type and is the active window and, if the step has a condition, until
 /// the condition holds. If that takes longer than the deadline, or if a dialog stays open longer than the deadline
@@ -39,35 +41,28 @@ public:
     template <typename Dialog>
     void onDialogWhen(const QString& name, std::function<bool(Dialog&)> condition, std::function<void(Dialog&)> action)
     {
-        addStep({name,
-                 [condition = std::move(condition)](QDialog& dialog) {
-                     auto* typed = qobject_cast<Dialog*>(&dialog);
-                     return typed && condition(*typed);
-                 },
-                 [action = std::move(action)](QDialog& dialog) { action(static_cast<Dialog&>(dialog)); }});
+        m_steps.add(name, {[condition = std::move(condition)](QDialog& dialog) {
+                               auto* typed = qobject_cast<Dialog*>(&dialog);
+                               return typed && condition(*typed);
+                           },
+                           [action = std::move(action)](QDialog& dialog) { action(static_cast<Dialog&>(dialog)); }});
     }
 
     /// Returns whether every step was performed in time and no dialog stayed open after the last one.
-    bool finished() const;
+    bool finished() const { return problem().isEmpty(); }
 
-    /// Returns a description of the problem for a test's message, or an empty text if there was none.
-    QString problem() const;
+    /// Returns a description of the problem, or an empty text if there was none.
+    QString problem() const { return m_steps.problem(); }
 
 private:
     struct Step
     {
-        QString name;
         std::function<bool(QDialog&)> isDue;
         std::function<void(QDialog&)> action;
     };
 
-    void addStep(Step step);
     void poll();
     void takeStep(QDialog& dialog);
-    void fail(const QDialog* dialog);
 
-    int m_deadlineLength;
-    std::queue<Step> m_steps;
-    QDeadlineTimer m_deadline;
-    QString m_problem;
+    StepQueue<Step> m_steps;
 };

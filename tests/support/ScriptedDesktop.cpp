@@ -1,7 +1,8 @@
 #include "ScriptedDesktop.h"
 
+#include "StepQueue.h"
+
 #include <QApplication>
-#include <QDeadlineTimer>
 #include <QDialog>
 #include <QList>
 #include <QTimer>
@@ -11,7 +12,6 @@
 #include <qpa/qplatformdialoghelper.h>
 #include <qpa/qplatformtheme.h>
 
-#include <queue>
 #include <utility>
 
 namespace {
@@ -44,33 +44,30 @@ public:
         m_clock.start(50);
     }
 
-    void add(const QString& name, std::function<void()> action)
+    ~Script() override
     {
-        m_steps.push({name, std::move(action)});
-        m_deadline.setRemainingTime(deadlineLength);
+        if (!m_awaited.isEmpty())
+            m_steps.fail(QStringLiteral("the step \"%1\" was never taken").arg(m_awaited));
     }
 
+    void add(const QString& name, const std::function<void()>& action) { m_steps.add(name, {name, action}); }
     void shown(Dialog& dialog);
-    void look();
-    QString problem() const;
 
     QList<Dialog*> dialogs;
     QStringList calls;
 
 private:
+    void look();
+
     struct Step
     {
         QString name;
         std::function<void()> action;
     };
 
-    static constexpr int deadlineLength = 10000; // milliseconds
-
     QTimer m_clock;
-    QDeadlineTimer m_deadline{deadlineLength};
-    std::queue<Step> m_steps;
+    StepQueue<Step> m_steps{10000};
     QString m_awaited; ///< the step that is taken next, of a dialog that is shown already
-    QString m_problem;
 };
 
 /// One file dialog of the desktop.
@@ -169,13 +166,12 @@ private:
 
 void ScriptedDesktop::Script::shown(Dialog& dialog)
 {
-    m_deadline.setRemainingTime(deadlineLength);
-    if (m_steps.empty()) {
-        m_problem = QStringLiteral("a dialog was shown after the last step");
+    m_steps.restartDeadline();
+    if (m_steps.isEmpty()) {
+        m_steps.fail(QStringLiteral("a dialog was shown after the last step"));
         return;
     }
-    const Step step = std::exchange(m_steps.front(), {});
-    m_steps.pop();
+    const Step step = m_steps.takeNext();
     if (!step.action)
         return;
     m_awaited = step.name;
@@ -192,26 +188,18 @@ void ScriptedDesktop::Script::shown(Dialog& dialog)
 /// for a dialog of the desktop.
 void ScriptedDesktop::Script::look()
 {
-    const bool waiting = !dialogs.isEmpty() || !m_steps.empty();
+    const bool waiting = !dialogs.isEmpty() || !m_steps.isEmpty();
     if (!waiting)
-        m_deadline.setRemainingTime(deadlineLength);
-    if (m_problem.isEmpty() && m_deadline.hasExpired())
-        m_problem = m_steps.empty() ? QStringLiteral("a dialog is open since its last step") : problem();
-    if (m_problem.isEmpty())
+        m_steps.restartDeadline();
+    if (m_steps.isLate())
+        m_steps.failLate(QStringLiteral("%1 dialogs of the desktop").arg(dialogs.size()));
+    if (!m_steps.hasFailed())
         return;
     const QList<Dialog*> open = dialogs;
     for (Dialog* dialog : open)
         Q_EMIT dialog->reject();
     if (auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget()))
         dialog->reject();
-}
-
-QString ScriptedDesktop::Script::problem() const
-{
-    const QString missed = m_steps.empty() ? m_awaited : m_steps.front().name;
-    if (m_problem.isEmpty() && !missed.isEmpty())
-        return QStringLiteral("the step \"%1\" was never taken").arg(missed);
-    return m_problem;
 }
 
 // Dialog
@@ -300,16 +288,6 @@ void ScriptedDesktop::onShow(const QString& name, std::function<void()> action)
 void ScriptedDesktop::onShowDoNothing()
 {
     m_script->add(QStringLiteral("nothing"), {});
-}
-
-bool ScriptedDesktop::finished() const
-{
-    return problem().isEmpty();
-}
-
-QString ScriptedDesktop::problem() const
-{
-    return m_script->problem();
 }
 
 QStringList ScriptedDesktop::takeCalls()

@@ -88,8 +88,7 @@ void endWindows()
 
 SystemDialogDriver::SystemDialogDriver(const QString& title, int deadline)
     : m_title(title)
-    , m_deadlineLength(deadline)
-    , m_deadline(deadline)
+    , m_steps(deadline)
 {
     poll();
 }
@@ -103,51 +102,33 @@ void SystemDialogDriver::inDialog(const QString& name, std::function<void(const 
 void SystemDialogDriver::inDialogWhen(const QString& name, std::function<bool(const SystemDialog&)> condition,
                                       std::function<void(const SystemDialog&)> action)
 {
-    addStep({name, [this, condition = std::move(condition), action = std::move(action)] {
-                 HWND window = findDialog(m_title);
-                 if (!window || !condition(SystemDialog(window)))
-                     return false;
-                 action(SystemDialog(window));
-                 return true;
-             }});
+    m_steps.add(name, [this, condition = std::move(condition), action = std::move(action)] {
+        HWND window = findDialog(m_title);
+        if (!window || !condition(SystemDialog(window)))
+            return false;
+        action(SystemDialog(window));
+        return true;
+    });
 }
 
 void SystemDialogDriver::inQuestion(const QString& name, std::function<void(const SystemQuestion&)> action)
 {
-    addStep({name, [action = std::move(action)] {
-                 HWND window = findQuestion();
-                 if (window)
-                     action(SystemQuestion(window));
-                 return window != nullptr;
-             }});
+    m_steps.add(name, [action = std::move(action)] {
+        HWND window = findQuestion();
+        if (window)
+            action(SystemQuestion(window));
+        return window != nullptr;
+    });
 }
 
 void SystemDialogDriver::inMenu(const QString& name, std::function<void(const SystemMenu&)> action)
 {
-    addStep({name, [action = std::move(action)] {
-                 HWND window = findMenu();
-                 if (window)
-                     action(SystemMenu(window));
-                 return window != nullptr;
-             }});
-}
-
-bool SystemDialogDriver::finished() const
-{
-    return problem().isEmpty();
-}
-
-QString SystemDialogDriver::problem() const
-{
-    if (m_problem.isEmpty() && !m_steps.empty())
-        return QStringLiteral("the step \"%1\" was never due").arg(m_steps.front().name);
-    return m_problem;
-}
-
-void SystemDialogDriver::addStep(Step step)
-{
-    m_steps.push(std::move(step));
-    m_deadline.setRemainingTime(m_deadlineLength);
+    m_steps.add(name, [action = std::move(action)] {
+        HWND window = findMenu();
+        if (window)
+            action(SystemMenu(window));
+        return window != nullptr;
+    });
 }
 
 void SystemDialogDriver::poll()
@@ -155,29 +136,20 @@ void SystemDialogDriver::poll()
     // Starts a new timer before the step, which may run a nested event loop: a repeating timer does not fire while its
     // own slot runs.
     QTimer::singleShot(pollInterval, this, [this] { poll(); });
-    if (!m_problem.isEmpty())
+    if (m_steps.hasFailed())
         endWindows();
-    else if (!m_isTakingStep && (m_steps.empty() ? systemWindows().empty() : takeStep()))
-        m_deadline.setRemainingTime(m_deadlineLength);
-    else if (m_deadline.hasExpired())
-        fail();
+    else if (!m_isTakingStep && (m_steps.isEmpty() ? systemWindows().empty() : takeStep()))
+        m_steps.restartDeadline();
+    else if (m_steps.isLate())
+        m_steps.failLate(windowList());
 }
 
 bool SystemDialogDriver::takeStep()
 {
     m_isTakingStep = true;
-    const bool taken = m_steps.front().take();
+    const bool taken = m_steps.next()();
     m_isTakingStep = false;
     if (taken)
-        m_steps.pop();
+        m_steps.takeNext();
     return taken;
-}
-
-void SystemDialogDriver::fail()
-{
-    if (m_steps.empty())
-        m_problem = QStringLiteral("open after the last step: %1").arg(windowList());
-    else
-        m_problem =
-            QStringLiteral("the step \"%1\" was not due in time; open: %2").arg(m_steps.front().name, windowList());
 }

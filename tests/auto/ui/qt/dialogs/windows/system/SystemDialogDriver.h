@@ -1,13 +1,12 @@
 #pragma once
 
+#include "StepQueue.h"
 #include "SystemDialog.h"
 
-#include <QDeadlineTimer>
 #include <QObject>
 #include <QString>
 
 #include <functional>
-#include <queue>
 
 /// A driver that plays the user of the system's file dialog. It takes its steps in order, each inside the dialog's own
 /// event loop, while the code under test waits in exec().
@@ -15,7 +14,8 @@
 ///     SystemDialogDriver driver;
 ///     driver.inDialog("type a name", [](const SystemDialog& dialog) { dialog.acceptName("a.dat"); });
 ///     QCOMPARE(dialog.exec(), QDialog::Accepted);
-///     QVERIFY2(driver.finished(), qPrintable(driver.problem()));
+///
+/// The end of the driver fails the test unless every step was taken.
 ///
 /// A step waits until its window exists and is enabled, and until its condition, if any, is true. If that takes longer
 /// than the deadline, or if a dialog stays open for that time after the last step, the driver records the problem and
@@ -38,27 +38,18 @@ public:
     void inMenu(const QString& name, std::function<void(const SystemMenu&)> action);
 
     /// Returns whether every step was taken in time and no dialog stayed open after the last step.
-    bool finished() const;
+    bool finished() const { return problem().isEmpty(); }
 
-    /// Returns a description of what went wrong, for the message of a failed test. Empty when all went well.
-    QString problem() const;
+    /// Returns a description of the problem, or an empty text if there was none.
+    QString problem() const { return m_steps.problem(); }
 
 private:
-    struct Step
-    {
-        QString name;
-        std::function<bool()> take; ///< returns false when the step is not due yet
-    };
+    using Step = std::function<bool()>; ///< returns false when the step is not due yet
 
-    void addStep(Step step);
     void poll();
     bool takeStep();
-    void fail();
 
     QString m_title;
-    int m_deadlineLength;
-    std::queue<Step> m_steps;
+    StepQueue<Step> m_steps;
     bool m_isTakingStep = false;
-    QDeadlineTimer m_deadline;
-    QString m_problem;
 };
