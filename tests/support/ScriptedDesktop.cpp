@@ -50,7 +50,7 @@ public:
             m_steps.fail(QStringLiteral("the step \"%1\" was never taken").arg(m_awaited));
     }
 
-    void add(const QString& name, const std::function<void()>& action) { m_steps.add(name, {name, action}); }
+    void add(const QString& name, std::function<void()> action) { m_steps.add(name, {name, std::move(action)}); }
     void shown(Dialog& dialog);
 
     QList<Dialog*> dialogs;
