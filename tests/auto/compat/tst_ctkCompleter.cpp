@@ -2,6 +2,7 @@
 
 #include "../textsearch/RandomTexts.h"
 #include "TestHome.h"
+#include "modelTexts.h"
 
 #include <QAbstractItemView>
 #include <QAbstractProxyModel>
@@ -30,21 +31,6 @@ QStringList manyTexts()
     for (int row = 0; row < 1500; ++row)
         texts += colours.at(row % colours.size()) + QStringLiteral(" %1").arg(row);
     return texts;
-}
-
-QStringList completions(const QCompleter& completer)
-{
-    const QAbstractItemModel& list = *completer.completionModel();
-    QStringList texts;
-    for (int row = 0; row < list.rowCount(); ++row)
-        texts += list.index(row, completer.completionColumn()).data().toString();
-    return texts;
-}
-
-QStringList completions(QCompleter& completer, const QString& prefix)
-{
-    completer.setCompletionPrefix(prefix);
-    return completions(completer);
 }
 
 } // namespace
@@ -88,12 +74,12 @@ void tst_ctkCompleter::startsAsAQCompleter()
     const ctkCompleter empty;
     QVERIFY(!empty.sourceModel());
     QCOMPARE(empty.modelFiltering(), ctkCompleter::FilterStartsWith);
-    QCOMPARE(completions(empty), QStringList());
+    QCOMPARE(completionsOf(empty), QStringList());
 
     ctkCompleter completer(colours);
-    QCOMPARE(completions(completer, QStringLiteral("B")), (QStringList{"Blue"}));
+    QCOMPARE(completionsOf(completer, QStringLiteral("B")), (QStringList{"Blue"}));
     completer.setCaseSensitivity(Qt::CaseInsensitive);
-    QCOMPARE(completions(completer, QStringLiteral("B")), (QStringList{"Blue", "bluish"}));
+    QCOMPARE(completionsOf(completer, QStringLiteral("B")), (QStringList{"Blue", "bluish"}));
     QCOMPARE(completer.filterMode(), Qt::MatchStartsWith);
 }
 
@@ -119,7 +105,7 @@ void tst_ctkCompleter::completesWithWhatContainsTheText()
     ctkCompleter completer(colours);
     completer.setModelFiltering(ctkCompleter::FilterContains);
     completer.setCaseSensitivity(caseTold ? Qt::CaseSensitive : Qt::CaseInsensitive);
-    QCOMPARE(completions(completer, prefix), expected);
+    QCOMPARE(completionsOf(completer, prefix), expected);
     QCOMPARE(completer.completionCount(), expected.size());
     QCOMPARE(completer.currentRow(), expected.isEmpty() ? -1 : 0);
     QCOMPARE(completer.currentCompletion(), expected.value(0));
@@ -148,15 +134,15 @@ void tst_ctkCompleter::completesLikeQCompleter()
                 typed.chop(1);
             else
                 typed += random.text(2);
-            QCOMPARE(completions(ours, typed), completions(peer, typed));
+            QCOMPARE(completionsOf(ours, typed), completionsOf(peer, typed));
             const int row = random.upTo(texts.size());
             model.setData(model.index(row), random.text(30));
-            QCOMPARE(completions(ours), completions(peer));
+            QCOMPARE(completionsOf(ours), completionsOf(peer));
             model.removeRows(row, 1);
-            QCOMPARE(completions(ours), completions(peer));
+            QCOMPARE(completionsOf(ours), completionsOf(peer));
             model.insertRows(row, 1);
             model.setData(model.index(row), random.text(30));
-            QCOMPARE(completions(ours), completions(peer));
+            QCOMPARE(completionsOf(ours), completionsOf(peer));
         }
     }
 }
@@ -200,10 +186,10 @@ void tst_ctkCompleter::showsAllAndMarksTheFirst()
     completer.setModelFiltering(ctkCompleter::FilterContains);
     completer.setCompletionMode(QCompleter::UnfilteredPopupCompletion);
     completer.setCaseSensitivity(Qt::CaseInsensitive);
-    QCOMPARE(completions(completer, QStringLiteral("alu")), colours);
+    QCOMPARE(completionsOf(completer, QStringLiteral("alu")), colours);
     QCOMPARE(completer.currentCompletion(), QStringLiteral("Value"));
     completer.setCompletionMode(QCompleter::PopupCompletion);
-    QCOMPARE(completions(completer, QStringLiteral("alu")), (QStringList{"Value"}));
+    QCOMPARE(completionsOf(completer, QStringLiteral("alu")), (QStringList{"Value"}));
 }
 
 void tst_ctkCompleter::looksAtOtherColumnsAndRoles()
@@ -215,11 +201,11 @@ void tst_ctkCompleter::looksAtOtherColumnsAndRoles()
     ctkCompleter completer(&items);
     completer.setModelFiltering(ctkCompleter::FilterContains);
     completer.setCaseSensitivity(Qt::CaseInsensitive);
-    QCOMPARE(completions(completer, QStringLiteral("lue")), QStringList());
+    QCOMPARE(completionsOf(completer, QStringLiteral("lue")), QStringList());
     completer.setCompletionColumn(1);
-    QCOMPARE(completions(completer, QStringLiteral("blue")), (QStringList{"Blue"}));
+    QCOMPARE(completionsOf(completer, QStringLiteral("blue")), (QStringList{"Blue"}));
     completer.setCompletionRole(Qt::UserRole);
-    QCOMPARE(completions(completer, QStringLiteral("blu")), (QStringList{"Red"}));
+    QCOMPARE(completionsOf(completer, QStringLiteral("blu")), (QStringList{"Red"}));
     QCOMPARE(completer.currentCompletion(), QStringLiteral("like blue"));
 }
 
@@ -228,16 +214,16 @@ void tst_ctkCompleter::followsTheModel()
     QStringListModel model(colours);
     ctkCompleter completer(&model);
     completer.setModelFiltering(ctkCompleter::FilterContains);
-    QCOMPARE(completions(completer, QStringLiteral("lue")), (QStringList{"Blue", "Value", "Light Blue"}));
+    QCOMPARE(completionsOf(completer, QStringLiteral("lue")), (QStringList{"Blue", "Value", "Light Blue"}));
     model.setStringList({"Clue"});
-    QCOMPARE(completions(completer), (QStringList{"Clue"}));
+    QCOMPARE(completionsOf(completer), (QStringList{"Clue"}));
     model.insertRows(0, 1);
     model.setData(model.index(0), QStringLiteral("Flue"));
-    QCOMPARE(completions(completer), (QStringList{"Flue", "Clue"}));
+    QCOMPARE(completionsOf(completer), (QStringList{"Flue", "Clue"}));
     model.sort(0);
-    QCOMPARE(completions(completer), (QStringList{"Clue", "Flue"}));
+    QCOMPARE(completionsOf(completer), (QStringList{"Clue", "Flue"}));
     model.removeRow(0);
-    QCOMPARE(completions(completer), (QStringList{"Flue"}));
+    QCOMPARE(completionsOf(completer), (QStringList{"Flue"}));
 }
 
 void tst_ctkCompleter::takesAnotherModel()
@@ -249,9 +235,9 @@ void tst_ctkCompleter::takesAnotherModel()
     completer.setCompletionPrefix(QStringLiteral("lue"));
     completer.setModel(&second);
     QCOMPARE(completer.sourceModel(), &second);
-    QCOMPARE(completions(completer), (QStringList{"Glue"}));
+    QCOMPARE(completionsOf(completer), (QStringList{"Glue"}));
     completer.setModel(nullptr);
-    QCOMPARE(completions(completer), QStringList());
+    QCOMPARE(completionsOf(completer), QStringList());
 }
 
 void tst_ctkCompleter::deletesItsOwnModelOnly()
@@ -261,7 +247,7 @@ void tst_ctkCompleter::deletesItsOwnModelOnly()
     QStringListModel other(colours);
     completer.setModel(&other);
     QVERIFY(!own);
-    QCOMPARE(completions(completer, QStringLiteral("R")), (QStringList{"Red"}));
+    QCOMPARE(completionsOf(completer, QStringLiteral("R")), (QStringList{"Red"}));
     QStringListModel third;
     completer.setModel(&third);
     QCOMPARE(other.stringList(), colours);
@@ -278,8 +264,8 @@ void tst_ctkCompleter::survivesTheModel()
     completer->complete();
     QTRY_VERIFY(completer->popup()->isVisible());
     model.reset();
-    QCOMPARE(completions(*completer), QStringList());
-    QCOMPARE(completions(*completer, QStringLiteral("e")), QStringList());
+    QCOMPARE(completionsOf(*completer), QStringList());
+    QCOMPARE(completionsOf(*completer, QStringLiteral("e")), QStringList());
     completer->popup()->hide();
 }
 
@@ -319,14 +305,14 @@ void tst_ctkCompleter::survivesTheModelWhosePopupIsOpen()
     QCOMPARE(editor.completer->completionCount(), 900);
     editor.model.reset();
     QVERIFY(!editor.completer->model());
-    QCOMPARE(completions(*editor.completer), QStringList());
+    QCOMPARE(completionsOf(*editor.completer), QStringList());
     QTest::keyClick(editor.completer->popup(), Qt::Key_Down);
     QTest::keyClick(editor.completer->popup(), Qt::Key_Backspace);
     QVERIFY(!editor.completer->popup()->isVisible());
     QStringListModel other(manyTexts());
     editor.completer->setModel(&other);
     QVERIFY(editor.type(QStringLiteral("e 7")));
-    QCOMPARE(editor.completer->completionCount(), completions(*editor.completer).size());
+    QCOMPARE(editor.completer->completionCount(), completionsOf(*editor.completer).size());
 }
 
 void tst_ctkCompleter::takesSettersOfQCompleter()
@@ -337,8 +323,8 @@ void tst_ctkCompleter::takesSettersOfQCompleter()
     ctkCompleter completer(model.get());
     QCompleter& base = completer;
     completer.setModelFiltering(ctkCompleter::FilterContains);
-    QCOMPARE(completions(completer, QStringLiteral("other")), QStringList());
-    QCOMPARE(completions(completer, QStringLiteral("Light")).size(), 300);
+    QCOMPARE(completionsOf(completer, QStringLiteral("other")), QStringList());
+    QCOMPARE(completionsOf(completer, QStringLiteral("Light")).size(), 300);
     base.setCompletionColumn(1);
     QCOMPARE(completer.completionCount(), 300);
     base.setCompletionPrefix(QStringLiteral("other"));
@@ -377,14 +363,14 @@ void tst_ctkCompleter::letsAnOverrideSplit()
 {
     SplittingCompleter completer(manyTexts());
     completer.setModelFiltering(ctkCompleter::FilterContains);
-    QCOMPARE(completions(completer, QStringLiteral("Red+Light")), QStringList());
+    QCOMPARE(completionsOf(completer, QStringLiteral("Red+Light")), QStringList());
     completer.splits = true;
-    QCOMPARE(completions(completer, QStringLiteral("Red+Light")).size(), 300);
+    QCOMPARE(completionsOf(completer, QStringLiteral("Red+Light")).size(), 300);
     completer.splits = false;
-    QCOMPARE(completions(completer, QStringLiteral("Light Blue 3")).first(), QStringLiteral("Light Blue 3"));
+    QCOMPARE(completionsOf(completer, QStringLiteral("Light Blue 3")).first(), QStringLiteral("Light Blue 3"));
     completer.splits = true;
-    QCOMPARE(completions(completer, QStringLiteral("Red+Value")).size(), 300);
-    QCOMPARE(completions(completer, QStringLiteral("Red+Red")).size(), 300);
+    QCOMPARE(completionsOf(completer, QStringLiteral("Red+Value")).size(), 300);
+    QCOMPARE(completionsOf(completer, QStringLiteral("Red+Red")).size(), 300);
 }
 
 void tst_ctkCompleter::leavesTheListWhenSplitIsAskedFor()
@@ -393,9 +379,9 @@ void tst_ctkCompleter::leavesTheListWhenSplitIsAskedFor()
     QCOMPARE(completer.splitPath(QStringLiteral("any")), QStringList{QString()});
     completer.setModelFiltering(ctkCompleter::FilterContains);
     completer.setCompletionPrefix(QStringLiteral("Light"));
-    const QStringList before = completions(completer);
+    const QStringList before = completionsOf(completer);
     completer.splitPath(QStringLiteral("Red"));
-    QCOMPARE(completions(completer), before);
+    QCOMPARE(completionsOf(completer), before);
     QCOMPARE(completer.completionPrefix(), QStringLiteral("Light"));
 }
 
@@ -403,13 +389,13 @@ void tst_ctkCompleter::setsFilterModes()
 {
     ctkCompleter completer(manyTexts());
     completer.setFilterMode(Qt::MatchEndsWith);
-    QCOMPARE(completions(completer, QStringLiteral(" 7")).size(), 1);
+    QCOMPARE(completionsOf(completer, QStringLiteral(" 7")).size(), 1);
     completer.setModelFiltering(ctkCompleter::FilterContains);
     QCOMPARE(completer.filterMode(), Qt::MatchContains);
-    QCOMPARE(completions(completer, QStringLiteral(" 7")).size(), 111);
+    QCOMPARE(completionsOf(completer, QStringLiteral(" 7")).size(), 111);
     completer.setModelFiltering(ctkCompleter::FilterStartsWith);
     QCOMPARE(completer.filterMode(), Qt::MatchEndsWith);
-    QCOMPARE(completions(completer, QStringLiteral(" 7")).size(), 1);
+    QCOMPARE(completionsOf(completer, QStringLiteral(" 7")).size(), 1);
 
     completer.setModelFiltering(ctkCompleter::FilterContains);
     completer.setCompletionMode(QCompleter::InlineCompletion);
@@ -432,11 +418,11 @@ void tst_ctkCompleter::keepsTheModelThatIsItsOwn()
     completer.setModelFiltering(ctkCompleter::FilterStartsWith);
     completer.setModelFiltering(ctkCompleter::FilterContains);
     QVERIFY(own);
-    QCOMPARE(completions(completer, QStringLiteral("Light")).size(), 300);
+    QCOMPARE(completionsOf(completer, QStringLiteral("Light")).size(), 300);
     completer.setModel(nullptr);
     QVERIFY(!own);
     QVERIFY(!completer.model());
-    QCOMPARE(completions(completer, QStringLiteral("Red")), QStringList());
+    QCOMPARE(completionsOf(completer, QStringLiteral("Red")), QStringList());
 }
 
 void tst_ctkCompleter::takesAnotherModelWhileThePopupIsOpen()
@@ -447,7 +433,7 @@ void tst_ctkCompleter::takesAnotherModelWhileThePopupIsOpen()
     editor.completer->setModel(&other);
     editor.model.reset();
     QVERIFY(!editor.completer->popup()->isVisible());
-    QCOMPARE(completions(*editor.completer), QStringList{"Glue"});
+    QCOMPARE(completionsOf(*editor.completer), QStringList{"Glue"});
     QTest::keyClick(&editor.edit, Qt::Key_Backspace);
     QTRY_VERIFY(editor.completer->popup()->isVisible());
     editor.completer->setModelFiltering(ctkCompleter::FilterStartsWith);
@@ -538,11 +524,11 @@ void tst_ctkCompleter::isUsedWhileTheModelGoes()
     editor.model.reset();
     QCOMPARE(uses, 1);
     QVERIFY(!editor.completer->model());
-    QCOMPARE(completions(*editor.completer), QStringList());
+    QCOMPARE(completionsOf(*editor.completer), QStringList());
     QStringListModel other(manyTexts());
     editor.completer->setModel(&other);
     editor.completer->setModelFiltering(ctkCompleter::FilterContains);
-    QCOMPARE(completions(*editor.completer, QStringLiteral("Light")).size(),
+    QCOMPARE(completionsOf(*editor.completer, QStringLiteral("Light")).size(),
              editor.completer->completionMode() == QCompleter::PopupCompletion ? 300 : 1500);
     editor.completer->popup()->hide();
 }
@@ -558,11 +544,11 @@ void tst_ctkCompleter::isAskedAgainWhileItFilters()
     });
     completer.setCompletionPrefix(QStringLiteral("Red"));
     QCOMPARE(completer.completionPrefix(), QStringLiteral("Light"));
-    QCOMPARE(completions(completer).size(), 300);
+    QCOMPARE(completionsOf(completer).size(), 300);
     QCOMPARE(completer.currentCompletion(), QStringLiteral("Light Blue 3"));
     asks = true;
     qobject_cast<QStringListModel*>(completer.model())->setStringList(manyTexts() + manyTexts());
-    QCOMPARE(completions(completer).size(), 600);
+    QCOMPARE(completionsOf(completer).size(), 600);
 }
 
 void tst_ctkCompleter::keepsLongListsWhole()
@@ -572,13 +558,13 @@ void tst_ctkCompleter::keepsLongListsWhole()
         items.appendRow(new QStandardItem(text));
     ctkCompleter completer(&items);
     completer.setModelFiltering(ctkCompleter::FilterContains);
-    QCOMPARE(completions(completer, QStringLiteral("Light")).size(), 300);
+    QCOMPARE(completionsOf(completer, QStringLiteral("Light")).size(), 300);
     items.item(3)->setSelectable(false);
-    QCOMPARE(completions(completer).size(), 300);
+    QCOMPARE(completionsOf(completer).size(), 300);
     auto* const heading = new QStandardItem(QStringLiteral("Lights"));
     heading->setSelectable(false);
     items.insertRow(0, heading);
-    QCOMPARE(completions(completer, QStringLiteral("Light")).size(), 301);
+    QCOMPARE(completionsOf(completer, QStringLiteral("Light")).size(), 301);
 }
 
 void tst_ctkCompleter::worksInAComboBox()

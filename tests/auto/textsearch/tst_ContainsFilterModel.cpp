@@ -1,9 +1,11 @@
 #include "textsearch/ContainsFilterModel_p.h"
 #include "textsearch/ModelTexts_p.h"
 
+#include "EarlyListener.h"
 #include "LazyList.h"
 #include "RandomTexts.h"
 #include "TestHome.h"
+#include "modelTexts.h"
 
 #include <QAbstractItemModelTester>
 #include <QCoreApplication>
@@ -20,14 +22,6 @@ using zelmar::internal::ContainsFilterModel;
 using zelmar::internal::ModelTexts;
 
 namespace {
-
-QStringList textsOf(const QAbstractItemModel& model, int column = 0, int role = Qt::EditRole)
-{
-    QStringList texts;
-    for (int row = 0; row < model.rowCount(); ++row)
-        texts += model.index(row, column).data(role).toString();
-    return texts;
-}
 
 QStringList plainly(const QAbstractItemModel& model, const QString& text, Qt::CaseSensitivity caseSensitivity,
                     int column = 0, int role = Qt::EditRole)
@@ -452,24 +446,6 @@ void tst_ContainsFilterModel::survivesTheModel()
 }
 
 namespace {
-
-/// An object that runs an action once at a signal of a model, before objects receive the signal that connect later.
-class EarlyListener : public QObject
-{
-    Q_OBJECT
-
-public:
-    EarlyListener(QObject& sender, const char* signal) { connect(&sender, signal, this, SLOT(onSignal())); }
-
-    std::function<void()> action;
-
-private Q_SLOTS:
-    void onSignal()
-    {
-        if (const auto once = std::exchange(action, nullptr))
-            once();
-    }
-};
 
 const char* signalNamed(const QByteArray& name)
 {

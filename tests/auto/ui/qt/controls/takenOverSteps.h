@@ -51,6 +51,19 @@ void checkTakenOverSteps(Box& box)
     expect(5, 6);
 }
 
+/// Steps up from the maximum, the value that `box` has. Only a box that wraps has a step to take over.
+template <typename Box>
+void checkNoStepTakenOverAtABound(Box& box)
+{
+    int heard = 0;
+    boost::signals2::scoped_connection onUp = box.signalIncrement.connect([&heard] { ++heard; });
+    QTest::keyClick(&box, Qt::Key_Up);
+    QCOMPARE(heard, 0);
+    box.setWrapping(true);
+    QTest::keyClick(&box, Qt::Key_Up);
+    QCOMPARE(heard, 1);
+}
+
 /// One signal leaves the other direction alone, and a slot that is gone no longer takes steps.
 template <typename Box>
 void checkOneDirectionTakenOver(Box& box)

@@ -1,6 +1,7 @@
 #include "ui/qt/controls/ComboBoxAutoFilter.h"
 
 #include "TestHome.h"
+#include "modelTexts.h"
 
 #include <QApplication>
 #include <QLineEdit>
@@ -40,13 +41,7 @@ std::unique_ptr<ComboBoxAutoFilter> makeBox(const QStringList& items = colours)
 
 QStringList completions(const ComboBoxAutoFilter& box, const QString& prefix)
 {
-    QCompleter& completer = *box.completer();
-    completer.setCompletionPrefix(prefix);
-    const QAbstractItemModel& list = *completer.completionModel();
-    QStringList texts;
-    for (int row = 0; row < list.rowCount(); ++row)
-        texts += list.index(row, completer.completionColumn()).data().toString();
-    return texts;
+    return completionsOf(*box.completer(), prefix);
 }
 
 /// Forwards the combo box's rows and counts how often they are read.

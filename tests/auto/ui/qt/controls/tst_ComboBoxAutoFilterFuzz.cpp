@@ -7,6 +7,7 @@
 #include "LazyList.h"
 #include "TestHome.h"
 #include "compat/ctkCompleter.h"
+#include "modelTexts.h"
 #include "ui/qt/controls/ComboBoxAutoFilter.h"
 
 #include <QAbstractItemView>
@@ -118,15 +119,6 @@ Chain makeChain(Chance& chance)
         chain.shown = proxy;
     }
     return chain;
-}
-
-QStringList completionsOf(const QCompleter& completer)
-{
-    const QAbstractItemModel& list = *completer.completionModel();
-    QStringList texts;
-    for (int row = 0; row < list.rowCount(); ++row)
-        texts += list.index(row, completer.completionColumn()).data(completer.completionRole()).toString();
-    return texts;
 }
 
 QStringList plainCompletionsOf(const ctkCompleter& completer)
@@ -490,7 +482,7 @@ void World::useBox()
 void World::look() const
 {
     for (const ctkCompleter* const completer : completers()) {
-        completionsOf(*completer);
+        completionsOf(*completer, completer->completionRole());
         // What the completer completes from, which stands between it and the model.
         const auto* const filter = qobject_cast<const QAbstractProxyModel*>(completer->QCompleter::model());
         for (int row = 0; filter && row < filter->rowCount(); ++row) {
@@ -560,7 +552,7 @@ QString World::differenceInQuiet()
 QString World::difference() const
 {
     for (const ctkCompleter* const completer : completers()) {
-        const QStringList shown = completionsOf(*completer);
+        const QStringList shown = completionsOf(*completer, completer->completionRole());
         const QStringList expected = plainCompletionsOf(*completer);
         ++m_checks;
         if (shown != expected)

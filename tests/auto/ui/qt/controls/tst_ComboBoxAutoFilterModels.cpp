@@ -1,7 +1,9 @@
 // Tests the completions while the model changes, also within slots that receive the change before the completer.
 
+#include "EarlyListener.h"
 #include "LazyList.h"
 #include "TestHome.h"
+#include "modelTexts.h"
 #include "ui/qt/controls/ComboBoxAutoFilter.h"
 
 #include <QAbstractItemView>
@@ -90,18 +92,12 @@ std::unique_ptr<ComboBoxAutoFilter> makeBox(QAbstractItemModel& model)
 
 QStringList completions(const ComboBoxAutoFilter& box)
 {
-    const QCompleter& completer = *box.completer();
-    const QAbstractItemModel& list = *completer.completionModel();
-    QStringList texts;
-    for (int row = 0; row < list.rowCount(); ++row)
-        texts += list.index(row, completer.completionColumn()).data().toString();
-    return texts;
+    return completionsOf(*box.completer());
 }
 
 QStringList completions(const ComboBoxAutoFilter& box, const char* prefix)
 {
-    box.completer()->setCompletionPrefix(QString::fromUtf8(prefix));
-    return completions(box);
+    return completionsOf(*box.completer(), QString::fromUtf8(prefix));
 }
 
 /// Appends a row. If the model supports it, the row has its text when it is inserted.
@@ -245,37 +241,12 @@ void tst_ComboBoxAutoFilterModels::takesAnotherTextWhileTheFirstRowIsAdded()
 void tst_ComboBoxAutoFilterModels::editsAreTakenFromAnySlot_data()
 {
     QTest::addColumn<QByteArray>("signal");
-    QTest::newRow("rows about to come") << QByteArray("rowsAboutToBeInserted(QModelIndex,int,int)");
-    QTest::newRow("rows have come") << QByteArray("rowsInserted(QModelIndex,int,int)");
-    QTest::newRow("texts have changed") << QByteArray("dataChanged(QModelIndex,QModelIndex,QVector<int>)");
-    QTest::newRow("rows are about to go") << QByteArray("rowsAboutToBeRemoved(QModelIndex,int,int)");
-    QTest::newRow("rows have gone") << QByteArray("rowsRemoved(QModelIndex,int,int)");
+    QTest::newRow("rows about to come") << QByteArray(SIGNAL(rowsAboutToBeInserted(QModelIndex, int, int)));
+    QTest::newRow("rows have come") << QByteArray(SIGNAL(rowsInserted(QModelIndex, int, int)));
+    QTest::newRow("texts have changed") << QByteArray(SIGNAL(dataChanged(QModelIndex, QModelIndex, QVector<int>)));
+    QTest::newRow("rows are about to go") << QByteArray(SIGNAL(rowsAboutToBeRemoved(QModelIndex, int, int)));
+    QTest::newRow("rows have gone") << QByteArray(SIGNAL(rowsRemoved(QModelIndex, int, int)));
 }
-
-namespace {
-
-/// An object that runs an action once at a signal of a model, before boxes receive the signal that connect later.
-class EarlyListener : public QObject
-{
-    Q_OBJECT
-
-public:
-    EarlyListener(QAbstractItemModel& model, const QByteArray& signal)
-    {
-        connect(&model, QByteArray("2" + signal).constData(), this, SLOT(onSignal()));
-    }
-
-    std::function<void()> action;
-
-private Q_SLOTS:
-    void onSignal()
-    {
-        if (const auto once = std::exchange(action, nullptr))
-            once();
-    }
-};
-
-} // namespace
 
 void tst_ComboBoxAutoFilterModels::editsAreTakenFromAnySlot()
 {
@@ -283,7 +254,7 @@ void tst_ComboBoxAutoFilterModels::editsAreTakenFromAnySlot()
 
     const bool isBefore = signal.contains("About");
     QStandardItemModel model;
-    EarlyListener listener(model, signal);
+    EarlyListener listener(model, signal.constData());
     for (const QString& text : letters)
         model.appendRow(new QStandardItem(text));
     const auto box = makeBox(model);
