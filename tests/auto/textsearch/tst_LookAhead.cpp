@@ -28,6 +28,7 @@ void tst_LookAhead::notesWhatFollows_data()
     QTest::addColumn<int>("start");
     QTest::addColumn<QString>("units");
 
+    QTest::newRow("no more than fits") << 1 << "rreheat";
     QTest::newRow("as much as fits") << 2 << "reheats";
     QTest::newRow("up to the end") << 6 << "ats";
     QTest::newRow("nothing at the end") << 9 << "";
@@ -67,7 +68,9 @@ void tst_LookAhead::decidesLongerNeedles()
 
     const QString haystack = caseSensitivity == Qt::CaseSensitive ? "press" : "xPRESS";
     const int behindP = haystack.size() - 4;
-    const QVector<LookAhead> lookAheads = {LookAhead(), LookAhead(haystack, behindP)};
+    LookAhead known(haystack, behindP);
+    known.units[std::size_t(known.count)] = 's'; // is not part of the haystack
+    const QVector<LookAhead> lookAheads = {LookAhead(), known};
     const QVector<char16_t> units(needle.utf16(), needle.utf16() + needle.size());
     // The look-aheads start after "p", and "pr" is known to occur in the haystack.
     const LookAheadFilter filter(lookAheads, 1, units, 2, CaseFolding(Qt::CaseSensitivity(caseSensitivity)));

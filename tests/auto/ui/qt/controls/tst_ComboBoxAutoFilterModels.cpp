@@ -128,6 +128,7 @@ private Q_SLOTS:
     void editsAreTakenFromAnySlot_data();
     void editsAreTakenFromAnySlot();
     void completersShareALazyList();
+    void judgesRowsByTheirPresentText_data();
     void judgesRowsByTheirPresentText();
     void findsTheTextThatTheCurrentItemHasNow();
     void survivesItsOwnFirstModel();
@@ -217,6 +218,7 @@ void tst_ComboBoxAutoFilterModels::offersRowsThatComeLater()
     QCOMPARE(completions(*box, "").size(), 4);
 
     QVERIFY(models.edited().removeRows(0, 4));
+    QCOMPARE(completions(*box), QStringList());
     append(models.edited(), QStringLiteral("Zeta"));
     QCOMPARE(completions(*box, "et"), (QStringList{"Zeta"}));
 }
@@ -295,9 +297,20 @@ void tst_ComboBoxAutoFilterModels::completersShareALazyList()
     QCOMPARE(completions(*second), (QStringList{"Betatron", "Beta", "Zeta", "Eta", "Iota", "Theta"}));
 }
 
+void tst_ComboBoxAutoFilterModels::judgesRowsByTheirPresentText_data()
+{
+    QTest::addColumn<int>("others");
+    QTest::newRow("few rows, among which QCompleter looks") << 0;
+    QTest::newRow("many rows, whose texts are cached") << 1000;
+}
+
 void tst_ComboBoxAutoFilterModels::judgesRowsByTheirPresentText()
 {
-    QStringListModel model({"pump", "pearl", "pipe"});
+    QFETCH(int, others);
+    QStringList texts = {"pump", "pearl", "pipe"};
+    for (int row = 0; row < others; ++row)
+        texts += "other";
+    QStringListModel model(texts);
     const auto box = makeBox(model);
     QCOMPARE(completions(*box, "p").size(), 3);
     model.setData(model.index(0), QStringLiteral("present"));
@@ -305,6 +318,13 @@ void tst_ComboBoxAutoFilterModels::judgesRowsByTheirPresentText()
     QCOMPARE(completions(*box, "p").size(), 3);
     model.setData(model.index(0), QStringLiteral("pump"));
     QCOMPARE(completions(*box, "pr"), QStringList());
+
+    QCOMPARE(completions(*box, "p").size(), 3);
+    QCOMPARE(completions(*box, "pu"), (QStringList{"pump"}));
+    model.setData(model.index(0), QStringLiteral("pure")); // still contains the prefix, but goes on differently
+    model.setData(model.index(1), QStringLiteral("earl")); // no longer contains a former prefix
+    QCOMPARE(completions(*box, "pur"), (QStringList{"pure"}));
+    QCOMPARE(completions(*box, "p"), (QStringList{"pure", "pipe"}));
 }
 
 void tst_ComboBoxAutoFilterModels::findsTheTextThatTheCurrentItemHasNow()
