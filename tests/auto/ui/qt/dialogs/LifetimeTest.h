@@ -1,8 +1,8 @@
 #pragma once
 
+#include "DialogBackend.h"
 #include "DialogDriver.h"
 #include "DialogFolders.h"
-#include "DialogBackend.h"
 #include "IgnoreMessages.h"
 #include "LifetimeRunners.h"
 

@@ -150,8 +150,6 @@ bool tst_LaunchFileDialog::launch(const Request& request, const DialogBackendSwi
             acceptName(dialog, names.size() == 1 ? names.first() : '"' + names.join("\" \"") + '"');
     });
     const bool launched = launch(request);
-    if (!driver.finished())
-        qWarning("%s", qPrintable(driver.problem()));
     return launched;
 }
 
@@ -307,7 +305,6 @@ void tst_LaunchFileDialog::typesOverAPreselectedName()
         driver.onDialogWhen<QFileDialog>("type", listsFiles, [name](QFileDialog& dialog) { typeName(dialog, name); });
         driver.onDialog<QFileDialog>("accept", pressReturn);
         QVERIFY(launch(request));
-        QVERIFY2(driver.finished(), qPrintable(driver.problem()));
         QCOMPARE(m_files, Texts{m_folders->path(QStringLiteral("outer/inner/") + name).toStdString()});
     }
 }
@@ -415,7 +412,6 @@ void tst_LaunchFileDialog::isShownOverTheActiveWindow()
         cancel(dialog);
     });
     QVERIFY(!launch({}));
-    QVERIFY2(driver.finished(), qPrintable(driver.problem()));
     QCOMPARE(parent, m_window.get());
 }
 
@@ -429,7 +425,6 @@ void tst_LaunchFileDialog::worksWithoutAnActiveWindow()
     DialogDriver driver;
     driver.onDialog<QFileDialog>("cancel", [](QFileDialog& dialog) { cancel(dialog); });
     QVERIFY(!launch({}));
-    QVERIFY2(driver.finished(), qPrintable(driver.problem()));
     m_window->show();
     QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
 }

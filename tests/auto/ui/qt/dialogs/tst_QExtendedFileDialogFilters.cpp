@@ -265,7 +265,6 @@ void tst_QExtendedFileDialogFilters::nextRunStartsWithTheCallersFilters()
             cancel(running);
         });
         QCOMPARE(dialog->exec(), int(QDialog::Rejected));
-        QVERIFY2(driver.finished(), qPrintable(driver.problem()));
     }
 }
 

@@ -53,7 +53,6 @@ void runAndCancel(QExtendedFileDialog& dialog, const std::function<void(QFileDia
         cancel(running);
     });
     QCOMPARE(dialog.exec(), int(QDialog::Rejected));
-    QVERIFY2(driver.finished(), qPrintable(driver.problem()));
 }
 
 } // namespace

@@ -294,7 +294,6 @@ void tst_FileDialogWidgets::dialogsWorkWithoutAPart()
         cancel(shown);
     });
     QCOMPARE(dialog.exec(), int(QDialog::Rejected));
-    QVERIFY2(driver.finished(), qPrintable(driver.problem()));
 }
 
 UI_TEST_MAIN(tst_FileDialogWidgets)

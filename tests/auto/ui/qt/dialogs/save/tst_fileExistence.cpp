@@ -11,6 +11,7 @@
 
 using zelmar::internal::countsAsExisting;
 using zelmar::internal::fileTypeOf;
+using zelmar::internal::utf8Path;
 
 namespace fs = boost::filesystem;
 

