@@ -116,7 +116,7 @@ void tst_QExtendedFileDialogCursors::initTestCase()
     m_start = m_folders.addFolder(QStringLiteral("start"), 1);
     m_small = m_folders.addFolder(QStringLiteral("small"), 3);
     m_empty = m_folders.addFolder(QStringLiteral("empty"));
-    m_large = m_folders.addFolder(QStringLiteral("large"), 1000);
+    m_large = m_folders.addFolder(QStringLiteral("large"), 300);
 }
 
 void tst_QExtendedFileDialogCursors::init()
@@ -217,7 +217,7 @@ void tst_QExtendedFileDialogCursors::knownFolderDoesNotReleaseForOneThatIsRead()
     for (int round = 0; round < 5; ++round) {
         const auto dialog = makeDialog();
         // Each round needs another folder, because a new dialog reads the folder in which the last one was closed.
-        const QString unknown = m_folders.addFolder(QStringLiteral("unknown%1").arg(round), 1000);
+        const QString unknown = m_folders.addFolder(QStringLiteral("unknown%1").arg(round), 300);
         dialog->show();
         visit(*dialog, m_small);
         visit(*dialog, m_empty);
@@ -324,7 +324,7 @@ void tst_QExtendedFileDialogCursors::waitCursorShowsOverTheArrow()
 
 void tst_QExtendedFileDialogCursors::closedWhileReading()
 {
-    const QString unknown = m_folders.addFolder(QStringLiteral("left at once"), 1000);
+    const QString unknown = m_folders.addFolder(QStringLiteral("left at once"), 300);
     const auto dialog = makeDialog();
     DialogDriver driver;
     driver.onDialog<QFileDialog>("leave at once", [&unknown](QFileDialog& running) {
