@@ -17,8 +17,6 @@
 #include <QMessageBox>
 #include <QPointer>
 
-using namespace zelmar::internal;
-
 namespace zelmar::internal {
 
 namespace {

@@ -9,8 +9,6 @@
 #include <QItemSelectionModel>
 #include <QLineEdit>
 
-using namespace zelmar::internal;
-
 namespace zelmar::internal {
 
 namespace {

@@ -10,8 +10,6 @@
 
 #include <QMessageBox>
 
-using namespace zelmar::internal;
-
 namespace zelmar::internal {
 
 SaveRound::SaveRound(SaveDialogInterface& dialog, SaveFileMessageHandlerInterface& handler, const std::string& caption,

@@ -3,8 +3,6 @@
 #include "ui/qt/dialogs/qtdialog/mnemonics_p.h"
 #include "ui/qt/dialogs/rules/quotedNames_p.h"
 
-using namespace zelmar::internal;
-
 namespace zelmar::internal {
 
 namespace {
