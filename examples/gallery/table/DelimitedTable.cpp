@@ -276,7 +276,7 @@ QString DelimitedSyntax::unescaped(const QString& raw) const
         text += raw[pos];
     }
     // The text after the closing quote does not conform to the standard, but is data.
-    return text + raw.midRef(pos);
+    return text + raw.mid(pos);
 }
 
 QString DelimitedSyntax::escaped(const QString& text) const

@@ -415,7 +415,7 @@ QString JsonSyntax::unescaped(const QString& raw) const
         if (inner[pos] != QLatin1Char('\\')) {
             text += inner[pos];
         } else if (inner[++pos] == QLatin1Char('u')) {
-            text += QChar(inner.midRef(pos + 1, 4).toUShort(nullptr, 16));
+            text += QChar(inner.mid(pos + 1, 4).toUShort(nullptr, 16));
             pos += 4;
         } else {
             text += escapedChar(inner[pos]);

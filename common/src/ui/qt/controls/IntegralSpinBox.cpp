@@ -17,7 +17,7 @@ struct IntegralSpinBox::Impl
     int valueAfter(int steps) const
     {
         const qint64 sum = spinBox->value() + qint64(spinBox->singleStep()) * steps;
-        return int(qBound<qint64>(spinBox->minimum(), sum, spinBox->maximum()));
+        return int(qBound(qint64(spinBox->minimum()), sum, qint64(spinBox->maximum())));
     }
 };
 

@@ -39,7 +39,7 @@ Parts partsOf(double bound, int decimals)
         return {qint64(bound), 0};
     const QString text = QString::number(bound, 'f', decimals);
     const int point = text.indexOf(decimalPoint);
-    return {text.leftRef(point).toLongLong(), point < 0 ? 0 : text.midRef(point + 1).toLongLong()};
+    return {text.left(point).toLongLong(), point < 0 ? 0 : text.mid(point + 1).toLongLong()};
 }
 
 /// A test whether texts can become numbers in one range.
@@ -61,10 +61,10 @@ public:
             return !m_isNegative && canFractionGrow();
         if (point == 1 && text.startsWith(QLatin1Char('-')))
             return m_isNegative && canFractionGrow();
-        const auto match = integralMatch(text, text.leftRef(point).toLongLong());
+        const auto match = integralMatch(text, text.left(point).toLongLong());
         if (!match || point < 0 || point == text.size() - 1)
             return match.has_value();
-        return canFractionGrow(*match, text.midRef(point + 1).toLongLong());
+        return canFractionGrow(*match, text.mid(point + 1).toLongLong());
     }
 
 private:

@@ -17,7 +17,7 @@ QString withoutMnemonic(const QString& label)
 {
     QString result;
     for (int i = 0; i < label.size(); ++i) {
-        const bool literal = label.midRef(i, 2) == QLatin1String("&&");
+        const bool literal = label.mid(i, 2) == QLatin1String("&&");
         if (literal)
             result += label[i++];
         if (literal || label[i] != ampersand)

@@ -2,7 +2,7 @@
 
 #include <boost/filesystem/path.hpp>
 
-#include <QRegExp>
+#include <algorithm>
 
 namespace zelmar::internal {
 
@@ -10,8 +10,13 @@ namespace {
 
 bool needsExtension(const QString& name)
 {
-    const QRegExp extension(QStringLiteral("\\.[^\\.]*$"));
-    return !name.contains(extension) || name.endsWith(QLatin1Char('.'));
+    return !name.contains(QLatin1Char('.')) || name.endsWith(QLatin1Char('.'));
+}
+
+/// Returns whether a name filter has `unit` around or between its extensions.
+bool separatesExtensions(QChar unit)
+{
+    return unit.isSpace() || unit == QLatin1Char('(') || unit == QLatin1Char(')') || unit == QLatin1Char('*');
 }
 
 } // namespace
@@ -19,7 +24,9 @@ bool needsExtension(const QString& name)
 QString extensionOfFilter(const QString& filter)
 {
     QString extension = filter.mid(filter.lastIndexOf(QLatin1Char('.')));
-    return extension.remove(QRegExp(QStringLiteral("[\\s\\(\\)\\*]")));
+    const auto end = std::remove_if(extension.begin(), extension.end(), separatesExtensions);
+    extension.truncate(int(end - extension.begin()));
+    return extension;
 }
 
 std::string withDefaultExtension(const std::string& name, const QString& filter)
