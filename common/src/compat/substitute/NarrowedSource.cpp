@@ -2,6 +2,7 @@
 
 #include "textsearch/ContainsFilterModel_p.h"
 
+#include <QScopedValueRollback>
 #include <QSignalBlocker>
 
 #include <utility>
@@ -14,23 +15,6 @@ using Model = QAbstractItemModel;
 
 /// QCompleter looks through fewer rows in less time than a frame on the screen takes.
 constexpr int manyRows = 1000;
-
-/// Counts up for its lifetime.
-class Counted
-{
-public:
-    explicit Counted(int& counter)
-        : m_counter(counter)
-    {
-        ++m_counter;
-    }
-    ~Counted() { --m_counter; }
-    Counted(const Counted&) = delete;
-    Counted& operator=(const Counted&) = delete;
-
-private:
-    int& m_counter;
-};
 
 } // namespace
 
@@ -102,7 +86,7 @@ bool NarrowedSource::narrow(const Question& question)
         showAll();
         return false;
     }
-    const Counted refresh(m_refreshes);
+    const QScopedValueRollback<int> refresh(m_refreshes, m_refreshes + 1);
     beginResetModel();
     find(question);
     m_isNarrowed = true;
@@ -183,7 +167,7 @@ void NarrowedSource::onFilterChanged()
 {
     if (!m_isNarrowed)
         return;
-    const Counted refresh(m_refreshes);
+    const QScopedValueRollback<int> refresh(m_refreshes, m_refreshes + 1);
     const int before = std::exchange(m_shownRows, m_filter->rowCount());
     if (m_shownRows > before) {
         beginInsertRows(QModelIndex(), before, m_shownRows - 1);
@@ -199,7 +183,7 @@ void NarrowedSource::onFilterDataChanged(const QModelIndex& topLeft, const QMode
 {
     if (!m_isNarrowed)
         return;
-    const Counted refresh(m_refreshes);
+    const QScopedValueRollback<int> refresh(m_refreshes, m_refreshes + 1);
     Q_EMIT dataChanged(m_filter->mapToSource(topLeft), m_filter->mapToSource(bottomRight), roles);
 }
 
