@@ -12,6 +12,7 @@
 #include <QScopeGuard>
 #include <QSet>
 
+#include <type_traits>
 #include <utility>
 
 namespace zelmar::internal {
@@ -28,22 +29,6 @@ void warnOnce(const char* part)
         return;
     missing.insert(part);
     qWarning("QFileDialog of Qt %s has no %s. The file dialogs work without it.", qVersion(), part);
-}
-
-/// Prepares a new object for the role of a part that the dialog lacks.
-void makeStandIn(QObject& /*part*/)
-{
-}
-
-void makeStandIn(QWidget& part)
-{
-    part.hide();
-}
-
-void makeStandIn(QDialogButtonBox& part)
-{
-    part.setStandardButtons(QDialogButtonBox::Cancel);
-    part.hide();
 }
 
 } // namespace
@@ -67,7 +52,10 @@ Part& FileDialogWidgets::part(const char* name) const
     warnOnce(name);
     auto* standIn = new Part(&m_dialog);
     standIn->setObjectName(QLatin1String(name));
-    makeStandIn(*standIn);
+    if constexpr (std::is_base_of_v<QDialogButtonBox, Part>)
+        standIn->setStandardButtons(QDialogButtonBox::Cancel);
+    if constexpr (std::is_base_of_v<QWidget, Part>)
+        standIn->hide();
     return *standIn;
 }
 

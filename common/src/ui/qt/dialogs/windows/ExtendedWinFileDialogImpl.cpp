@@ -175,6 +175,14 @@ ComPtr<IFileDialogCustomize> ExtendedWinFileDialog::Impl::customize() const
     return queryFor<IFileDialogCustomize>(IID_IFileDialogCustomize, m_dialog.get());
 }
 
+/// Creates the handle of a control, and returns it.
+template <typename... Arguments>
+QWidget* ExtendedWinFileDialog::Impl::keep(Handles& handles, Arguments... arguments)
+{
+    handles.push_back(std::make_unique<FakeWidget>(m_dialog.get(), arguments...));
+    return handles.back().get();
+}
+
 QWidget* ExtendedWinFileDialog::Impl::addCustomButton(const std::string& label, boost::function<void()> onClick)
 {
     return addButton(label, std::move(onClick), Prominence::Ordinary);
@@ -189,8 +197,7 @@ QWidget* ExtendedWinFileDialog::Impl::addButton(const std::string& label, boost:
     if (added && prominence == Prominence::Prominent)
         customization->MakeProminent(id);
     m_buttonCallbacks.emplace(id, std::move(onClick));
-    return keep(m_customControlWidgets,
-                std::make_unique<FakeWidget>(m_dialog.get(), FakeWidget::Kind::PushButton, id, 0));
+    return keep(m_customControlWidgets, FakeWidget::Kind::PushButton, id, 0);
 }
 
 QWidget* ExtendedWinFileDialog::Impl::addCustomCheckBox(const std::string& label,
@@ -201,8 +208,7 @@ QWidget* ExtendedWinFileDialog::Impl::addCustomCheckBox(const std::string& label
     if (customization)
         customization->AddCheckButton(id, utf8ToWideString(label).c_str(), checked->value() ? TRUE : FALSE);
     m_checkBoxProperties.emplace(id, std::move(checked));
-    return keep(m_customControlWidgets,
-                std::make_unique<FakeWidget>(m_dialog.get(), FakeWidget::Kind::CheckButton, id, 0));
+    return keep(m_customControlWidgets, FakeWidget::Kind::CheckButton, id, 0);
 }
 
 QWidget* ExtendedWinFileDialog::Impl::addAcceptButtonOption(const std::string& label, int value)
@@ -212,15 +218,7 @@ QWidget* ExtendedWinFileDialog::Impl::addAcceptButtonOption(const std::string& l
     if (customization)
         customization->AddControlItem(m_acceptMenuControlId, id, utf8ToWideString(label).c_str());
     m_acceptMenuOptionValues.emplace(id, value);
-    return keep(m_acceptMenuWidgets, std::make_unique<FakeWidget>(m_dialog.get(), FakeWidget::Kind::AcceptMenuItem,
-                                                                  m_acceptMenuControlId, id));
-}
-
-QWidget* ExtendedWinFileDialog::Impl::keep(std::vector<std::unique_ptr<FakeWidget>>& handles,
-                                           std::unique_ptr<FakeWidget> handle)
-{
-    handles.push_back(std::move(handle));
-    return handles.back().get();
+    return keep(m_acceptMenuWidgets, FakeWidget::Kind::AcceptMenuItem, m_acceptMenuControlId, id);
 }
 
 void ExtendedWinFileDialog::Impl::clearAcceptMenuOptions()

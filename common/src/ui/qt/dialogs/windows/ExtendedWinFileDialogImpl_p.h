@@ -56,8 +56,9 @@ public:
     std::map<DWORD, boost::function<void()>> m_buttonCallbacks;
     std::map<DWORD, boost::shared_ptr<zelmar::PropertyAbstract<bool>>> m_checkBoxProperties;
     std::map<DWORD, int> m_acceptMenuOptionValues;
-    std::vector<std::unique_ptr<FakeWidget>> m_customControlWidgets;
-    std::vector<std::unique_ptr<FakeWidget>> m_acceptMenuWidgets;
+    using Handles = std::vector<std::unique_ptr<FakeWidget>>;
+    Handles m_customControlWidgets;
+    Handles m_acceptMenuWidgets;
     int m_selectedAcceptMenuOption = 255; // Compatibility: option-255
     bool m_prepared = false;
     Run* m_run = nullptr; // null unless exec() is running
@@ -67,7 +68,8 @@ private:
 
     zelmar::internal::ComPtr<IFileDialogCustomize> customize() const;
     QWidget* addButton(const std::string& label, boost::function<void()> onClick, Prominence prominence);
-    QWidget* keep(std::vector<std::unique_ptr<FakeWidget>>& handles, std::unique_ptr<FakeWidget> handle);
+    template <typename... Arguments>
+    QWidget* keep(Handles& handles, Arguments... arguments);
 
     void prepare();
     void setOptions();

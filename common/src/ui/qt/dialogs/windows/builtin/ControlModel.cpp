@@ -68,29 +68,17 @@ bool ControlModel::add(Control control)
 
 bool ControlModel::setLabel(DWORD id, const QString& label)
 {
-    Control* control = edit(id);
-    if (!control)
-        return false;
-    control->label = label;
-    return changed();
+    return set(edit(id), &Control::label, label);
 }
 
 bool ControlModel::setState(DWORD id, CDCONTROLSTATEF state)
 {
-    Control* control = edit(id);
-    if (!control)
-        return false;
-    control->state = state;
-    return changed();
+    return set(edit(id), &Control::state, state);
 }
 
 bool ControlModel::setChecked(DWORD id, bool checked)
 {
-    Control* control = edit(id, Control::Kind::CheckButton);
-    if (!control)
-        return false;
-    control->checked = checked;
-    return changed();
+    return set(edit(id, Control::Kind::CheckButton), &Control::checked, checked);
 }
 
 bool ControlModel::makeProminent(DWORD id)
@@ -134,20 +122,12 @@ bool ControlModel::removeAllItems(DWORD id)
 
 bool ControlModel::setItemText(DWORD id, DWORD item, const QString& text)
 {
-    ControlItem* found = editItem(id, item);
-    if (!found)
-        return false;
-    found->text = text;
-    return changed();
+    return set(editItem(id, item), &ControlItem::text, text);
 }
 
 bool ControlModel::setItemState(DWORD id, DWORD item, CDCONTROLSTATEF state)
 {
-    ControlItem* found = editItem(id, item);
-    if (!found)
-        return false;
-    found->state = state;
-    return changed();
+    return set(editItem(id, item), &ControlItem::state, state);
 }
 
 bool ControlModel::selectItem(DWORD id, DWORD item)
@@ -181,6 +161,16 @@ Control* ControlModel::edit(DWORD id, Control::Kind kind)
 ControlItem* ControlModel::editItem(DWORD id, DWORD item)
 {
     return const_cast<ControlItem*>(findItem(id, item));
+}
+
+/// Sets a member of a control or an item. Returns false if `record` is null.
+template <typename Record, typename Value>
+bool ControlModel::set(Record* record, Value Record::*member, const Value& value)
+{
+    if (!record)
+        return false;
+    record->*member = value;
+    return changed();
 }
 
 /// Calls the listener after a change, and returns true for the operation that made it.

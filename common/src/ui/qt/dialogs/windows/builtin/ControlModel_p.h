@@ -88,6 +88,8 @@ private:
     Control* edit(DWORD id);
     Control* edit(DWORD id, Control::Kind kind);
     ControlItem* editItem(DWORD id, DWORD item);
+    template <typename Record, typename Value>
+    bool set(Record* record, Value Record::*member, const Value& value);
     bool changed() const;
 
     std::vector<Control> m_controls;

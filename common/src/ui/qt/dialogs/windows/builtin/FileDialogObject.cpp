@@ -19,6 +19,17 @@ QWidget* widgetOf(HWND window)
 
 } // namespace
 
+template <typename DialogInterface>
+HRESULT FileDialogObject<DialogInterface>::QueryInterface(REFIID iid, void** object)
+{
+    const QITAB table[] = {{&m_iid, this->template offsetOf<DialogInterface>(this)},
+                           {&IID_IFileDialog, this->template offsetOf<IFileDialog>(this)},
+                           {&IID_IModalWindow, this->template offsetOf<IModalWindow>(this)},
+                           {&IID_IFileDialogCustomize, this->template offsetOf<IFileDialogCustomize>(this)},
+                           {nullptr, 0}};
+    return QISearch(this, table, iid, object);
+}
+
 // Showing
 
 template <typename DialogInterface>
@@ -300,44 +311,12 @@ HRESULT FileDialogObject<DialogInterface>::GetResult(IShellItem** item)
 template class FileDialogObject<IFileOpenDialog>;
 template class FileDialogObject<IFileSaveDialog>;
 
-// The two classes
-
-FileOpenDialogObject::FileOpenDialogObject()
-    : FileDialogObject(DialogKind::Open)
-{
-}
-
-HRESULT FileOpenDialogObject::QueryInterface(REFIID iid, void** object)
-{
-    const QITAB table[] = {{&IID_IFileOpenDialog, offsetOf<IFileOpenDialog>(this)},
-                           {&IID_IFileDialog, offsetOf<IFileDialog>(this)},
-                           {&IID_IModalWindow, offsetOf<IModalWindow>(this)},
-                           {&IID_IFileDialogCustomize, offsetOf<IFileDialogCustomize>(this)},
-                           {nullptr, 0}};
-    return QISearch(this, table, iid, object);
-}
-
 HRESULT FileOpenDialogObject::GetResults(IShellItemArray** items)
 {
     if (!items)
         return E_POINTER;
     *items = chosenFiles().isEmpty() ? nullptr : makeShellItemArray(chosenFiles()).detach();
     return *items ? S_OK : E_UNEXPECTED;
-}
-
-FileSaveDialogObject::FileSaveDialogObject()
-    : FileDialogObject(DialogKind::Save)
-{
-}
-
-HRESULT FileSaveDialogObject::QueryInterface(REFIID iid, void** object)
-{
-    const QITAB table[] = {{&IID_IFileSaveDialog, offsetOf<IFileSaveDialog>(this)},
-                           {&IID_IFileDialog, offsetOf<IFileDialog>(this)},
-                           {&IID_IModalWindow, offsetOf<IModalWindow>(this)},
-                           {&IID_IFileDialogCustomize, offsetOf<IFileDialogCustomize>(this)},
-                           {nullptr, 0}};
-    return QISearch(this, table, iid, object);
 }
 
 } // namespace zelmar::internal

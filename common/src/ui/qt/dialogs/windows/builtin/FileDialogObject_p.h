@@ -32,11 +32,14 @@ template <typename DialogInterface>
 class FileDialogObject : public RefCounted<DialogInterface, ControlOperations>, private FileDialogListener
 {
 public:
-    explicit FileDialogObject(DialogKind kind)
-        : m_request(kind)
+    /// `iid` is the identifier of DialogInterface.
+    FileDialogObject(DialogKind kind, REFIID iid)
+        : m_iid(iid)
+        , m_request(kind)
     {
     }
 
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override;
     HRESULT STDMETHODCALLTYPE Show(HWND owner) override;
 
     HRESULT STDMETHODCALLTYPE SetFileTypes(UINT count, const COMDLG_FILTERSPEC* types) override;
@@ -78,6 +81,7 @@ private:
     void guarded(const Tell& tell) noexcept;
     HRESULT resultOf(bool accepted) const;
 
+    const IID m_iid;
     FileDialogRequest m_request;
     EventSinks m_sinks;
 
@@ -91,9 +95,11 @@ private:
 class FileOpenDialogObject : public FileDialogObject<IFileOpenDialog>
 {
 public:
-    FileOpenDialogObject();
+    FileOpenDialogObject()
+        : FileDialogObject(DialogKind::Open, IID_IFileOpenDialog)
+    {
+    }
 
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override;
     HRESULT STDMETHODCALLTYPE GetResults(IShellItemArray** items) override;
     HRESULT STDMETHODCALLTYPE GetSelectedItems(IShellItemArray**) override { return E_NOTIMPL; }
 };
@@ -101,9 +107,11 @@ public:
 class FileSaveDialogObject : public FileDialogObject<IFileSaveDialog>
 {
 public:
-    FileSaveDialogObject();
+    FileSaveDialogObject()
+        : FileDialogObject(DialogKind::Save, IID_IFileSaveDialog)
+    {
+    }
 
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override;
     HRESULT STDMETHODCALLTYPE SetSaveAsItem(IShellItem*) override { return E_NOTIMPL; }
     HRESULT STDMETHODCALLTYPE SetProperties(IPropertyStore*) override { return E_NOTIMPL; }
     HRESULT STDMETHODCALLTYPE SetCollectedProperties(IPropertyDescriptionList*, BOOL) override { return E_NOTIMPL; }
