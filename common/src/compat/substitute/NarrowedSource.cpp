@@ -13,7 +13,8 @@ namespace {
 
 using Model = QAbstractItemModel;
 
-/// QCompleter looks through fewer rows in less time than a frame on the screen takes.
+/// The number of rows from which on the library searches. QCompleter searches fewer rows faster than a screen
+/// refreshes.
 constexpr int manyRows = 1000;
 
 } // namespace
@@ -31,7 +32,7 @@ void NarrowedSource::setSourceModel(QAbstractItemModel* model)
     if (m_source)
         disconnect(m_source, nullptr, this, nullptr);
     m_isNarrowed = false;
-    // Before the filter follows the model: of a model that is destroyed, this one has to know first.
+    // Connects before the filter does, because this model must be notified first when the source is destroyed.
     m_source = model;
     QAbstractProxyModel::setSourceModel(model);
     followSource();
@@ -96,7 +97,7 @@ bool NarrowedSource::narrow(const Question& question)
     return true;
 }
 
-/// Has the filter find the rows, with no signal of its own: one reset covers all that changes.
+/// Makes the filter search the rows without signals. The caller emits one reset for all changes.
 void NarrowedSource::find(const Question& question)
 {
     const QSignalBlocker quiet(m_filter);
@@ -108,7 +109,7 @@ void NarrowedSource::find(const Question& question)
 
 void NarrowedSource::showAll()
 {
-    // A reset asks the model for its roles; one that is being destroyed cannot answer.
+    // A reset asks the source for its roles, which it cannot answer while it is being destroyed.
     if (!m_isNarrowed || !m_source)
         return;
     beginResetModel();
@@ -127,7 +128,7 @@ bool NarrowedSource::isRefreshing() const
 void NarrowedSource::onRowsInserted(const QModelIndex& parent, int first, int last)
 {
     if (m_isNarrowed)
-        return; // the filter tells
+        return; // the filter reports the change
     beginInsertRows(parent, first, last);
     endInsertRows();
 }
@@ -143,7 +144,7 @@ void NarrowedSource::onRowsChanged()
 void NarrowedSource::onReset()
 {
     if (m_isNarrowed)
-        showAll(); // whereupon the completer asks anew
+        showAll(); // makes the completer ask again
     else
         onRowsChanged();
 }
@@ -162,7 +163,7 @@ void NarrowedSource::onSourceDestroyed()
     endResetModel();
 }
 
-/// Rows that come are told as such, because the completer makes room for them in its popup. It does not ask which.
+/// Reports additional rows as inserted, because the completer then enlarges its popup. Their positions do not matter.
 void NarrowedSource::onFilterChanged()
 {
     if (!m_isNarrowed)
@@ -233,7 +234,7 @@ void NarrowedSource::fetchMore(const QModelIndex& parent)
         m_source->fetchMore(parent);
 }
 
-// QAbstractProxyModel would ask a source model that is being destroyed, as long as its own slot has not run.
+// QAbstractProxyModel would call a source model that is being destroyed until its own slot has run.
 
 QVariant NarrowedSource::data(const QModelIndex& index, int role) const
 {

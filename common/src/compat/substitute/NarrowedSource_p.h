@@ -8,18 +8,18 @@ namespace zelmar::internal {
 
 class ContainsFilterModel;
 
-/// A proxy model that stands between a completer and its source model. It is the whole source model, children included,
-/// until it is narrowed: then it has only those top-level rows that contain a text.
+/// A proxy model between a completer and its source model. It has all rows of the source model including their
+/// children, or, if it is narrowed, only the top-level rows that contain a needle.
 ///
-/// index() returns indexes of the source model, so that a completion maps straight to the row that it comes from, and a
-/// completer that filters the rows itself sees what it would see without this model. Views cannot show such a model;
-/// QCompleter's completion model, for which it is made, takes any index that index() returns.
+/// index() returns indexes of the source model. A completion therefore maps to its row directly, and a completer that
+/// filters the rows itself reads the same as without this model. Views cannot show such a model. It is made for the
+/// completion model of QCompleter, which accepts any index that index() returns.
 class NarrowedSource : public QAbstractProxyModel
 {
     Q_OBJECT
 
 public:
-    /// A text, and where it is looked for.
+    /// A needle, and the column and role of the texts to search.
     struct Question
     {
         QString text;
@@ -30,18 +30,17 @@ public:
 
     explicit NarrowedSource(QObject* parent);
 
-    /// Shows all rows of `model`, which may be null and may be destroyed while it is in use.
+    /// Shows all rows of `model`, which may be null and may be destroyed at any time. The caller keeps ownership.
     void setSourceModel(QAbstractItemModel* model) override;
-    /// Returns the model, or null as soon as its destructor runs, unlike sourceModel().
+    /// Returns the model, or null once its destructor runs; sourceModel() returns it longer.
     QAbstractItemModel* source() const;
 
-    /// Shows the rows that contain the text, selectable or not, and returns true. Emits a reset unless they are shown
-    /// already. Returns false and shows all rows if they are so few that QCompleter needs no noticeable time for them.
+    /// Shows the rows that contain the needle, selectable or not, and returns true. Emits a reset unless they are shown
+    /// already. Returns false and shows all rows if there are so few that QCompleter searches them fast enough.
     bool narrow(const Question& question);
     /// Emits a reset unless all rows are shown already.
     void showAll();
-    /// Returns whether the signals that are being emitted are about rows that still answer the same question, or about
-    /// a new one that narrow() was asked.
+    /// Returns whether this model is emitting signals because narrow() was called or the narrowed rows have changed.
     bool isRefreshing() const;
 
     QModelIndex index(int row, int column, const QModelIndex& parent = {}) const override;
@@ -76,8 +75,8 @@ private:
     ContainsFilterModel* m_filter;
     Question m_question;
     bool m_isNarrowed = false;
-    int m_shownRows = 0; ///< while narrowed, as the completer was last told
-    int m_refreshes = 0; ///< one in the other
+    int m_shownRows = 0; ///< the number of narrowed rows that was last reported
+    int m_refreshes = 0; ///< the depth of nested refreshes
 };
 
 } // namespace zelmar::internal

@@ -10,7 +10,7 @@ using zelmar::internal::NarrowedSource;
 
 namespace {
 
-/// QCompleter asks the class of these for more than a list would have: paths, and whether a folder has been read.
+/// Returns whether `model` shows a file system. QCompleter checks for these classes and handles their paths itself.
 bool isFileSystem(const QAbstractItemModel& model)
 {
     return model.inherits("QFileSystemModel") || model.inherits("QDirModel");
@@ -25,19 +25,19 @@ struct ctkCompleter::Impl
     {
     }
 
-    /// In place of the given model with FilterContains. The completion model's child, because QCompleter deletes a
-    /// model that is its own child when another replaces it.
+    /// Replaces the caller's model while FilterContains is set. It is a child of the completion model, because
+    /// QCompleter deletes a replaced model that is a child of the completer.
     NarrowedSource* source;
     ModelFiltering filtering = FilterStartsWith;
-    Qt::MatchFlags filterMode = Qt::MatchStartsWith; ///< QCompleter's own, as it was before FilterContains
+    Qt::MatchFlags filterMode = Qt::MatchStartsWith; ///< the mode of QCompleter before FilterContains was set
 
-    // The completion model filters with what splitPath() has returned.
+    // The completion model filters with the result of the latest splitPath().
 
-    bool isNarrowed = false;  ///< the last time, that was the empty text of a list that is narrowed
-    bool isNarrowing = false; ///< and it is about to filter with that
-    bool asksAgain = false;   ///< it has filtered with that, but for another question
+    bool isNarrowed = false;  ///< the result was an empty string, because the source has narrowed its rows
+    bool isNarrowing = false; ///< the completion model has not filtered with this result yet
+    bool asksAgain = false;   ///< the prefix must be set again after the completion model has filtered
 
-    // What was set then. Where one of them is set anew, QCompleter forgets the prefix.
+    // The settings at the latest narrowing. QCompleter drops the prefix when one of them changes.
 
     Qt::CaseSensitivity caseSensitivity = Qt::CaseSensitive;
     ModelSorting sorting = UnsortedModel;
@@ -64,7 +64,7 @@ ctkCompleter::ctkCompleter(const QStringList& list, QObject* parent)
     followCompletionModel();
 }
 
-/// First of all who listens to the completion model, and so before the popup.
+/// Connects to the completion model. The constructors call it, so that these slots run before those of the popup.
 void ctkCompleter::followCompletionModel()
 {
     connect(completionModel(), &QAbstractItemModel::modelAboutToBeReset, this,
@@ -109,7 +109,7 @@ void ctkCompleter::setFilterMode(Qt::MatchFlags mode)
         return;
     QCompleter::setFilterMode(mode);
     if (QCompleter::filterMode() != mode)
-        return; // it has none of this kind
+        return; // QCompleter does not support this mode
     m_impl->filtering = FilterStartsWith;
     chooseSource();
 }
@@ -121,10 +121,10 @@ void ctkCompleter::setCompletionMode(CompletionMode mode)
     if (applyFiltering())
         setCompletionPrefix(completionPrefix());
     else if (row > 0 && row != currentRow())
-        setCurrentRow(row); // QCompleter keeps it
+        setCurrentRow(row); // as QCompleter does
 }
 
-/// Returns whether QCompleter has another filter mode now.
+/// Sets the filter mode of QCompleter that FilterContains needs. Returns whether that changed it.
 bool ctkCompleter::applyFiltering()
 {
     const auto mode = completionMode() == InlineCompletion ? Qt::MatchStartsWith : Qt::MatchContains;
@@ -148,12 +148,12 @@ QAbstractItemModel* ctkCompleter::model() const
 
 void ctkCompleter::setModel(QAbstractItemModel* model)
 {
-    // Nothing replaces it.
+    // QCompleter would delete the model, because it is a child of the completer.
     if (model && model == this->model() && model->QObject::parent() == this)
         return;
     const bool wasNarrowed = std::exchange(m_impl->isNarrowed, false);
     if (isWithNarrowedSource()) {
-        // QCompleter deletes the model before, or takes the role of a file system back.
+        // QCompleter deletes the former model, or resets the role that it has set for a file system.
         completeFrom(this->model());
         m_impl->source->setSourceModel(nullptr);
     }
@@ -181,7 +181,8 @@ void ctkCompleter::chooseSource()
         m_impl->source->setSourceModel(nullptr);
 }
 
-/// QCompleter's setModel() would also hide the popup, and delete the model before if that is its child.
+/// Makes QCompleter complete from `model`. QCompleter::setModel() would also hide the popup, and delete the former
+/// model if that is a child of the completer.
 void ctkCompleter::completeFrom(QAbstractItemModel* model)
 {
     const int row = currentRow();
@@ -194,7 +195,7 @@ void ctkCompleter::completeFrom(QAbstractItemModel* model)
 
 QStringList ctkCompleter::splitPath(const QString& path) const
 {
-    // The mode may have been set through a pointer to QCompleter.
+    // The caller may have set the completion mode through a pointer to QCompleter.
     const_cast<ctkCompleter*>(this)->applyFiltering();
     if (!isWithNarrowedSource())
         return QCompleter::splitPath(path);
@@ -205,10 +206,10 @@ QStringList ctkCompleter::splitPath(const QString& path) const
     return QCompleter::splitPath(path);
 }
 
-/// Returns false if QCompleter has to filter the rows.
+/// Makes the source show only the rows that contain the prefix. Returns false if QCompleter has to filter the rows.
 bool ctkCompleter::narrow() const
 {
-    m_impl->isNarrowed = false; // what the source tells now is part of the answer
+    m_impl->isNarrowed = false; // onCompletionsAboutToChange() must ignore the signals of the source
     if (!m_impl->source->narrow({completionPrefix(), caseSensitivity(), completionColumn(), completionRole()}))
         return false;
     m_impl->isNarrowed = true;
@@ -218,20 +219,21 @@ bool ctkCompleter::narrow() const
     return true;
 }
 
-/// Shows all rows to a completion model that is about to filter narrowed ones with anything but what narrow() had it
-/// filter with: after a setter of QCompleter, or because an override of splitPath() has not called the one here.
+/// Makes the source show all rows if the completion model is about to filter narrowed rows with something else than the
+/// result of splitPath(). A setter of QCompleter causes that, or an override of splitPath() that does not call this
+/// one.
 void ctkCompleter::onCompletionsAboutToChange()
 {
     if (!m_impl->isNarrowed || m_impl->source->isRefreshing() || std::exchange(m_impl->isNarrowing, false))
         return;
     m_impl->isNarrowed = false;
     m_impl->asksAgain = !isFilteredAnew();
-    // The completion model looks at them next, and need not be told.
+    // The completion model reads the rows next and needs no signal.
     const QSignalBlocker quiet(m_impl->source);
     m_impl->source->showAll();
 }
 
-/// Returns whether the completion model filters with no prefix, because a setter has had it made anew.
+/// Returns whether a setter of QCompleter makes the completion model filter without a prefix.
 bool ctkCompleter::isFilteredAnew() const
 {
     return caseSensitivity() != m_impl->caseSensitivity || modelSorting() != m_impl->sorting

@@ -6,8 +6,8 @@
 
 #include <memory>
 
-/// A completer that can also complete with what contains the typed text anywhere, and does so without a delay in lists
-/// of a million texts. Stands in for the class of this name of the CTK widgets where those are not installed, with the
+/// A completer that can also offer the texts that contain the typed text anywhere, without a delay in lists of a
+/// million texts. It replaces the class of the same name of the CTK widgets if those are not installed, and has the
 /// members that the library needs. Include it as "compat/ctkCompleter.h".
 ///
 ///     auto* completer = new ctkCompleter(&names, edit);
@@ -15,22 +15,23 @@
 ///     completer->setCaseSensitivity(Qt::CaseInsensitive);
 ///     edit->setCompleter(completer);
 ///
-/// It behaves as QCompleter in everything else: with FilterStartsWith as any QCompleter, with FilterContains as one
-/// with Qt::MatchContains, except that completion within the line still completes prefixes. The library itself searches
-/// lists of at least 1,000 rows. QCompleter filters all other models: shorter lists, paths of a file system, and in the
-/// modes that do not filter a popup.
+/// In all other respects it behaves like QCompleter: with FilterStartsWith like any QCompleter, and with FilterContains
+/// like one with Qt::MatchContains, except that inline completion still completes prefixes. The library itself searches
+/// lists of at least 1,000 rows. QCompleter filters shorter lists, file systems, and all lists in the completion modes
+/// that do not filter a popup.
 ///
 /// Known traps, all with FilterContains:
-/// - Through a pointer to QCompleter, model() is a proxy model of the given one, setFilterMode() has no lasting effect,
-///   setCompletionMode() is complete with the next prefix only, and setModel() takes the speed away until a setter of
+/// - Through a pointer to QCompleter, model() returns a proxy model, setFilterMode() has no lasting effect,
+///   setCompletionMode() takes full effect with the next prefix, and setModel() makes the search slow until a setter of
 ///   this class is called.
-/// - A long list offers each row that contains the text, also one that cannot be selected, which QCompleter leaves out.
-/// - The completion model of a long list maps its indexes to the given model, but does not find an index of the given
-///   model (mapFromSource()).
-/// - splitPath() of a long list is one empty text: its rows are narrowed already. An override that changes the parts
-///   calls QCompleter::splitPath(), and QCompleter then filters.
-/// - The texts of a long list are kept, as what the model has returned, in a child object of the model, for whoever
-///   completes from it next. Texts that the model makes anew each time are so kept as long as the model lives.
+/// - A long list offers each row that contains the text, also a row that cannot be selected. QCompleter omits such
+/// rows.
+/// - The completion model of a long list maps its indexes to the given model, but mapFromSource() finds no index of the
+///   given model.
+/// - splitPath() returns one empty string for a long list, because its rows are narrowed already. An override that
+///   changes the parts must call QCompleter::splitPath(); QCompleter then filters the rows.
+/// - A child object of the model keeps the texts of a long list, for the next completer of that model. If the model
+///   creates its texts on demand, they use memory as long as the model exists.
 ///
 /// GUI thread only.
 class COMMON_UI_QT_EXPORT ctkCompleter : public QCompleter
@@ -50,30 +51,29 @@ public:
     ~ctkCompleter() override;
 
     ModelFiltering modelFiltering() const;
-    /// FilterStartsWith at first, with which filterMode() decides. Takes effect with the next completion prefix, as
-    /// QCompleter's setFilterMode() does.
+    /// Sets which texts are offered. Initially FilterStartsWith, for which filterMode() decides. Takes effect with the
+    /// next completion prefix, like QCompleter::setFilterMode().
     ///
-    /// With FilterContains in a mode that completes within the line, only what starts with the typed text completes it:
-    /// anything else would be put behind it. Where all completions are shown unfiltered, the first row that contains
-    /// the text is the current one.
+    /// Inline completion offers only texts that start with the typed text, because it appends the rest. If all
+    /// completions are shown unfiltered, the first row that contains the typed text becomes the current one.
     void setModelFiltering(ModelFiltering filtering);
 
     /// Returns the same as model().
     QAbstractItemModel* sourceModel() const;
 
-    // In place of QCompleter's functions of these names, which are not virtual.
+    // These functions hide those of QCompleter, which are not virtual.
 
-    /// Returns the model that was given, null after it was destroyed.
+    /// Returns the model that the caller has set. Null after it was destroyed.
     QAbstractItemModel* model() const;
-    /// Does not take the model over. One whose parent is the completer is deleted when another replaces it.
+    /// Sets the model, which the caller keeps. A model that is a child of the completer is deleted when it is replaced.
     void setModel(QAbstractItemModel* model);
-    /// Returns Qt::MatchContains with FilterContains.
+    /// Returns Qt::MatchContains if FilterContains is set.
     Qt::MatchFlags filterMode() const;
-    /// Ends FilterContains if `mode` is another one.
+    /// Replaces FilterContains by FilterStartsWith if `mode` is not Qt::MatchContains.
     void setFilterMode(Qt::MatchFlags mode);
     void setCompletionMode(CompletionMode mode);
 
-    /// Narrows a long list with FilterContains: QCompleter asks for the parts with each new prefix.
+    /// Narrows a long list if FilterContains is set. QCompleter calls this function with each new prefix.
     QStringList splitPath(const QString& path) const override;
 
 private Q_SLOTS:
