@@ -2,6 +2,7 @@
 
 #include "Keyboard.h"
 
+#include <QApplication>
 #include <QtTest>
 
 void SystemDialogTest::init()
@@ -13,7 +14,9 @@ void SystemDialogTest::init()
     m_window->show();
     // Asks again: the window before may have been destroyed under a dialog, whereupon no window gets the focus by
     // itself.
-    QVERIFY(QTest::qWaitFor([this] { return hasKeyboard(*m_window); }, 15000));
+    // QWidget::isActiveWindow() asks the system, which activates the window before Qt learns of it.
+    const auto isReady = [this] { return hasKeyboard(*m_window) && QApplication::activeWindow() == m_window.get(); };
+    QVERIFY(QTest::qWaitFor(isReady, 15000));
     m_shell = std::make_unique<ObservedShell>();
     m_driver = std::make_unique<SystemDialogDriver>();
 }
