@@ -3,9 +3,17 @@
 #include "Keyboard.h"
 
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QComboBox>
+#include <QDialogButtonBox>
 #include <QLineEdit>
+#include <QListView>
+#include <QMenu>
+#include <QPushButton>
 #include <QTest>
+#include <QTimer>
+#include <QToolButton>
+#include <QTreeView>
 
 QLineEdit& fileNameEdit(QFileDialog& dialog)
 {
@@ -15,6 +23,49 @@ QLineEdit& fileNameEdit(QFileDialog& dialog)
 QComboBox& fileTypeCombo(QFileDialog& dialog)
 {
     return *dialog.findChild<QComboBox*>(QStringLiteral("fileTypeCombo"));
+}
+
+QPushButton& acceptButton(QFileDialog& dialog)
+{
+    const auto kind = dialog.acceptMode() == QFileDialog::AcceptSave ? QDialogButtonBox::Save : QDialogButtonBox::Open;
+    return *dialog.findChild<QDialogButtonBox*>(QStringLiteral("buttonBox"))->button(kind);
+}
+
+QToolButton& acceptMenuArrow(QFileDialog& dialog)
+{
+    return *dialog.findChild<QToolButton*>(QStringLiteral("acceptMenuArrow"));
+}
+
+QAbstractButton* buttonNamed(QFileDialog& dialog, const QString& text)
+{
+    for (auto* button : dialog.findChildren<QAbstractButton*>()) {
+        if (button->text() == text)
+            return button;
+    }
+    return nullptr;
+}
+
+QStringList listedNamesInOrder(const QFileDialog& dialog)
+{
+    const auto* list = dialog.findChild<QListView*>(QStringLiteral("listView"));
+    QStringList names;
+    for (int row = 0; row < list->model()->rowCount(list->rootIndex()); ++row)
+        names += list->model()->index(row, 0, list->rootIndex()).data().toString();
+    return names;
+}
+
+QStringList listedNames(const QFileDialog& dialog)
+{
+    QStringList names = listedNamesInOrder(dialog);
+    names.sort();
+    return names;
+}
+
+void selectInList(QFileDialog& dialog, const QString& name)
+{
+    auto* tree = dialog.findChild<QTreeView*>(QStringLiteral("treeView"));
+    takeKeyboardFocus(*tree);
+    QTest::keyClicks(tree, name);
 }
 
 void typeName(QFileDialog& dialog, const QString& name)
@@ -49,4 +100,25 @@ void pickFilter(QFileDialog& dialog, int index)
 void cancel(QFileDialog& dialog)
 {
     QTest::keyClick(&dialog, Qt::Key_Escape);
+}
+
+void whenMenuIsOpen(const std::function<void(QMenu&)>& action)
+{
+    QTimer::singleShot(0, [action] {
+        auto* open = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        if (open && open->isVisible())
+            action(*open);
+        else
+            whenMenuIsOpen(action);
+    });
+}
+
+void pickFromMenu(int row)
+{
+    whenMenuIsOpen([row](QMenu& open) {
+        open.setActiveAction(nullptr);
+        for (int i = 0; i <= row; ++i)
+            QTest::keyClick(&open, Qt::Key_Down);
+        QTest::keyClick(&open, Qt::Key_Return);
+    });
 }

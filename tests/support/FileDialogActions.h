@@ -2,14 +2,39 @@
 
 #include <QFileDialog>
 #include <QString>
+#include <QStringList>
 
+#include <functional>
+
+class QAbstractButton;
 class QComboBox;
 class QLineEdit;
+class QMenu;
+class QPushButton;
+class QToolButton;
 
-/// Keyboard actions of a user in a Qt-drawn file dialog.
+/// What a user sees in a Qt-drawn file dialog, and the keyboard actions of the user.
 
 QLineEdit& fileNameEdit(QFileDialog& dialog);
 QComboBox& fileTypeCombo(QFileDialog& dialog);
+
+/// Returns the Open or Save button.
+QPushButton& acceptButton(QFileDialog& dialog);
+
+/// Returns the button that opens the menu of the accept button.
+QToolButton& acceptMenuArrow(QFileDialog& dialog);
+
+/// Returns the first button with the label `text`, or null if there is none.
+QAbstractButton* buttonNamed(QFileDialog& dialog, const QString& text);
+
+/// Returns the names in the list in the order in which the user sees them.
+QStringList listedNamesInOrder(const QFileDialog& dialog);
+
+/// Returns the names in the list in alphabetical order.
+QStringList listedNames(const QFileDialog& dialog);
+
+/// Selects the file `name` in the list by typing its name there.
+void selectInList(QFileDialog& dialog, const QString& name);
 
 /// Sets the focus to the file name edit and replaces its text by `name`. Without the focus, a selection in the list
 /// would overwrite the text.
@@ -26,3 +51,9 @@ void pickFilter(QFileDialog& dialog, int index);
 
 /// Presses Escape.
 void cancel(QFileDialog& dialog);
+
+/// Calls `action` in the event loop of the menu that is about to open.
+void whenMenuIsOpen(const std::function<void(QMenu&)>& action);
+
+/// Picks the item at `row` (from 0) of the menu that is about to open, with the Down and Return keys.
+void pickFromMenu(int row);

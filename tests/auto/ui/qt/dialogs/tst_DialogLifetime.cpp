@@ -13,7 +13,6 @@
 
 #include <QAction>
 #include <QApplication>
-#include <QDialogButtonBox>
 #include <QListView>
 #include <QMessageBox>
 #include <QPushButton>
@@ -269,7 +268,7 @@ void tst_DialogLifetime::strikeWhenMenuIsOpen()
 {
     onOpenDialog([this](QFileDialog& dialog) {
         typeName(dialog, "new.dat");
-        auto* const button = dialog.findChild<QDialogButtonBox*>("buttonBox")->button(QDialogButtonBox::Save);
+        QPushButton& button = acceptButton(dialog);
         QTimer strikeSoon;
         connect(&strikeSoon, &QTimer::timeout, this, [this, &strikeSoon] {
             if (!QApplication::activePopupWidget())
@@ -278,7 +277,7 @@ void tst_DialogLifetime::strikeWhenMenuIsOpen()
             strike();
         });
         strikeSoon.start(0);
-        QTest::keyClick(button, Qt::Key_Down);
+        QTest::keyClick(&button, Qt::Key_Down);
     });
 }
 

@@ -18,8 +18,6 @@
 #include <QDialogButtonBox>
 #include <QFileSystemModel>
 #include <QLineEdit>
-#include <QListView>
-#include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -38,39 +36,6 @@ namespace {
 const QString data = QStringLiteral("Data (*.dat)");
 const QString tables = QStringLiteral("Tables (*.csv)");
 const QString all = QStringLiteral("All (*)");
-
-QStringList listedNames(QFileDialog& dialog)
-{
-    const auto* list = dialog.findChild<QListView*>(QStringLiteral("listView"));
-    QStringList names;
-    for (int row = 0; row < list->model()->rowCount(list->rootIndex()); ++row)
-        names += list->model()->index(row, 0, list->rootIndex()).data().toString();
-    names.sort();
-    return names;
-}
-
-QPushButton* buttonNamed(QFileDialog& dialog, const QString& text)
-{
-    for (auto* button : dialog.findChildren<QPushButton*>()) {
-        if (button->text() == text)
-            return button;
-    }
-    return nullptr;
-}
-
-/// Moves to the item at `row` (from 0) of the open menu with the arrow keys, and triggers it.
-void pickFromMenu(int row)
-{
-    QTimer::singleShot(0, [row] {
-        auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-        if (!menu) {
-            pickFromMenu(row);
-            return;
-        }
-        menu->setActiveAction(menu->actions().at(row));
-        QTest::keyClick(menu, Qt::Key_Return);
-    });
-}
 
 /// A validator that refuses true.
 class OnlyOff : public zelmar::ValidatorInterface<bool>
@@ -482,7 +447,7 @@ void tst_DialogRuns::handlesBetweenRuns()
     QWidget& handle = *dialog->addCustomButton("Action", [] {});
     const auto look = [this, &dialog](bool visible, bool enabled) {
         run(*dialog, [visible, enabled](QFileDialog& shown) {
-            const QPushButton* button = buttonNamed(shown, QStringLiteral("Action"));
+            const auto* button = buttonNamed(shown, QStringLiteral("Action"));
             QVERIFY(button);
             QCOMPARE(button->isVisible(), visible);
             QCOMPARE(button->isEnabled(), enabled);
@@ -511,7 +476,7 @@ void tst_DialogRuns::handlesToAndFro()
     handle.setEnabled(false);
     handle.setEnabled(true);
     run(*dialog, [&handle](QFileDialog& shown) {
-        const QPushButton* button = buttonNamed(shown, QStringLiteral("Action"));
+        const auto* button = buttonNamed(shown, QStringLiteral("Action"));
         QVERIFY(!button->isVisible());
         QVERIFY(button->isEnabled());
         handle.show(); // is called while the dialog is open
@@ -521,7 +486,7 @@ void tst_DialogRuns::handlesToAndFro()
         cancel(shown);
     });
     run(*dialog, [](QFileDialog& shown) {
-        const QPushButton* button = buttonNamed(shown, QStringLiteral("Action"));
+        const auto* button = buttonNamed(shown, QStringLiteral("Action"));
         QVERIFY(button->isVisible());
         QVERIFY(!button->isEnabled());
         cancel(shown);
@@ -584,7 +549,7 @@ void tst_DialogRuns::acceptMenuInEachRun()
     const auto pick = [](QFileDialog& shown) {
         typeName(shown, QStringLiteral("a.dat"));
         pickFromMenu(1);
-        shown.findChild<QToolButton*>(QStringLiteral("acceptMenuArrow"))->click();
+        acceptMenuArrow(shown).click();
     };
     QCOMPARE(run(*dialog, pick), int(QDialog::Accepted));
     QCOMPARE(dialog->selectedAcceptMenuOption(), 8);

@@ -11,7 +11,6 @@
 #include <QComboBox>
 #include <QFileSystemModel>
 #include <QLineEdit>
-#include <QListView>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -26,16 +25,6 @@ const QString all = QStringLiteral("All files (*)");
 QStringList activePatterns(const QFileDialog& dialog)
 {
     return dialog.findChild<QFileSystemModel*>()->nameFilters();
-}
-
-QStringList listedNames(const QFileDialog& dialog)
-{
-    const auto* view = dialog.findChild<QListView*>(QStringLiteral("listView"));
-    QStringList names;
-    for (int row = 0; row < view->model()->rowCount(view->rootIndex()); ++row)
-        names += view->model()->index(row, 0, view->rootIndex()).data().toString();
-    names.sort();
-    return names;
 }
 
 /// Emits the signal that the file-type box emits when the user picks its current entry.

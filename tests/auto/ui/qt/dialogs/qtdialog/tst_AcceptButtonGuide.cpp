@@ -8,7 +8,6 @@
 #include "TestHome.h"
 #include "systemLimits.h"
 
-#include <QDialogButtonBox>
 #include <QDir>
 #include <QFileSystemModel>
 #include <QLineEdit>
@@ -21,12 +20,6 @@
 using namespace zelmar::internal;
 
 namespace {
-
-QPushButton& acceptButton(QFileDialog& dialog)
-{
-    const auto kind = dialog.acceptMode() == QFileDialog::AcceptSave ? QDialogButtonBox::Save : QDialogButtonBox::Open;
-    return *dialog.findChild<QDialogButtonBox*>(QStringLiteral("buttonBox"))->button(kind);
-}
 
 /// Returns the explanation that the accept button and the file-name box show, or "different texts" if they differ.
 QString reason(QFileDialog& dialog)

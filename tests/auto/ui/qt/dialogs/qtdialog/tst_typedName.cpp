@@ -9,7 +9,6 @@
 #include "FileDialogActions.h"
 #include "TestHome.h"
 
-#include <QDialogButtonBox>
 #include <QDir>
 #include <QItemSelectionModel>
 #include <QLineEdit>
@@ -163,9 +162,9 @@ void tst_typedName::savedAsTyped()
     DialogDriver driver;
     driver.onDialog<QFileDialog>("accept", [&name](QFileDialog& shown) {
         typeName(shown, name);
-        auto* save = shown.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Save);
-        QVERIFY(save->isEnabled());
-        QCOMPARE(save->text(), QStringLiteral("&Save"));
+        const QPushButton& save = acceptButton(shown);
+        QVERIFY(save.isEnabled());
+        QCOMPARE(save.text(), QStringLiteral("&Save"));
         pressReturn(shown);
     });
     QCOMPARE(dialog->exec(), int(QDialog::Accepted));
@@ -211,7 +210,7 @@ void tst_typedName::keepsTheNameWhenAFilterIsPicked()
     driver.onDialog<QFileDialog>("pick, accept", [](QFileDialog& shown) {
         pickFilter(shown, 1);
         QCOMPARE(fileNameEdit(shown).text(), QStringLiteral("12\"pipe.csv"));
-        shown.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Save)->click();
+        acceptButton(shown).click();
     });
     QVERIFY(flow.launch());
     QCOMPARE(QString::fromStdString(flow.selectedFilename()), m_place->path(QStringLiteral("12\"pipe.csv")));
@@ -251,7 +250,7 @@ void tst_typedName::entersAFolder()
     DialogDriver driver;
     driver.onDialog<QFileDialog>("enter", [&](QFileDialog& shown) {
         typeName(shown, QStringLiteral("the \"folder\" 12\""));
-        QCOMPARE(shown.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Save)->text(), QStringLiteral("&Open"));
+        QCOMPARE(acceptButton(shown).text(), QStringLiteral("&Open"));
         pressReturn(shown);
         QVERIFY(shown.isVisible());
         QCOMPARE(shown.directory().absolutePath(), folder);
@@ -310,7 +309,7 @@ void tst_typedName::selectedFolderWins()
         const QModelIndex folder = rowNamed(*tree, QStringLiteral("folder"));
         QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, tree->visualRect(folder).center());
         QCOMPARE(FileDialogWidgets(shown).selection().selectedRows(), QModelIndexList{folder});
-        QTest::mouseClick(shown.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Save), Qt::LeftButton);
+        QTest::mouseClick(&acceptButton(shown), Qt::LeftButton);
         QVERIFY(shown.isVisible());
         QCOMPARE(shown.directory().absolutePath(), m_place->path(QStringLiteral("folder")));
         QCOMPARE(fileNameEdit(shown).text(), pipe);
@@ -346,7 +345,7 @@ void tst_typedName::opensAnExistingFile()
     DialogDriver driver;
     driver.onDialog<QFileDialog>("accept", [&name](QFileDialog& shown) {
         typeName(shown, name);
-        QVERIFY(shown.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Open)->isEnabled());
+        QVERIFY(acceptButton(shown).isEnabled());
         pressReturn(shown);
     });
     QCOMPARE(dialog->exec(), int(QDialog::Accepted));
@@ -372,7 +371,7 @@ void tst_typedName::opensAFileFromTheList()
             tree->scrollTo(rowNamed(*tree, name));
             QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, tree->visualRect(rowNamed(*tree, name)).center());
             QCOMPARE(fileNameEdit(shown).text(), name);
-            QTest::mouseClick(shown.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Open), Qt::LeftButton);
+            QTest::mouseClick(&acceptButton(shown), Qt::LeftButton);
         });
     QCOMPARE(dialog->exec(), int(QDialog::Accepted));
     QCOMPARE(dialog->selectedFiles(), QStringList{m_place->path(name)});
@@ -430,7 +429,7 @@ void tst_typedName::refusesAMissingFile()
     DialogDriver driver;
     driver.onDialog<QFileDialog>("accept", [](QFileDialog& shown) {
         typeName(shown, QStringLiteral("run \"old.dat\"")); // A file "old.dat" exists.
-        QVERIFY(!shown.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Open)->isEnabled());
+        QVERIFY(!acceptButton(shown).isEnabled());
         pressReturn(shown);
         QVERIFY(shown.isVisible());
         cancel(shown);

@@ -41,6 +41,14 @@ std::unique_ptr<BuiltInDialog> BuiltInDialogTest::makeDialog(REFCLSID classId) c
     return dialog;
 }
 
+std::unique_ptr<BuiltInDialog> BuiltInDialogTest::makeDialogWithTypes(REFCLSID classId) const
+{
+    auto dialog = makeDialog(classId);
+    if (!dialog->setTypes({{"Data", "*.dat"}, {"Tables", "*.csv;*.tab"}, {"All", "*"}}))
+        qWarning("the dialog takes no types");
+    return dialog;
+}
+
 // BuiltInDialogRunTest
 
 void BuiltInDialogRunTest::cleanup()
@@ -48,14 +56,6 @@ void BuiltInDialogRunTest::cleanup()
     const QString problem = takeProblem();
     BuiltInDialogTest::cleanup();
     QVERIFY2(problem.isEmpty(), qPrintable(problem));
-}
-
-std::unique_ptr<BuiltInDialog> BuiltInDialogRunTest::makeDialogWithTypes(REFCLSID classId) const
-{
-    auto dialog = makeDialog(classId);
-    if (!dialog->setTypes({{"Data", "*.dat"}, {"Tables", "*.csv;*.tab"}, {"All", "*"}}))
-        qWarning("the dialog takes no types");
-    return dialog;
 }
 
 /// Makes the user of the next dialog cause `event`: "folder", "type" or "ok". The first "folder" needs no action.

@@ -5,13 +5,21 @@
 #include "DialogFolders.h"
 #include "ui/qt/dialogs/windows/com/Apartment_p.h"
 
+#include <QFileDialog>
 #include <QObject>
+#include <QStringList>
 #include <QWidget>
 
 #include <functional>
 #include <memory>
 
 const HRESULT cancelledResult = HRESULT_FROM_WIN32(ERROR_CANCELLED);
+
+/// Returns the class of the dialogs for opening or for saving a file.
+inline REFCLSID classOf(QFileDialog::AcceptMode mode)
+{
+    return mode == QFileDialog::AcceptOpen ? CLSID_FileOpenDialog : CLSID_FileSaveDialog;
+}
 
 /// The base class of the tests of the built-in dialog. Provides some files and a parent window, in the single-threaded
 /// apartment, and checks that each test releases all objects.
@@ -27,6 +35,11 @@ protected:
 
     /// Creates a dialog that starts in the folder of the files.
     std::unique_ptr<BuiltInDialog> makeDialog(REFCLSID classId = CLSID_FileOpenDialog) const;
+    /// Creates such a dialog with the types "Data", "Tables" and "All".
+    std::unique_ptr<BuiltInDialog> makeDialogWithTypes(REFCLSID classId = CLSID_FileOpenDialog) const;
+
+    static inline const QStringList opened{"folder"};
+    static inline const QStringList openedAndAccepted{"folder", "ok"};
 
     std::unique_ptr<DialogFolders> m_folders; ///< a.dat, b.dat, c.csv, and d.dat in the folder "deeper"
     std::unique_ptr<QWidget> m_window;
@@ -45,9 +58,6 @@ class BuiltInDialogRunTest : public BuiltInDialogTest
     Q_OBJECT
 
 protected:
-    /// Creates a dialog with the types "Data", "Tables" and "All".
-    std::unique_ptr<BuiltInDialog> makeDialogWithTypes(REFCLSID classId = CLSID_FileOpenDialog) const;
-
     /// Performs `action` in the event loop of the next dialog that is shown, or of the same one when it stays open.
     virtual void onShow(const char* name, const std::function<void()>& action) = 0;
     /// Leaves it to the program to close the next dialog that is shown.
@@ -57,9 +67,6 @@ protected:
     virtual void userCancels() = 0;
     /// Returns what went wrong since the last call, or an empty text.
     virtual QString takeProblem() = 0;
-
-    static inline const QStringList opened{"folder"};
-    static inline const QStringList openedAndAccepted{"folder", "ok"};
 
 protected Q_SLOTS:
     void cleanup();

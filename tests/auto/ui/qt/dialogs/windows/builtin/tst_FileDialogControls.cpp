@@ -1,5 +1,6 @@
 #include "BuiltInDialogTest.h"
 
+#include "ControlIds.h"
 #include "DialogDriver.h"
 #include "FileDialogActions.h"
 #include "Keyboard.h"
@@ -12,93 +13,24 @@
 #include <QFileDialog>
 #include <QLayout>
 #include <QLineEdit>
-#include <QMenu>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QStyle>
 #include <QTest>
-#include <QTimer>
 #include <QToolButton>
 
-#include <memory>
 #include <stdexcept>
 #include <string>
 
 namespace {
-
-const DWORD button = 1;
-const DWORD box = 2;
-const DWORD menu = 3;
-const DWORD unknown = 99;
-
-enum Item : DWORD { PlainItem = 10, ReadOnlyItem, CopyItem };
-
-QAbstractButton* controlNamed(QFileDialog& dialog, const QString& text)
-{
-    for (auto* control : dialog.findChildren<QAbstractButton*>()) {
-        if (control->text() == text)
-            return control;
-    }
-    return nullptr;
-}
 
 QWidget& bar(QFileDialog& dialog)
 {
     return *dialog.findChild<QWidget*>(QStringLiteral("controlBar"));
 }
 
-QPushButton& acceptButton(QFileDialog& dialog)
-{
-    const auto kind = dialog.acceptMode() == QFileDialog::AcceptSave ? QDialogButtonBox::Save : QDialogButtonBox::Open;
-    return *dialog.findChild<QDialogButtonBox*>()->button(kind);
-}
-
-QToolButton& arrow(QFileDialog& dialog)
-{
-    return *dialog.findChild<QToolButton*>(QStringLiteral("acceptMenuArrow"));
-}
-
-QStringList menuTexts(QFileDialog& dialog)
-{
-    QStringList texts;
-    for (const QAction* action : arrow(dialog).menu()->actions())
-        texts += action->text();
-    return texts;
-}
-
-/// Calls `action` in the event loop of the menu that is about to open.
-void whenMenuIsOpen(const std::function<void(QMenu&)>& action)
-{
-    QTimer::singleShot(0, [action] {
-        auto* open = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-        if (open && open->isVisible())
-            action(*open);
-        else
-            whenMenuIsOpen(action);
-    });
-}
-
-/// Picks the item at `row` (from 0) of the menu that is about to open, with the Down and Return keys.
-void pickRow(int row)
-{
-    whenMenuIsOpen([row](QMenu& open) {
-        open.setActiveAction(nullptr);
-        for (int i = 0; i <= row; ++i)
-            QTest::keyClick(&open, Qt::Key_Down);
-        QTest::keyClick(&open, Qt::Key_Return);
-    });
-}
-
-void addItems(const BuiltInDialog& dialog)
-{
-    dialog.controls().EnableOpenDropDown(menu);
-    dialog.controls().AddControlItem(menu, PlainItem, L"&Open");
-    dialog.controls().AddControlItem(menu, ReadOnlyItem, L"Open &read-only");
-    dialog.controls().AddControlItem(menu, CopyItem, L"Open a &copy");
-}
-
 } // namespace
 
+/// Tests the push buttons and check boxes that were added to a dialog.
 class tst_FileDialogControls : public BuiltInDialogTest
 {
     Q_OBJECT
@@ -126,19 +58,6 @@ private Q_SLOTS:
     void throwingSink_data();
     void throwingSink();
     void closedByAButton();
-
-    void menuByMouse();
-    void menuByKeyboard_data();
-    void menuByKeyboard();
-    void acceptButtonStandsForTheFirstItem();
-    void saveMenu();
-    void menuAndFolders();
-    void menuNeedsSomethingAcceptable();
-    void menuAndRefusal();
-    void menuChangesWhileOpen();
-    void labelOfTheAcceptButton();
-    void closedUnderTheMenu();
-    void ownerDestroyedUnderTheMenu();
 };
 
 void tst_FileDialogControls::cleanup()
@@ -227,7 +146,7 @@ void tst_FileDialogControls::statesRoundTrip()
     QCOMPARE(controls.GetControlItemState(menu, CopyItem, nullptr), E_POINTER);
 }
 
-// Buttons and check boxes
+// In the open dialog
 
 void tst_FileDialogControls::whoDrawsTheDialog()
 {
@@ -260,7 +179,7 @@ void tst_FileDialogControls::pushButton()
     dialog->controls().AddPushButton(button, L"Action");
     DialogDriver driver;
     driver.onDialog<QFileDialog>("click", [&dialog](QFileDialog& shown) {
-        auto* control = controlNamed(shown, QStringLiteral("Action"));
+        auto* control = buttonNamed(shown, QStringLiteral("Action"));
         QVERIFY(control && control->isVisible() && control->isEnabled());
         QTest::mouseClick(control, Qt::LeftButton);
         takeKeyboardFocus(*control);
@@ -282,12 +201,12 @@ void tst_FileDialogControls::returnAccepts()
     driver.onDialog<QFileDialog>("type, press Return on the box", [](QFileDialog& shown) {
         typeName(shown, QStringLiteral("a.dat"));
         QVERIFY(acceptButton(shown).isDefault());
-        takeKeyboardFocus(*controlNamed(shown, QStringLiteral("Action")));
+        takeKeyboardFocus(*buttonNamed(shown, QStringLiteral("Action")));
         QTest::keyClick(&shown, Qt::Key_Return);
     });
     QCOMPARE(dialog->show(m_window.get()), S_OK);
     QCOMPARE(dialog->sink().events, (QStringList{"folder", "ok"}));
-    QCOMPARE(dialog->result(), m_folders->path(QStringLiteral("a.dat")));
+    QCOMPARE(dialog->result(), path(QStringLiteral("a.dat")));
 }
 
 void tst_FileDialogControls::checkButton()
@@ -296,7 +215,7 @@ void tst_FileDialogControls::checkButton()
     dialog->controls().AddCheckButton(box, L"Option", TRUE);
     DialogDriver driver;
     driver.onDialog<QFileDialog>("toggle", [&dialog](QFileDialog& shown) {
-        auto* control = qobject_cast<QCheckBox*>(controlNamed(shown, QStringLiteral("Option")));
+        auto* control = qobject_cast<QCheckBox*>(buttonNamed(shown, QStringLiteral("Option")));
         QVERIFY(control && control->isChecked());
         takeKeyboardFocus(*control);
         QTest::keyClick(control, Qt::Key_Space);
@@ -319,13 +238,13 @@ void tst_FileDialogControls::checkSurvives()
     dialog->controls().AddCheckButton(box, L"Option", FALSE);
     DialogDriver driver;
     driver.onDialog<QFileDialog>("toggle", [](QFileDialog& shown) {
-        controlNamed(shown, QStringLiteral("Option"))->click();
+        buttonNamed(shown, QStringLiteral("Option"))->click();
         cancel(shown);
     });
     dialog->show(m_window.get());
     QVERIFY(dialog->isChecked(box));
     driver.onDialog<QFileDialog>("look", [](QFileDialog& shown) {
-        QVERIFY(controlNamed(shown, QStringLiteral("Option"))->isChecked());
+        QVERIFY(buttonNamed(shown, QStringLiteral("Option"))->isChecked());
         cancel(shown);
     });
     dialog->show(m_window.get());
@@ -339,7 +258,7 @@ void tst_FileDialogControls::changesWhileOpen()
     controls.AddPushButton(button, L"Action");
     DialogDriver driver;
     driver.onDialog<QFileDialog>("change", [&](QFileDialog& shown) {
-        auto* control = controlNamed(shown, QStringLiteral("Action"));
+        auto* control = buttonNamed(shown, QStringLiteral("Action"));
         controls.SetControlState(button, CDCS_VISIBLE);
         QVERIFY(control->isVisible() && !control->isEnabled());
         control->click();
@@ -350,7 +269,7 @@ void tst_FileDialogControls::changesWhileOpen()
         controls.SetControlLabel(button, L"Other");
         QCOMPARE(control->text(), QStringLiteral("Other"));
         controls.AddCheckButton(box, L"Late", TRUE);
-        auto* late = controlNamed(shown, QStringLiteral("Late"));
+        auto* late = buttonNamed(shown, QStringLiteral("Late"));
         QVERIFY(late && late->isVisible() && late->isChecked());
         late->click();
         controls.MakeProminent(button);
@@ -370,7 +289,7 @@ void tst_FileDialogControls::hiddenOnesTakeNoRoom()
         controls.AddPushButton(id, std::to_wstring(id).c_str());
     DialogDriver driver;
     driver.onDialog<QFileDialog>("hide", [&](QFileDialog& shown) {
-        const auto lastX = [&shown] { return controlNamed(shown, QStringLiteral("3"))->x(); };
+        const auto lastX = [&shown] { return buttonNamed(shown, QStringLiteral("3"))->x(); };
         const auto roomBelow = [&shown] {
             shown.layout()->activate();
             return shown.height() - fileTypeCombo(shown).geometry().bottom();
@@ -406,7 +325,7 @@ void tst_FileDialogControls::rowWraps()
         const QRect inside = bar(shown).rect();
         QRect last;
         for (int id = 1; id <= 6; ++id) {
-            const QRect place = controlNamed(shown, QStringLiteral("A rather long label %1").arg(id))->geometry();
+            const QRect place = buttonNamed(shown, QStringLiteral("A rather long label %1").arg(id))->geometry();
             QVERIFY(inside.contains(place));
             QVERIFY(!place.intersects(last));
             QVERIFY(place.top() > last.top() || place.left() > last.right() || id == 1);
@@ -473,7 +392,7 @@ void tst_FileDialogControls::prominentButton()
     DialogDriver driver;
     driver.onDialog<QFileDialog>("press", [&dialog](QFileDialog& shown) {
         const auto* buttons = shown.findChild<QDialogButtonBox*>();
-        auto* help = qobject_cast<QPushButton*>(controlNamed(shown, QStringLiteral("&Help")));
+        auto* help = qobject_cast<QPushButton*>(buttonNamed(shown, QStringLiteral("&Help")));
         QCOMPARE(buttons->buttonRole(help), QDialogButtonBox::HelpRole);
         QVERIFY(!help->autoDefault());
         QVERIFY(!bar(shown).isVisible());
@@ -505,14 +424,14 @@ void tst_FileDialogControls::rightToLeft()
         const auto mirrored = [direction](const QWidget& widget) {
             return QStyle::visualRect(direction, widget.parentWidget()->rect(), widget.geometry());
         };
-        const QRect first = mirrored(*controlNamed(shown, QStringLiteral("First")));
-        const QRect second = mirrored(*controlNamed(shown, QStringLiteral("Second")));
+        const QRect first = mirrored(*buttonNamed(shown, QStringLiteral("First")));
+        const QRect second = mirrored(*buttonNamed(shown, QStringLiteral("Second")));
         QCOMPARE(first.left(), 0);
         QVERIFY(second.left() > first.right());
         QCOMPARE(mirrored(bar(shown)).left(), mirrored(fileNameEdit(shown)).left());
 
         const QPushButton& accept = acceptButton(shown);
-        const QRect arrowPlace = mirrored(arrow(shown));
+        const QRect arrowPlace = mirrored(acceptMenuArrow(shown));
         QVERIFY(arrowPlace.left() > accept.width() / 2);
         QVERIFY(accept.rect().contains(arrowPlace));
         QVERIFY(accept.width() >= accept.sizeHint().width() + 2 * arrowPlace.width());
@@ -545,12 +464,12 @@ void tst_FileDialogControls::throwingSink()
     driver.onDialog<QFileDialog>("act", [&event](QFileDialog& shown) {
         typeName(shown, QStringLiteral("a.dat"));
         if (event.startsWith(QLatin1String("button")))
-            controlNamed(shown, QStringLiteral("Action"))->click();
+            buttonNamed(shown, QStringLiteral("Action"))->click();
         else if (event.startsWith(QLatin1String("check")))
-            controlNamed(shown, QStringLiteral("Option"))->click();
+            buttonNamed(shown, QStringLiteral("Option"))->click();
         else {
-            pickRow(1);
-            QTest::mouseClick(&arrow(shown), Qt::LeftButton);
+            pickFromMenu(1);
+            QTest::mouseClick(&acceptMenuArrow(shown), Qt::LeftButton);
         }
     });
     QVERIFY_EXCEPTION_THROWN(dialog->show(m_window.get()), std::runtime_error);
@@ -578,260 +497,6 @@ void tst_FileDialogControls::closedByAButton()
     QCOMPARE(dialog->show(m_window.get()), S_OK);
     QCOMPARE(dialog->result(), QString());
     QCOMPARE(dialog->sink().events, (QStringList{"folder", "button 1"}));
-}
-
-// The accept button's menu
-
-void tst_FileDialogControls::menuByMouse()
-{
-    const auto dialog = makeDialog();
-    addItems(*dialog);
-    DialogDriver driver;
-    driver.onDialog<QFileDialog>("pick", [](QFileDialog& shown) {
-        typeName(shown, QStringLiteral("a.dat"));
-        QCOMPARE(arrow(shown).accessibleName(), QStringLiteral("More ways to open"));
-        QCOMPARE(menuTexts(shown), (QStringList{"&Open", "Open &read-only", "Open a &copy"}));
-        whenMenuIsOpen([](QMenu& open) {
-            QTest::mouseClick(&open, Qt::LeftButton, Qt::NoModifier,
-                              open.actionGeometry(open.actions().at(2)).center());
-        });
-        QTest::mouseClick(&arrow(shown), Qt::LeftButton);
-    });
-    QCOMPARE(dialog->show(m_window.get()), S_OK);
-    QCOMPARE(dialog->sink().events, (QStringList{"folder", "item 3 12", "ok"}));
-    QCOMPARE(dialog->selectedItem(menu), qint64(CopyItem));
-    QCOMPARE(dialog->result(), m_folders->path(QStringLiteral("a.dat")));
-}
-
-void tst_FileDialogControls::menuByKeyboard_data()
-{
-    QTest::addColumn<bool>("onArrow");
-    QTest::addColumn<int>("key");
-    QTest::addColumn<int>("modifiers");
-
-    QTest::newRow("Down on the button") << false << int(Qt::Key_Down) << int(Qt::NoModifier);
-    QTest::newRow("Alt+Down on the button") << false << int(Qt::Key_Down) << int(Qt::AltModifier);
-    QTest::newRow("Down on the arrow") << true << int(Qt::Key_Down) << int(Qt::NoModifier);
-    QTest::newRow("Space on the arrow") << true << int(Qt::Key_Space) << int(Qt::NoModifier);
-    QTest::newRow("Return on the arrow") << true << int(Qt::Key_Return) << int(Qt::NoModifier);
-}
-
-void tst_FileDialogControls::menuByKeyboard()
-{
-    QFETCH(bool, onArrow);
-    QFETCH(int, key);
-    QFETCH(int, modifiers);
-    const auto dialog = makeDialog();
-    addItems(*dialog);
-    DialogDriver driver;
-    driver.onDialog<QFileDialog>("pick", [=](QFileDialog& shown) {
-        typeName(shown, QStringLiteral("a.dat"));
-        QWidget& start = onArrow ? static_cast<QWidget&>(arrow(shown)) : acceptButton(shown);
-        takeKeyboardFocus(start);
-        pickRow(1);
-        QTest::keyClick(&start, Qt::Key(key), Qt::KeyboardModifiers(modifiers));
-    });
-    QCOMPARE(dialog->show(m_window.get()), S_OK);
-    QCOMPARE(dialog->sink().events, (QStringList{"folder", "item 3 11", "ok"}));
-    QCOMPARE(dialog->selectedItem(menu), qint64(ReadOnlyItem));
-}
-
-void tst_FileDialogControls::acceptButtonStandsForTheFirstItem()
-{
-    const auto dialog = makeDialog();
-    addItems(*dialog);
-    dialog->controls().SetSelectedControlItem(menu, CopyItem);
-    DialogDriver driver;
-    driver.onDialog<QFileDialog>("accept", [](QFileDialog& shown) {
-        typeName(shown, QStringLiteral("a.dat"));
-        QTest::mouseClick(&acceptButton(shown), Qt::LeftButton);
-    });
-    QCOMPARE(dialog->show(m_window.get()), S_OK);
-    QCOMPARE(dialog->selectedItem(menu), qint64(PlainItem));
-    QCOMPARE(dialog->sink().events, (QStringList{"folder", "ok"}));
-}
-
-void tst_FileDialogControls::saveMenu()
-{
-    const auto dialog = makeDialog(CLSID_FileSaveDialog);
-    dialog->controls().EnableOpenDropDown(menu);
-    dialog->controls().AddControlItem(menu, PlainItem, L"&Save");
-    dialog->controls().AddControlItem(menu, CopyItem, L"Save a &copy");
-    DialogDriver driver;
-    driver.onDialog<QFileDialog>("pick", [](QFileDialog& shown) {
-        QCOMPARE(arrow(shown).accessibleName(), QStringLiteral("More ways to save"));
-        typeName(shown, QStringLiteral("a.dat"));
-        pickRow(1);
-        QTest::mouseClick(&arrow(shown), Qt::LeftButton);
-    });
-    driver.onDialog<QMessageBox>("no", [&dialog](QMessageBox& question) {
-        QCOMPARE(dialog->sink().events, QStringList{"folder"});
-        question.button(QMessageBox::No)->click();
-    });
-    driver.onDialog<QFileDialog>("pick again", [&dialog](QFileDialog& shown) {
-        QCOMPARE(dialog->sink().events, QStringList{"folder"}); // the first choice only entered a folder
-        typeName(shown, QStringLiteral("new.dat"));
-        pickRow(1);
-        QTest::mouseClick(&arrow(shown), Qt::LeftButton);
-    });
-    QCOMPARE(dialog->show(m_window.get()), S_OK);
-    QCOMPARE(dialog->sink().events, (QStringList{"folder", "item 3 12", "ok"}));
-    QCOMPARE(dialog->result(), m_folders->path(QStringLiteral("new.dat")));
-}
-
-/// Entering a folder does not close the dialog, whichever button or item the user pressed.
-void tst_FileDialogControls::menuAndFolders()
-{
-    const auto dialog = makeDialog();
-    addItems(*dialog);
-    DialogDriver driver;
-    driver.onDialog<QFileDialog>("go", [](QFileDialog& shown) {
-        typeName(shown, QStringLiteral("deeper"));
-        pickRow(1);
-        QTest::mouseClick(&arrow(shown), Qt::LeftButton);
-    });
-    const QString deeper = m_folders->path(QStringLiteral("deeper"));
-    driver.onDialogWhen<QFileDialog>(
-        "accept", [&deeper](QFileDialog& shown) { return shown.directory().path() == deeper; },
-        [&dialog](QFileDialog& shown) {
-            QCOMPARE(dialog->selectedItem(menu), qint64(PlainItem));
-            acceptName(shown, QStringLiteral("d.dat"));
-        });
-    QCOMPARE(dialog->show(m_window.get()), S_OK);
-    QCOMPARE(dialog->sink().events, (QStringList{"folder", "folder", "ok"}));
-    QCOMPARE(dialog->selectedItem(menu), qint64(PlainItem));
-}
-
-void tst_FileDialogControls::menuNeedsSomethingAcceptable()
-{
-    const auto dialog = makeDialog();
-    addItems(*dialog);
-    DialogDriver driver;
-    driver.onDialog<QFileDialog>("look", [](QFileDialog& shown) {
-        typeName(shown, QStringLiteral("missing"));
-        QVERIFY(!acceptButton(shown).isEnabled());
-        QVERIFY(!arrow(shown).isEnabled());
-        typeName(shown, QStringLiteral("a.dat"));
-        QVERIFY(arrow(shown).isEnabled());
-        cancel(shown);
-    });
-    dialog->show(m_window.get());
-}
-
-void tst_FileDialogControls::menuAndRefusal()
-{
-    const auto dialog = makeDialog();
-    addItems(*dialog);
-    int asked = 0;
-    dialog->sink().whenTold = [&dialog, &asked](const QString& event) {
-        if (event != QLatin1String("ok"))
-            return S_OK;
-        ++asked;
-        return dialog->selectedItem(menu) == ReadOnlyItem ? HRESULT(S_FALSE) : S_OK;
-    };
-    DialogDriver driver;
-    driver.onDialog<QFileDialog>("pick", [](QFileDialog& shown) {
-        typeName(shown, QStringLiteral("a.dat"));
-        pickRow(1);
-        QTest::mouseClick(&arrow(shown), Qt::LeftButton);
-    });
-    driver.onDialogWhen<QFileDialog>(
-        "the button itself", [&asked](QFileDialog&) { return asked == 1; },
-        [](QFileDialog& shown) { acceptButton(shown).click(); });
-    QCOMPARE(dialog->show(m_window.get()), S_OK);
-    QCOMPARE(dialog->sink().events, (QStringList{"folder", "item 3 11", "ok", "ok"}));
-    QCOMPARE(dialog->selectedItem(menu), qint64(PlainItem));
-}
-
-void tst_FileDialogControls::menuChangesWhileOpen()
-{
-    const auto dialog = makeDialog();
-    IFileDialogCustomize& controls = dialog->controls();
-    controls.AddPushButton(button, L"Action");
-    DialogDriver driver;
-    driver.onDialog<QFileDialog>("change", [&](QFileDialog& shown) {
-        typeName(shown, QStringLiteral("a.dat"));
-        const int plainWidth = acceptButton(shown).minimumWidth();
-        QVERIFY(!arrow(shown).isVisible());
-        QTest::keyClick(&acceptButton(shown), Qt::Key_Down); // the menu is empty and does not open
-        addItems(*dialog);
-        QVERIFY(arrow(shown).isVisible());
-        QVERIFY(acceptButton(shown).minimumWidth() > plainWidth);
-        controls.SetControlItemState(menu, ReadOnlyItem, CDCS_ENABLED);
-        QCOMPARE(menuTexts(shown), (QStringList{"&Open", "Open a &copy"}));
-        controls.SetControlItemState(menu, CopyItem, CDCS_VISIBLE);
-        QVERIFY(!arrow(shown).menu()->actions().at(1)->isEnabled());
-        controls.SetControlItemText(menu, CopyItem, L"Other");
-        QCOMPARE(menuTexts(shown), (QStringList{"&Open", "Other"}));
-        controls.RemoveControlItem(menu, CopyItem);
-        QCOMPARE(menuTexts(shown), QStringList{"&Open"});
-        controls.SetControlState(menu, CDCS_VISIBLE);
-        QVERIFY(arrow(shown).isVisible() && !arrow(shown).isEnabled() && acceptButton(shown).isEnabled());
-        controls.SetControlState(menu, CDCS_ENABLED);
-        QVERIFY(!arrow(shown).isVisible());
-        QCOMPARE(acceptButton(shown).minimumWidth(), plainWidth);
-        controls.SetControlState(menu, CDCS_ENABLEDVISIBLE);
-        QVERIFY(arrow(shown).isVisible() && arrow(shown).isEnabled());
-        controls.RemoveAllControlItems(menu);
-        QVERIFY(!arrow(shown).isVisible());
-        cancel(shown);
-    });
-    dialog->show(m_window.get());
-}
-
-void tst_FileDialogControls::labelOfTheAcceptButton()
-{
-    const auto dialog = makeDialog();
-    addItems(*dialog);
-    IFileDialogCustomize& controls = dialog->controls();
-    controls.SetControlItemText(menu, PlainItem, L"Open &all");
-    DialogDriver driver;
-    driver.onDialog<QFileDialog>("look", [&](QFileDialog& shown) {
-        const QPushButton& accept = acceptButton(shown);
-        QCOMPARE(accept.text(), QStringLiteral("Open &all"));
-        typeName(shown, QStringLiteral("deeper")); // the button opens the folder, whatever the first item is
-        QCOMPARE(accept.text(), QStringLiteral("&Open"));
-        typeName(shown, QStringLiteral("a.dat"));
-        QCOMPARE(accept.text(), QStringLiteral("Open &all"));
-        controls.SetControlItemState(menu, PlainItem, CDCS_ENABLED);
-        QCOMPARE(accept.text(), QStringLiteral("Open &read-only"));
-        controls.SetControlState(menu, CDCS_INACTIVE);
-        QCOMPARE(accept.text(), QStringLiteral("&Open"));
-        (*dialog)->SetOkButtonLabel(L"Take");
-        QCOMPARE(accept.text(), QStringLiteral("Take"));
-        controls.SetControlState(menu, CDCS_ENABLEDVISIBLE);
-        QCOMPARE(accept.text(), QStringLiteral("Open &read-only"));
-        cancel(shown);
-    });
-    dialog->show(m_window.get());
-}
-
-void tst_FileDialogControls::closedUnderTheMenu()
-{
-    const auto dialog = makeDialog();
-    addItems(*dialog);
-    DialogDriver driver;
-    driver.onDialog<QFileDialog>("open, close", [&dialog](QFileDialog& shown) {
-        typeName(shown, QStringLiteral("a.dat"));
-        whenMenuIsOpen([&dialog](QMenu&) { (*dialog)->Close(E_FAIL); });
-        QTest::mouseClick(&arrow(shown), Qt::LeftButton);
-    });
-    QCOMPARE(dialog->show(m_window.get()), E_FAIL);
-    QVERIFY(!QApplication::activePopupWidget());
-}
-
-void tst_FileDialogControls::ownerDestroyedUnderTheMenu()
-{
-    const auto dialog = makeDialog();
-    addItems(*dialog);
-    DialogDriver driver;
-    driver.onDialog<QFileDialog>("open, destroy", [this](QFileDialog& shown) {
-        typeName(shown, QStringLiteral("a.dat"));
-        whenMenuIsOpen([this](QMenu&) { m_window.reset(); });
-        QTest::mouseClick(&arrow(shown), Qt::LeftButton);
-    });
-    QCOMPARE(dialog->show(m_window.get()), cancelledResult);
-    QVERIFY(!QApplication::activePopupWidget());
 }
 
 UI_TEST_MAIN(tst_FileDialogControls)

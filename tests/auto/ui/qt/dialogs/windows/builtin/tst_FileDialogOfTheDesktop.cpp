@@ -9,7 +9,6 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
-#include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QPushButton>
@@ -238,14 +237,14 @@ void tst_FileDialogOfTheDesktop::isDrawnByQtWhereTheDesktopShowsNone()
     DialogDriver driver;
     driver.onDialog<QFileDialog>("look, pick, accept", [this, &dialog](QFileDialog& shown) {
         QCOMPARE(shown.windowTitle(), QStringLiteral("Title"));
-        auto* const accept = shown.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Save);
-        QCOMPARE(accept->text(), QStringLiteral("&Write"));
+        QPushButton& accept = acceptButton(shown);
+        QCOMPARE(accept.text(), QStringLiteral("&Write"));
         QCOMPARE(shown.labelText(QFileDialog::FileName), QStringLiteral("&Run:"));
         QCOMPARE(shown.directory().path(), m_folders->path());
         QCOMPARE(fileTypeCombo(shown).currentIndex(), 1);
         QCOMPARE(fileNameEdit(shown).text(), QStringLiteral("new.csv"));
         takeKeyboardFocus(fileNameEdit(shown));
-        for (QWidget* next : {static_cast<QWidget*>(&fileTypeCombo(shown)), static_cast<QWidget*>(accept)}) {
+        for (QWidget* next : {static_cast<QWidget*>(&fileTypeCombo(shown)), static_cast<QWidget*>(&accept)}) {
             QTest::keyClick(shown.focusWidget(), Qt::Key_Tab);
             QCOMPARE(shown.focusWidget(), next);
         }
