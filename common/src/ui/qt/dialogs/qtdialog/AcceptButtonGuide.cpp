@@ -110,8 +110,9 @@ bool AcceptButtonGuide::eventFilter(QObject* watched, QEvent* event)
 void AcceptButtonGuide::followFolder()
 {
     if (waitsForFile())
-        m_widgets.updateAcceptButton();
-    update();
+        m_widgets.updateAcceptButton(); // The file-name box emits textChanged(), and its slot calls update().
+    else
+        update();
 }
 
 /// Returns whether the Open button is disabled although a name is typed. In all other cases the button is up to date,

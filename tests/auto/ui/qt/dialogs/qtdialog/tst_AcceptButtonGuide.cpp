@@ -59,6 +59,7 @@ private Q_SLOTS:
     void enablesForAFileThatComesLater_data();
     void enablesForAFileThatComesLater();
     void leavesTheButtonsTextAlone();
+    void leavesTheLastWordToTheApplication();
 
 private:
     std::unique_ptr<DrawnDialogs> m_place;
@@ -250,6 +251,25 @@ void tst_AcceptButtonGuide::leavesTheButtonsTextAlone()
     const auto* model = dialog->findChild<QFileSystemModel*>(QStringLiteral("qt_filesystem_model"));
     QTRY_COMPARE(model->rowCount(model->index(m_place->path())), 3);
     QCOMPARE(acceptButton(*dialog).text(), QStringLiteral("Take it"));
+}
+
+/// A slot of the application that disables the button runs after the guide, also when a file appears.
+void tst_AcceptButtonGuide::leavesTheLastWordToTheApplication()
+{
+    const QString name = QStringLiteral("5' disk \".dat");
+    m_place->window.show();
+    const auto dialog = m_place->makeQt(QFileDialog::AcceptOpen);
+    dialog->show();
+    typeName(*dialog, name);
+    QVERIFY(!acceptButton(*dialog).isEnabled());
+    int enabled = 0;
+    connect(&fileNameEdit(*dialog), &QLineEdit::textChanged, this, [&] {
+        enabled += acceptButton(*dialog).isEnabled();
+        acceptButton(*dialog).setEnabled(false);
+    });
+    m_place->folders.addFile(name);
+    QTRY_VERIFY(enabled > 0);
+    QVERIFY(!acceptButton(*dialog).isEnabled());
 }
 
 UI_TEST_MAIN(tst_AcceptButtonGuide)
