@@ -15,7 +15,7 @@ ExtendedFileDialog::ExtendedFileDialog(QWidget& parent, const std::string& capti
             std::make_unique<ExtendedWinFileDialog>(parent, caption, directory, filter, helpTopic, mode, false);
     else {
         m_qtDialog = std::make_unique<QExtendedFileDialog>(parent, caption, directory, filter, helpTopic, mode);
-        m_qtDialog->outliveParent();
+        m_qtDialog->outliveParent(QExtendedFileDialog::Outlives::Always);
     }
 }
 

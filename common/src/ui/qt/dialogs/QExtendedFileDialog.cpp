@@ -195,24 +195,20 @@ void QExtendedFileDialog::cancelRunAndDelete()
     cancelRun();
 }
 
-/// Prevents the parent from deleting this dialog. Its run ends when the parent is destroyed.
-void QExtendedFileDialog::outliveParent()
-{
-    connect(parentWidget(), &QObject::destroyed, this, [this] {
-        cancelRun();
-        setParent(nullptr, windowFlags());
-    });
-}
-
-/// Delays the deletion of a dialog on the heap by its parent to the end of a run that is in progress.
-void QExtendedFileDialog::outliveParentWhileRunning()
+/// Cancels the run when the parent is destroyed, and prevents the parent from deleting the dialog. With
+/// Outlives::WhileRunning the parent owns the dialog, which must be on the heap: the dialog deletes itself at the end
+/// of a run that is in progress, and its parent deletes it otherwise.
+void QExtendedFileDialog::outliveParent(Outlives outlives)
 {
     if (!parentWidget())
         return;
-    connect(parentWidget(), &QObject::destroyed, this, [this] {
-        if (!m_running)
+    connect(parentWidget(), &QObject::destroyed, this, [this, outlives] {
+        if (outlives == Outlives::Always)
+            cancelRun();
+        else if (m_running)
+            cancelRunAndDelete();
+        else
             return;
-        cancelRunAndDelete();
         setParent(nullptr, windowFlags());
     });
 }

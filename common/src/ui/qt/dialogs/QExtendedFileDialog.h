@@ -151,8 +151,8 @@ private:
     static void endRun(QExtendedFileDialog* dialog);
     void cancelRun();
     void cancelRunAndDelete();
-    void outliveParent();
-    void outliveParentWhileRunning();
+    enum class Outlives { Always, WhileRunning };
+    void outliveParent(Outlives outlives);
     void releaseFileNameEdit();
 
     void saveSizeAndPosition();

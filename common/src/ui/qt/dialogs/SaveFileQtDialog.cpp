@@ -22,7 +22,7 @@ public:
                const std::string& helpTopic)
             : SaveDialogAdapter(parent, caption, directory, filter, helpTopic, QFileDialog::AcceptSave)
         {
-            outliveParentWhileRunning();
+            outliveParent(Outlives::WhileRunning);
         }
 
         void cancelRun() override { QExtendedFileDialog::cancelRun(); }
