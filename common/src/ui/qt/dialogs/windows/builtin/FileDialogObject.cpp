@@ -86,16 +86,35 @@ void FileDialogObject<DialogInterface>::guarded(const Tell& tell) noexcept
     }
 }
 
+/// Calls `event` of each sink with this dialog.
+template <typename DialogInterface>
+template <typename Event>
+void FileDialogObject<DialogInterface>::tell(Event event) noexcept
+{
+    guarded([this, event] { m_sinks.forEach([this, event](IFileDialogEvents& sink) { (sink.*event)(this); }); });
+}
+
+/// Calls `event` of each sink that listens to controls, with this dialog and `arguments`.
+template <typename DialogInterface>
+template <typename Event, typename... Arguments>
+void FileDialogObject<DialogInterface>::tellOfControl(Event event, Arguments... arguments) noexcept
+{
+    guarded([this, event, arguments...] {
+        m_sinks.forEachWithControls(
+            [this, event, arguments...](IFileDialogControlEvents& sink) { (sink.*event)(this, arguments...); });
+    });
+}
+
 template <typename DialogInterface>
 void FileDialogObject<DialogInterface>::folderChanged() noexcept
 {
-    guarded([this] { m_sinks.forEach([this](IFileDialogEvents& sink) { sink.OnFolderChange(this); }); });
+    tell(&IFileDialogEvents::OnFolderChange);
 }
 
 template <typename DialogInterface>
 void FileDialogObject<DialogInterface>::typeChanged() noexcept
 {
-    guarded([this] { m_sinks.forEach([this](IFileDialogEvents& sink) { sink.OnTypeChange(this); }); });
+    tell(&IFileDialogEvents::OnTypeChange);
 }
 
 template <typename DialogInterface>
@@ -117,29 +136,19 @@ bool FileDialogObject<DialogInterface>::mayAccept(const QStringList& files) noex
 template <typename DialogInterface>
 void FileDialogObject<DialogInterface>::buttonClicked(DWORD control) noexcept
 {
-    guarded([this, control] {
-        m_sinks.forEachWithControls(
-            [this, control](IFileDialogControlEvents& sink) { sink.OnButtonClicked(this, control); });
-    });
+    tellOfControl(&IFileDialogControlEvents::OnButtonClicked, control);
 }
 
 template <typename DialogInterface>
 void FileDialogObject<DialogInterface>::checkButtonToggled(DWORD control, bool checked) noexcept
 {
-    guarded([this, control, checked] {
-        m_sinks.forEachWithControls([this, control, checked](IFileDialogControlEvents& sink) {
-            sink.OnCheckButtonToggled(this, control, checked ? TRUE : FALSE);
-        });
-    });
+    tellOfControl(&IFileDialogControlEvents::OnCheckButtonToggled, control, checked ? TRUE : FALSE);
 }
 
 template <typename DialogInterface>
 void FileDialogObject<DialogInterface>::itemSelected(DWORD menu, DWORD item) noexcept
 {
-    guarded([this, menu, item] {
-        m_sinks.forEachWithControls(
-            [this, menu, item](IFileDialogControlEvents& sink) { sink.OnItemSelected(this, menu, item); });
-    });
+    tellOfControl(&IFileDialogControlEvents::OnItemSelected, menu, item);
 }
 
 template <typename DialogInterface>
@@ -216,7 +225,7 @@ HRESULT FileDialogObject<DialogInterface>::SetDefaultExtension(LPCWSTR extension
     return S_OK;
 }
 
-// Folder and file name
+// Folder
 
 template <typename DialogInterface>
 HRESULT FileDialogObject<DialogInterface>::SetDefaultFolder(IShellItem* folder)
@@ -250,13 +259,23 @@ HRESULT FileDialogObject<DialogInterface>::GetFolder(IShellItem** folder)
     return *folder ? S_OK : E_FAIL;
 }
 
+// File name and labels
+
+/// Stores a text of the request. Calls `apply` if the window is open.
+template <typename DialogInterface>
+template <typename Apply>
+HRESULT FileDialogObject<DialogInterface>::setText(QString FileDialogRequest::*member, LPCWSTR text, const Apply& apply)
+{
+    m_request.*member = textOf(text);
+    if (m_window)
+        apply();
+    return S_OK;
+}
+
 template <typename DialogInterface>
 HRESULT FileDialogObject<DialogInterface>::SetFileName(LPCWSTR name)
 {
-    m_request.fileName = textOf(name);
-    if (m_window)
-        m_window->setFileName(m_request.fileName);
-    return S_OK;
+    return setText(&FileDialogRequest::fileName, name, [this] { m_window->setFileName(m_request.fileName); });
 }
 
 template <typename DialogInterface>
@@ -268,33 +287,22 @@ HRESULT FileDialogObject<DialogInterface>::GetFileName(LPWSTR* name)
     return *name ? S_OK : E_OUTOFMEMORY;
 }
 
-// Labels
-
 template <typename DialogInterface>
 HRESULT FileDialogObject<DialogInterface>::SetTitle(LPCWSTR title)
 {
-    m_request.title = textOf(title);
-    if (m_window)
-        m_window->setWindowTitle(m_request.title);
-    return S_OK;
+    return setText(&FileDialogRequest::title, title, [this] { m_window->setWindowTitle(m_request.title); });
 }
 
 template <typename DialogInterface>
 HRESULT FileDialogObject<DialogInterface>::SetOkButtonLabel(LPCWSTR text)
 {
-    m_request.acceptLabel = textOf(text);
-    if (m_window)
-        m_window->updateLabels();
-    return S_OK;
+    return setText(&FileDialogRequest::acceptLabel, text, [this] { m_window->updateLabels(); });
 }
 
 template <typename DialogInterface>
 HRESULT FileDialogObject<DialogInterface>::SetFileNameLabel(LPCWSTR label)
 {
-    m_request.fileNameLabel = textOf(label);
-    if (m_window)
-        m_window->updateLabels();
-    return S_OK;
+    return setText(&FileDialogRequest::fileNameLabel, label, [this] { m_window->updateLabels(); });
 }
 
 // Results

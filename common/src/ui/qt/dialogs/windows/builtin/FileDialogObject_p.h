@@ -79,6 +79,12 @@ private:
 
     template <typename Tell>
     void guarded(const Tell& tell) noexcept;
+    template <typename Event>
+    void tell(Event event) noexcept;
+    template <typename Event, typename... Arguments>
+    void tellOfControl(Event event, Arguments... arguments) noexcept;
+    template <typename Apply>
+    HRESULT setText(QString FileDialogRequest::*member, LPCWSTR text, const Apply& apply);
     HRESULT resultOf(bool accepted) const;
 
     const IID m_iid;
