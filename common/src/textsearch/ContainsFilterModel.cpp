@@ -34,14 +34,12 @@ void ContainsFilterModel::setSourceModel(QAbstractItemModel* model)
     if (sourceModel())
         disconnect(sourceModel(), nullptr, this, nullptr);
     QAbstractProxyModel::setSourceModel(model);
-    m_source = sourceModel();
     followModel();
     endResetModel();
 }
 
 void ContainsFilterModel::setTextColumn(int column, int role)
 {
-    letGoOfDyingModel();
     if (column == m_column && role == m_role)
         return;
     if (!std::exchange(m_isSourceChanging, false))
@@ -59,23 +57,15 @@ void ContainsFilterModel::followModel()
     if (m_texts)
         disconnect(m_texts, nullptr, this, nullptr);
     m_texts.clear();
-    if (!m_source)
+    if (!sourceModel())
         return;
-    m_texts = &ModelTexts::of(*m_source, m_column, m_role);
+    m_texts = &ModelTexts::of(*sourceModel(), m_column, m_role);
     m_generation = m_texts->generation();
     connect(m_texts, &ModelTexts::aboutToChange, this, &ContainsFilterModel::onAboutToChange);
     connect(m_texts, &ModelTexts::changed, this, &ContainsFilterModel::onTextsChanged);
-    connect(m_source, &QAbstractItemModel::dataChanged, this, &ContainsFilterModel::onDataChanged,
+    connect(sourceModel(), &QAbstractItemModel::dataChanged, this, &ContainsFilterModel::onDataChanged,
             Qt::UniqueConnection);
-    connect(m_source, &QObject::destroyed, this, &ContainsFilterModel::onModelDestroyed, Qt::UniqueConnection);
-}
-
-/// Drops a source model whose destructor is running and has not notified this model yet. QAbstractProxyModel would ask
-/// it for its role names at the next reset, which a half-destroyed model cannot answer.
-void ContainsFilterModel::letGoOfDyingModel()
-{
-    if (!m_source && sourceModel())
-        setSourceModel(nullptr);
+    connect(sourceModel(), &QObject::destroyed, this, &ContainsFilterModel::onModelDestroyed, Qt::UniqueConnection);
 }
 
 void ContainsFilterModel::onModelDestroyed()
@@ -87,7 +77,6 @@ void ContainsFilterModel::onModelDestroyed()
 
 void ContainsFilterModel::setContainedText(const QString& text, Qt::CaseSensitivity caseSensitivity)
 {
-    letGoOfDyingModel();
     if (isShown(text, caseSensitivity) && isCurrent())
         return;
     beginResetModel();
@@ -149,7 +138,7 @@ void ContainsFilterModel::dropOldResults()
         return std::accumulate(m_results.begin(), m_results.end(), qint64(0),
                                [](qint64 sum, const Result& result) { return sum + result.found.byteCount(); });
     };
-    while (m_results.size() > 1 && held() > keptResults * m_source->rowCount() * qint64(sizeof(int)))
+    while (m_results.size() > 1 && held() > keptResults * sourceModel()->rowCount() * qint64(sizeof(int)))
         m_results.erase(m_results.begin());
 }
 
@@ -173,14 +162,14 @@ QModelIndex ContainsFilterModel::parent(const QModelIndex&) const
 
 int ContainsFilterModel::rowCount(const QModelIndex& parent) const
 {
-    if (parent.isValid() || !m_source)
+    if (parent.isValid() || !sourceModel())
         return 0;
-    return shownRows() ? shownRows()->size() : m_source->rowCount();
+    return shownRows() ? shownRows()->size() : sourceModel()->rowCount();
 }
 
 int ContainsFilterModel::columnCount(const QModelIndex& parent) const
 {
-    return parent.isValid() || !m_source ? 0 : m_source->columnCount();
+    return parent.isValid() || !sourceModel() ? 0 : sourceModel()->columnCount();
 }
 
 bool ContainsFilterModel::hasChildren(const QModelIndex& parent) const
@@ -190,8 +179,8 @@ bool ContainsFilterModel::hasChildren(const QModelIndex& parent) const
 
 bool ContainsFilterModel::canFetchMore(const QModelIndex& parent) const
 {
-    return !parent.isValid() && !m_refusesToFetch && m_texts && !m_texts->isChangeUnderWay() && m_source
-           && m_source->canFetchMore({});
+    return !parent.isValid() && !m_refusesToFetch && m_texts && !m_texts->isChangeUnderWay() && sourceModel()
+           && sourceModel()->canFetchMore({});
 }
 
 /// Fetches all rows in a loop. QCompleter calls fetchMore() whenever rows have been inserted, within the call that
@@ -202,9 +191,9 @@ void ContainsFilterModel::fetchMore(const QModelIndex& parent)
         return;
     m_refusesToFetch = true;
     const QPointer<ContainsFilterModel> self(this);
-    for (int rows = -1; self && canFetchFrom(m_source, rows);) {
-        rows = m_source->rowCount();
-        m_source->fetchMore({});
+    for (int rows = -1; self && canFetchFrom(sourceModel(), rows);) {
+        rows = sourceModel()->rowCount();
+        sourceModel()->fetchMore({});
     }
     if (self)
         m_refusesToFetch = false;
@@ -213,35 +202,35 @@ void ContainsFilterModel::fetchMore(const QModelIndex& parent)
 QVariant ContainsFilterModel::data(const QModelIndex& index, int role) const
 {
     const QModelIndex source = mapToSource(index);
-    return source.isValid() ? m_source->data(source, role) : QVariant();
+    return source.isValid() ? sourceModel()->data(source, role) : QVariant();
 }
 
 Qt::ItemFlags ContainsFilterModel::flags(const QModelIndex& index) const
 {
     const QModelIndex source = mapToSource(index);
-    return source.isValid() ? m_source->flags(source) : Qt::ItemFlags();
+    return source.isValid() ? sourceModel()->flags(source) : Qt::ItemFlags();
 }
 
 QModelIndex ContainsFilterModel::mapToSource(const QModelIndex& index) const
 {
-    if (!index.isValid() || !m_source)
+    if (!index.isValid() || !sourceModel())
         return {};
     const int row = shownRows() ? shownRows()->value(index.row(), -1) : index.row();
-    if (!m_source->hasIndex(row, index.column()) || (shownRows() && !isCurrent() && !containsNow(row)))
+    if (!sourceModel()->hasIndex(row, index.column()) || (shownRows() && !isCurrent() && !containsNow(row)))
         return {};
-    return m_source->index(row, index.column());
+    return sourceModel()->index(row, index.column());
 }
 
 bool ContainsFilterModel::containsNow(int sourceRow) const
 {
     const TextSearch& search = m_results.back().search;
-    const QModelIndex index = m_source->index(sourceRow, m_column);
+    const QModelIndex index = sourceModel()->index(sourceRow, m_column);
     return index.isValid() && index.data(m_role).toString().contains(search.text(), search.caseSensitivity());
 }
 
 QModelIndex ContainsFilterModel::mapFromSource(const QModelIndex& index) const
 {
-    if (!index.isValid() || index.model() != m_source || index.parent().isValid())
+    if (!index.isValid() || index.model() != sourceModel() || index.parent().isValid())
         return {};
     if (!shownRows())
         return createIndex(index.row(), index.column());

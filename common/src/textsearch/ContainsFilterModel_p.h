@@ -24,7 +24,8 @@ class ModelTexts;
 ///
 /// fetchMore() fetches all rows that the source model has not fetched yet, batch by batch.
 ///
-/// The source model may be destroyed before this model. GUI thread only.
+/// The source model may be destroyed before this model. While its destructor runs, this model must not be called until
+/// it has received destroyed(). GUI thread only.
 class COMMON_UI_QT_INTERNAL_EXPORT ContainsFilterModel : public QAbstractProxyModel
 {
     Q_OBJECT
@@ -68,7 +69,6 @@ private:
     };
 
     void followModel();
-    void letGoOfDyingModel();
     void endResetWithoutFetching();
     bool isShown(const QString& text, Qt::CaseSensitivity caseSensitivity) const;
     bool isCurrent() const;
@@ -85,10 +85,9 @@ private:
     /// The results for successively longer needles, each of which contains the one before. They make deleting
     /// characters cheap. The last result is shown; if there is none, all rows are shown.
     std::vector<Result> m_results;
-    quint64 m_generation = 0;              ///< generation of the texts that were searched
-    bool m_isSourceChanging = false;       ///< a reset has begun because the source model is changing
-    bool m_refusesToFetch = false;         ///< canFetchMore() returns false meanwhile
-    QPointer<QAbstractItemModel> m_source; ///< null once its ~QObject() runs, unlike sourceModel()
+    quint64 m_generation = 0;        ///< generation of the texts that were searched
+    bool m_isSourceChanging = false; ///< a reset has begun because the source model is changing
+    bool m_refusesToFetch = false;   ///< canFetchMore() returns false meanwhile
     QPointer<ModelTexts> m_texts;
     int m_column = 0;
     int m_role = Qt::EditRole;

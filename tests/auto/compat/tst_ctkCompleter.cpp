@@ -498,6 +498,13 @@ void tst_ctkCompleter::isUsedWhileTheModelGoes_data()
     // A combo box of a newer Qt does this while its model is being replaced.
     QTest::newRow("prefix") << Change(
         [](Editor& editor) { editor.completer->setCompletionPrefix(QStringLiteral("Red")); });
+    QTest::newRow("completions") << Change([](Editor& editor) {
+        const QAbstractItemModel& completions = *editor.completer->completionModel();
+        QVERIFY(!completions.index(0, 0).data().isValid());
+        QCOMPARE(completions.flags(completions.index(0, 0)), Qt::ItemFlags());
+        QCOMPARE(completions.columnCount(), 0);
+        QVERIFY(!completions.canFetchMore({}));
+    });
     QTest::newRow("model") << Change([](Editor& editor) { editor.completer->setModel(nullptr); });
     QTest::newRow("filtering") << Change(
         [](Editor& editor) { editor.completer->setModelFiltering(ctkCompleter::FilterStartsWith); });

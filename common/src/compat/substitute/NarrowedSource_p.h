@@ -71,6 +71,7 @@ private:
     void find(const Question& question);
     bool isAnswered(const Question& question) const;
 
+    /// Null once its destructor runs, unlike sourceModel(). Neither the source model nor the filter may be used then.
     QPointer<QAbstractItemModel> m_source;
     ContainsFilterModel* m_filter;
     Question m_question;
