@@ -13,8 +13,8 @@ namespace {
 
 using Model = QAbstractItemModel;
 
-/// The number of rows from which on the library searches. QCompleter searches fewer rows faster than a screen
-/// refreshes.
+/// The minimum number of rows that are narrowed. QCompleter filters fewer rows in less time than a screen refresh
+/// takes.
 constexpr int manyRows = 1000;
 
 } // namespace
@@ -32,7 +32,7 @@ void NarrowedSource::setSourceModel(QAbstractItemModel* model)
     if (m_source)
         disconnect(m_source, nullptr, this, nullptr);
     m_isNarrowed = false;
-    // Connects before the filter does, because this model must be notified first when the source is destroyed.
+    // This model connects before the filter, because it must be notified first when the source model is destroyed.
     m_source = model;
     QAbstractProxyModel::setSourceModel(model);
     followSource();
@@ -73,15 +73,15 @@ bool NarrowedSource::isWorthNarrowing() const
     return m_source && m_source->rowCount() >= manyRows;
 }
 
-bool NarrowedSource::isAnswered(const Question& question) const
+bool NarrowedSource::isShown(const Query& query) const
 {
-    return m_isNarrowed && question.text == m_question.text && question.caseSensitivity == m_question.caseSensitivity
-           && question.column == m_question.column && question.role == m_question.role;
+    return m_isNarrowed && query.needle == m_query.needle && query.caseSensitivity == m_query.caseSensitivity
+           && query.column == m_query.column && query.role == m_query.role;
 }
 
-bool NarrowedSource::narrow(const Question& question)
+bool NarrowedSource::narrow(const Query& query)
 {
-    if (isAnswered(question))
+    if (isShown(query))
         return true;
     if (!isWorthNarrowing()) {
         showAll();
@@ -89,32 +89,32 @@ bool NarrowedSource::narrow(const Question& question)
     }
     const QScopedValueRollback<int> refresh(m_refreshes, m_refreshes + 1);
     beginResetModel();
-    find(question);
+    search(query);
     m_isNarrowed = true;
-    m_question = question;
+    m_query = query;
     m_shownRows = m_filter->rowCount();
     endResetModel();
     return true;
 }
 
-/// Makes the filter search the rows without signals. The caller emits one reset for all changes.
-void NarrowedSource::find(const Question& question)
+/// Makes the filter search, without signals of the filter, because the caller emits one reset for all changes.
+void NarrowedSource::search(const Query& query)
 {
     const QSignalBlocker quiet(m_filter);
     if (m_filter->sourceModel() != m_source)
         m_filter->setSourceModel(m_source);
-    m_filter->setTextColumn(question.column, question.role);
-    m_filter->setContainedText(question.text, question.caseSensitivity);
+    m_filter->setTextColumn(query.column, query.role);
+    m_filter->setContainedText(query.needle, query.caseSensitivity);
 }
 
 void NarrowedSource::showAll()
 {
-    // A reset asks the source for its roles, which it cannot answer while it is being destroyed.
+    // A reset asks the source model for its roles, which it cannot answer while it is being destroyed.
     if (!m_isNarrowed || !m_source)
         return;
     beginResetModel();
     m_isNarrowed = false;
-    m_filter->setContainedText(QString(), m_question.caseSensitivity);
+    m_filter->setContainedText(QString(), m_query.caseSensitivity);
     endResetModel();
 }
 
@@ -128,7 +128,7 @@ bool NarrowedSource::isRefreshing() const
 void NarrowedSource::onRowsInserted(const QModelIndex& parent, int first, int last)
 {
     if (m_isNarrowed)
-        return; // the filter reports the change
+        return; // The filter reports the change.
     beginInsertRows(parent, first, last);
     endInsertRows();
 }
@@ -144,7 +144,7 @@ void NarrowedSource::onRowsChanged()
 void NarrowedSource::onReset()
 {
     if (m_isNarrowed)
-        showAll(); // makes the completer ask again
+        showAll(); // Upon this reset, the completer sets its prefix again.
     else
         onRowsChanged();
 }
@@ -163,7 +163,8 @@ void NarrowedSource::onSourceDestroyed()
     endResetModel();
 }
 
-/// Reports additional rows as inserted, because the completer then enlarges its popup. Their positions do not matter.
+/// Reports additional rows as inserted at the end, because QCompleter enlarges its popup when rows are inserted. Their
+/// positions do not matter to it.
 void NarrowedSource::onFilterChanged()
 {
     if (!m_isNarrowed)
@@ -234,7 +235,7 @@ void NarrowedSource::fetchMore(const QModelIndex& parent)
         m_source->fetchMore(parent);
 }
 
-// QAbstractProxyModel would call a source model that is being destroyed until its own slot has run.
+// These functions are overridden because QAbstractProxyModel calls a source model even while it is being destroyed.
 
 QVariant NarrowedSource::data(const QModelIndex& index, int role) const
 {

@@ -8,21 +8,21 @@ namespace zelmar::internal {
 
 class ContainsFilterModel;
 
-/// A proxy model between a completer and its source model. It has all rows of the source model including their
-/// children, or, if it is narrowed, only the top-level rows that contain a needle.
+/// A proxy model between a completer and its source model. It shows all rows of the source model with their children,
+/// or, if it is narrowed, only the top-level rows that contain a needle.
 ///
-/// index() returns indexes of the source model. A completion therefore maps to its row directly, and a completer that
-/// filters the rows itself reads the same as without this model. Views cannot show such a model. It is made for the
-/// completion model of QCompleter, which accepts any index that index() returns.
+/// Its model indexes are those of the source model. A completion therefore maps to its source row directly, and a
+/// completer that filters the rows itself reads the same as without this model. A view could not show such a model. The
+/// completion model of QCompleter can, because it accepts any model index that index() returns.
 class NarrowedSource : public QAbstractProxyModel
 {
     Q_OBJECT
 
 public:
-    /// A needle, and the column and role of the texts to search.
-    struct Question
+    /// A needle, and the column and role of the texts in which it is searched.
+    struct Query
     {
-        QString text;
+        QString needle;
         Qt::CaseSensitivity caseSensitivity = Qt::CaseSensitive;
         int column = 0;
         int role = Qt::EditRole;
@@ -32,13 +32,13 @@ public:
 
     /// Shows all rows of `model`, which may be null and may be destroyed at any time. The caller keeps ownership.
     void setSourceModel(QAbstractItemModel* model) override;
-    /// Returns the model, or null once its destructor runs; sourceModel() returns it longer.
+    /// Returns the source model, or null once its destructor runs. sourceModel() still returns it then.
     QAbstractItemModel* source() const;
 
-    /// Shows the rows that contain the needle, selectable or not, and returns true. Emits a reset unless they are shown
-    /// already. Returns false and shows all rows if there are so few that QCompleter searches them fast enough.
-    bool narrow(const Question& question);
-    /// Emits a reset unless all rows are shown already.
+    /// Shows the rows that contain the needle, selectable or not, and returns true. Resets this model unless they are
+    /// shown already. Returns false and shows all rows if there are so few that QCompleter searches them fast enough.
+    bool narrow(const Query& query);
+    /// Shows all rows. Resets this model unless they are shown already.
     void showAll();
     /// Returns whether this model is emitting signals because narrow() was called or the narrowed rows have changed.
     bool isRefreshing() const;
@@ -68,16 +68,16 @@ private:
     void followSource();
     void followFilter();
     bool isWorthNarrowing() const;
-    void find(const Question& question);
-    bool isAnswered(const Question& question) const;
+    void search(const Query& query);
+    bool isShown(const Query& query) const;
 
     /// Null once its destructor runs, unlike sourceModel(). Neither the source model nor the filter may be used then.
     QPointer<QAbstractItemModel> m_source;
     ContainsFilterModel* m_filter;
-    Question m_question;
+    Query m_query; ///< the query whose rows are shown if this model is narrowed
     bool m_isNarrowed = false;
-    int m_shownRows = 0; ///< the number of narrowed rows that was last reported
-    int m_refreshes = 0; ///< the depth of nested refreshes
+    int m_shownRows = 0; ///< the number of matching rows that this model has reported last
+    int m_refreshes = 0; ///< the number of nested functions that are emitting the signals of a refresh
 };
 
 } // namespace zelmar::internal

@@ -25,19 +25,19 @@ struct ctkCompleter::Impl
     {
     }
 
-    /// Replaces the caller's model while FilterContains is set. It is a child of the completion model, because
-    /// QCompleter deletes a replaced model that is a child of the completer.
+    /// Takes the place of the caller's model while FilterContains is set. It is a child of the completion model,
+    /// because QCompleter deletes a replaced model that is a child of the completer.
     NarrowedSource* source;
     ModelFiltering filtering = FilterStartsWith;
     Qt::MatchFlags filterMode = Qt::MatchStartsWith; ///< the mode of QCompleter before FilterContains was set
 
     // The completion model filters with the result of the latest splitPath().
 
-    bool isNarrowed = false;  ///< the result was an empty string, because the source has narrowed its rows
-    bool isNarrowing = false; ///< the completion model has not filtered with this result yet
-    bool asksAgain = false;   ///< the prefix must be set again after the completion model has filtered
+    bool isNarrowed = false;      ///< the result was an empty string, because the source shows only matching rows
+    bool isResultPending = false; ///< the completion model has not filtered with this result yet
+    bool setsPrefixAgain = false; ///< the prefix must be set again after the completion model has filtered
 
-    // The settings at the latest narrowing. QCompleter drops the prefix when one of them changes.
+    // The settings of the latest search. QCompleter filters without a prefix when one of them changes.
 
     Qt::CaseSensitivity caseSensitivity = Qt::CaseSensitive;
     ModelSorting sorting = UnsortedModel;
@@ -64,7 +64,8 @@ ctkCompleter::ctkCompleter(const QStringList& list, QObject* parent)
     followCompletionModel();
 }
 
-/// Connects to the completion model. The constructors call it, so that these slots run before those of the popup.
+/// Connects to the completion model. The constructors call this function, so that these slots run before the slots of
+/// the popup.
 void ctkCompleter::followCompletionModel()
 {
     connect(completionModel(), &QAbstractItemModel::modelAboutToBeReset, this,
@@ -121,7 +122,7 @@ void ctkCompleter::setCompletionMode(CompletionMode mode)
     if (applyFiltering())
         setCompletionPrefix(completionPrefix());
     else if (row > 0 && row != currentRow())
-        setCurrentRow(row); // as QCompleter does
+        setCurrentRow(row); // QCompleter keeps the current row, too.
 }
 
 /// Sets the filter mode of QCompleter that FilterContains needs. Returns whether that changed it.
@@ -143,7 +144,7 @@ QAbstractItemModel* ctkCompleter::sourceModel() const
 
 QAbstractItemModel* ctkCompleter::model() const
 {
-    return isWithNarrowedSource() ? m_impl->source->source() : QCompleter::model();
+    return usesNarrowedSource() ? m_impl->source->source() : QCompleter::model();
 }
 
 void ctkCompleter::setModel(QAbstractItemModel* model)
@@ -152,8 +153,9 @@ void ctkCompleter::setModel(QAbstractItemModel* model)
     if (model && model == this->model() && model->QObject::parent() == this)
         return;
     const bool wasNarrowed = std::exchange(m_impl->isNarrowed, false);
-    if (isWithNarrowedSource()) {
-        // QCompleter deletes the former model, or resets the role that it has set for a file system.
+    if (usesNarrowedSource()) {
+        // QCompleter expects its former model: it deletes a child of the completer, and resets the completion role
+        // that it has set for a file system.
         completeFrom(this->model());
         m_impl->source->setSourceModel(nullptr);
     }
@@ -163,7 +165,7 @@ void ctkCompleter::setModel(QAbstractItemModel* model)
         setCompletionPrefix(completionPrefix());
 }
 
-bool ctkCompleter::isWithNarrowedSource() const
+bool ctkCompleter::usesNarrowedSource() const
 {
     return QCompleter::model() == m_impl->source;
 }
@@ -172,7 +174,7 @@ void ctkCompleter::chooseSource()
 {
     QAbstractItemModel* const given = model();
     const bool narrows = m_impl->filtering == FilterContains && given && !isFileSystem(*given);
-    if (narrows == isWithNarrowedSource())
+    if (narrows == usesNarrowedSource())
         return;
     if (narrows)
         m_impl->source->setSourceModel(given);
@@ -197,7 +199,7 @@ QStringList ctkCompleter::splitPath(const QString& path) const
 {
     // The caller may have set the completion mode through a pointer to QCompleter.
     const_cast<ctkCompleter*>(this)->applyFiltering();
-    if (!isWithNarrowedSource())
+    if (!usesNarrowedSource())
         return QCompleter::splitPath(path);
     if (completionMode() == PopupCompletion && !completionPrefix().isEmpty() && narrow())
         return {QString()};
@@ -206,35 +208,36 @@ QStringList ctkCompleter::splitPath(const QString& path) const
     return QCompleter::splitPath(path);
 }
 
-/// Makes the source show only the rows that contain the prefix. Returns false if QCompleter has to filter the rows.
+/// Makes the source show only the rows that contain the prefix. Returns false if it shows all rows, which QCompleter
+/// then has to filter.
 bool ctkCompleter::narrow() const
 {
     m_impl->isNarrowed = false; // onCompletionsAboutToChange() must ignore the signals of the source
     if (!m_impl->source->narrow({completionPrefix(), caseSensitivity(), completionColumn(), completionRole()}))
         return false;
     m_impl->isNarrowed = true;
-    m_impl->isNarrowing = true;
+    m_impl->isResultPending = true;
     m_impl->caseSensitivity = caseSensitivity();
     m_impl->sorting = modelSorting();
     return true;
 }
 
-/// Makes the source show all rows if the completion model is about to filter narrowed rows with something else than the
-/// result of splitPath(). A setter of QCompleter causes that, or an override of splitPath() that does not call this
-/// one.
+/// Makes the source show all rows again if the completion model is about to filter, but not with the result of
+/// splitPath(). This happens when a setter of QCompleter is called, or when an override of splitPath() does not call
+/// this one.
 void ctkCompleter::onCompletionsAboutToChange()
 {
-    if (!m_impl->isNarrowed || m_impl->source->isRefreshing() || std::exchange(m_impl->isNarrowing, false))
+    if (!m_impl->isNarrowed || m_impl->source->isRefreshing() || std::exchange(m_impl->isResultPending, false))
         return;
     m_impl->isNarrowed = false;
-    m_impl->asksAgain = !isFilteredAnew();
+    m_impl->setsPrefixAgain = !isPrefixDropped();
     // The completion model reads the rows next and needs no signal.
     const QSignalBlocker quiet(m_impl->source);
     m_impl->source->showAll();
 }
 
-/// Returns whether a setter of QCompleter makes the completion model filter without a prefix.
-bool ctkCompleter::isFilteredAnew() const
+/// Returns whether the completion model is about to filter without a prefix, because a setter of QCompleter was called.
+bool ctkCompleter::isPrefixDropped() const
 {
     return caseSensitivity() != m_impl->caseSensitivity || modelSorting() != m_impl->sorting
            || QCompleter::filterMode() != Qt::MatchContains;
@@ -242,6 +245,6 @@ bool ctkCompleter::isFilteredAnew() const
 
 void ctkCompleter::onCompletionsChanged()
 {
-    if (std::exchange(m_impl->asksAgain, false))
+    if (std::exchange(m_impl->setsPrefixAgain, false))
         setCompletionPrefix(completionPrefix());
 }
