@@ -9,12 +9,12 @@ namespace zelmar::internal {
 
 namespace {
 
-/// The results may together have the size of this number of integers per row of the source model. Beyond, old ones are
-/// dropped.
+/// The maximum size of all results together, in integers per row of the source model. The oldest results are dropped if
+/// there are more.
 constexpr qint64 keptResults = 4;
 
-/// Returns whether `model` can fetch more rows and the previous fetch was not in vain. `rows` is the number of rows
-/// before that fetch, or -1 if there was none.
+/// Returns whether another fetch is worthwhile: `model` can fetch more rows, and the previous fetch has changed the
+/// number of rows. `rows` is the number before that fetch, or -1 if there was none.
 bool canFetchFrom(const QAbstractItemModel* model, int rows)
 {
     return model && model->rowCount() != rows && model->canFetchMore({});
@@ -95,9 +95,9 @@ void ContainsFilterModel::setContainedText(const QString& text, Qt::CaseSensitiv
     endResetWithoutFetching();
 }
 
-/// Ends a reset and refuses to fetch rows meanwhile. QCompleter sets the column and the needle one after the other and
-/// fetches more rows afterwards. If rows arrived in between, slots would set a newer needle, which QCompleter would
-/// then replace by the older one.
+/// Ends a reset. Slots that receive its signal cannot fetch rows. The completer sets the column and the needle one
+/// after the other and fetches more rows afterwards. If rows were inserted in between, slots would set a newer needle,
+/// which the completer would then replace by the older one.
 void ContainsFilterModel::endResetWithoutFetching()
 {
     const QPointer<ContainsFilterModel> self(this);
@@ -115,7 +115,7 @@ bool ContainsFilterModel::isShown(const QString& text, Qt::CaseSensitivity caseS
     return search.text() == text && search.caseSensitivity() == caseSensitivity;
 }
 
-/// Returns whether the shown rows are those that a search would find now.
+/// Returns whether another search would find the rows that are shown.
 bool ContainsFilterModel::isCurrent() const
 {
     return !m_texts || m_texts->isCurrent(m_generation);
@@ -261,8 +261,8 @@ void ContainsFilterModel::onTextsChanged()
     endResetModel();
 }
 
-/// Returns whether only texts have changed and the same rows contain the needle. A moved row counts as a changed text
-/// as well, but a move is announced, so that a reset has begun and this function is not called.
+/// Returns whether only texts have changed and the same rows as before contain the needle. A move of rows changes
+/// texts, too, but it is announced, so that a reset has begun and this function is not called.
 bool ContainsFilterModel::staysShown()
 {
     const ModelTexts::Change* const change = m_texts->changeSince(m_generation);
@@ -310,7 +310,8 @@ void ContainsFilterModel::replaceRows(int first, int removed, int inserted)
     std::copy(found.begin(), found.end(), rows.begin() + begin);
 }
 
-/// Drops all results but the shown one, and its look-aheads, which do not fit the changed texts.
+/// Drops all results except the shown one. Also drops the look-aheads of that one, because they are out of date after
+/// the texts have changed.
 void ContainsFilterModel::keepShownResultOnly()
 {
     m_results.erase(m_results.begin(), m_results.end() - 1);

@@ -87,7 +87,7 @@ private:
     std::vector<Result> m_results;
     quint64 m_generation = 0;        ///< generation of the texts that were searched
     bool m_isSourceChanging = false; ///< a reset has begun because the source model is changing
-    bool m_refusesToFetch = false;   ///< canFetchMore() returns false meanwhile
+    bool m_refusesToFetch = false;   ///< canFetchMore() returns false as long as this is true
     QPointer<ModelTexts> m_texts;
     int m_column = 0;
     int m_role = Qt::EditRole;

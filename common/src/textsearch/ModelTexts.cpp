@@ -20,8 +20,8 @@ QString takeText(QVariant&& value)
     return value.toString();
 }
 
-/// The maximum number of unchanged rows that are read again because rows have moved. If there are more, the cache is
-/// dropped.
+/// The maximum number of unchanged rows that are read again because rows have moved. If more rows would have to be
+/// read, the cache is dropped.
 constexpr int mostSuspects = 1000;
 
 } // namespace
@@ -132,7 +132,7 @@ QStringList ModelTexts::readRows(int first, int end) const
     QStringList texts;
     texts.reserve(end - first);
     for (int row = first; row < end; ++row) {
-        texts.append(QString()); // unlike a copy of the text, it has no reference count to increment
+        texts.append(QString()); // An empty string has no reference count to increment, unlike a copy of the text.
         texts.last() = textAt(row);
     }
     return texts;
@@ -154,8 +154,8 @@ void ModelTexts::keep(QStringList texts)
         shareWithTwin();
 }
 
-/// Shares equal strings with the cache of the other of Qt::DisplayRole and Qt::EditRole, because most models return the
-/// same text for both.
+/// Shares equal strings with the cache of the twin role, because most models return the same text for both. The twin
+/// role of Qt::DisplayRole is Qt::EditRole, and that of all other roles is Qt::DisplayRole.
 void ModelTexts::shareWithTwin()
 {
     const int otherRole = m_role == Qt::DisplayRole ? Qt::EditRole : Qt::DisplayRole;
@@ -307,7 +307,8 @@ void ModelTexts::onDataChanged(const QModelIndex& topLeft, const QModelIndex& bo
     Q_EMIT changed();
 }
 
-/// Returns the rows that the row numbers `first` to `last` may denote if they are from before the latest moves.
+/// Returns the rows that the row numbers `first` to `last` may refer to. The numbers may be those before rows have
+/// moved.
 ModelTexts::Change ModelTexts::suspectRows(int first, int last) const
 {
     const bool hasMoved = (m_movedUp > 0 || m_movedDown > 0) && last >= m_firstMoved;

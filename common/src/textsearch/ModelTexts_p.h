@@ -124,14 +124,14 @@ private:
     QStringList m_texts; ///< texts of m_generation, or of m_generationBefore during a change
 
     int m_changesUnderWay = 0;
-    bool m_isAlone = false; ///< nothing else has happened since the change under way began
+    bool m_isAlone = false; ///< no other change has happened since the one under way has begun
 
     bool m_isIncremental = false; ///< m_lastChange led from m_generationBefore to m_generation
     quint64 m_generationBefore = 0;
     Change m_lastChange;
 
-    /// How far rows may have moved since all texts were read: the rows from m_firstMoved on have moved by at most
-    /// m_movedUp to lower and m_movedDown to higher numbers. Late signals carry the former row numbers.
+    /// How far rows may have moved since all texts were read: the numbers of the rows from m_firstMoved on have
+    /// decreased by at most m_movedUp or increased by at most m_movedDown. Late signals carry the former row numbers.
     int m_firstMoved = 0;
     int m_movedUp = 0;
     int m_movedDown = 0;

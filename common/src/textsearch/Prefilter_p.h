@@ -15,18 +15,18 @@
 
 namespace zelmar::internal {
 
-/// A set of code units: all those that have the given value in the bits of a mask.
+/// The set of all code units whose bits in `mask` are those of `value`.
 struct COMMON_UI_QT_INTERNAL_EXPORT UnitPattern
 {
     UnitPattern() = default;
-    /// Constructs the smallest such set that contains all of `units`. There must be at least one, and no duplicates.
+    /// Constructs the smallest such set that contains all of `units`, which must not be empty or contain duplicates.
     explicit UnitPattern(const std::vector<char16_t>& units);
 
     bool matches(char16_t unit) const { return (unit & mask) == value; }
 
     char16_t mask = 0;
     char16_t value = 0;
-    bool isExact = false; ///< whether the set has no code units but those it was constructed from
+    bool isExact = false; ///< whether the set contains only the code units from which it was constructed
 };
 
 /// A prefilter that finds the candidate positions of a needle in a haystack. It compares two code units of the needle
@@ -73,7 +73,7 @@ inline quint64 Prefilter::candidatesOneByOne(const char16_t* haystack, int count
 {
     quint64 candidates = 0;
     for (int position = 0; position < count; ++position) {
-        // Both are looked at in any case: a jump would cost more than the second comparison.
+        // Always compares both code units, because a branch would cost more than the second comparison.
         const quint64 first = m_first.matches(haystack[position + m_firstOffset]) ? 1 : 0;
         const quint64 second = m_second.matches(haystack[position + m_secondOffset]) ? 1 : 0;
         candidates |= (first & second) << position;
@@ -104,7 +104,7 @@ inline quint64 Prefilter::candidates(const char16_t* haystack, int count) const
         return candidatesOneByOne(haystack, count);
     quint64 candidates = 0;
     for (int block = 0; block < count; block += blockSize) {
-        // The last block overlaps the one before it rather than the end of the haystack.
+        // The last block overlaps the previous one, so that it does not extend beyond the haystack.
         const int position = std::min(block, count - blockSize);
         candidates |= candidatesInBlock(haystack + position) << position;
     }

@@ -10,12 +10,12 @@ namespace zelmar::internal {
 
 namespace {
 
-/// A text is prefetched when the search is this number of rows before it.
+/// The number of rows by which prefetching is ahead of the search.
 constexpr int prefetchDistance = 32;
-/// The number of candidates that are prefiltered before the survivors among them are verified. The texts of a block
-/// still are in the processor's cache then.
+/// The number of candidates that are prefiltered before the survivors among them are verified. It is so small that the
+/// texts of a block are still in the processor's cache then.
 constexpr int blockSize = 32;
-/// The positions in a haystack that contains the needle at unknown positions.
+/// Stands for the candidate positions in a haystack that contains the needle at unknown positions.
 constexpr quint64 somewhere = ~quint64(0);
 
 const char16_t* unitsOf(QStringView text)
@@ -69,8 +69,8 @@ inline bool TextSearch::matchesAt(const char16_t* position) const
                       [this](char16_t folded, char16_t unit) { return folded == m_folding(unit); });
 }
 
-/// Returns whether the needle occurs at any of the candidate positions. Is not inline, because it would use registers
-/// that the prefilter needs in the loops over all rows.
+/// Returns whether the needle occurs at any of the candidate positions. This function is not inline, because it would
+/// use registers that the prefilter needs in the loops over all rows.
 bool TextSearch::anyMatches(const char16_t* haystack, quint64 positions) const
 {
     for (; positions != 0; positions &= positions - 1) {
@@ -89,7 +89,7 @@ inline quint64 TextSearch::candidatePositions(QStringView haystack) const
     return count > 0 ? m_prefilter.candidates(unitsOf(haystack), count) : 0;
 }
 
-/// Returns whether the haystack contains the needle. Has no limit on the length of the haystack or the kind of needle.
+/// Returns whether the haystack contains the needle. Accepts haystacks of any length and every needle.
 bool TextSearch::containsAnywhere(QStringView haystack) const
 {
     if (m_units.isEmpty())
@@ -112,8 +112,8 @@ inline bool TextSearch::contains(QStringView haystack) const
     return positions == somewhere || anyMatches(unitsOf(haystack), positions);
 }
 
-/// Returns whether the needle occurs at any of the positions, of which there is at least one. Stores the look-ahead if
-/// there is exactly one.
+/// Returns whether the needle occurs at any of the candidate positions, of which there is at least one. Sets
+/// `lookAhead` if there is exactly one.
 inline bool TextSearch::verify(QStringView haystack, quint64 positions, int lookAheadStart, LookAhead& lookAhead) const
 {
     const bool isOnlyOne = (positions & (positions - 1)) == 0;
@@ -141,7 +141,7 @@ TextSearch::Found TextSearch::allIn(const QStringList& texts, int first, int end
     int count = 0;
     for (int row = first; row < end; ++row) {
         prefetch(text[std::min(row + prefetchDistance, end - 1)]);
-        rows[count] = row; // is overwritten unless counted
+        rows[count] = row; // The next row overwrites it unless it is counted.
         count += contains(text[row]);
     }
     found.rows.resize(count);
@@ -194,7 +194,7 @@ inline void TextSearch::prefilterBlock(Survivors& survivors, const QVector<int>&
             prefetch(text[rows.at(ahead)]);
         const quint64 positions = filter.decides(candidate) ? quint64(filter.accepts(candidate))
                                                             : candidatePositions(text[rows.at(candidate)]);
-        // Is overwritten unless counted. A branch would be mispredicted too often.
+        // The next candidate overwrites it unless it is counted. A branch would be mispredicted too often.
         survivors.candidates[std::size_t(survivors.count)] = candidate;
         survivors.positions[std::size_t(survivors.count)] = positions;
         survivors.count += positions != 0;

@@ -30,7 +30,7 @@ public:
     {
         QString needle;
         QVector<int> rows; ///< indexes into the texts, from 0, in ascending order
-        /// One for each of `rows`, or none at all.
+        /// The look-ahead of each of `rows`, or empty.
         QVector<LookAhead> lookAheads;
         int lookAheadStart = 0; ///< offset in the needle at which the look-aheads start
 
