@@ -16,15 +16,15 @@ public:
     virtual ~SaveDialogInterface() = default;
     Q_DISABLE_COPY(SaveDialogInterface)
 
-    /// Returns an object that is destroyed together with this one. A QPointer to it tells whether the dialog still
-    /// exists.
+    /// Returns an object that is destroyed together with this one, so that a QPointer to it tells whether the dialog
+    /// still exists.
     const QObject& life() const { return m_life; }
 
     /// Shows the dialog and waits until it closes. Returns true if the user accepted it.
     virtual bool run() = 0;
     /// Makes a running run() return false.
     virtual void cancelRun() = 0;
-    /// Returns false once an object is gone that the flow needs for asking questions or accepting a name.
+    /// Returns false once an object has been destroyed that the flow needs to ask questions or to accept a name.
     virtual bool canGoOn() { return true; }
     /// Returns the parent of the question boxes, which may be null.
     virtual QWidget* questionParent() = 0;

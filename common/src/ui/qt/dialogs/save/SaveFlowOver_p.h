@@ -15,8 +15,8 @@ class QWidget;
 
 namespace zelmar::internal {
 
-/// A file dialog of the class `Dialog` as a save flow uses it. The functions of all kinds of dialog have the same
-/// names.
+/// An adapter through which a save flow uses a file dialog of the class `Dialog`. All kinds of dialog have functions of
+/// the same names.
 template <typename Dialog>
 class SaveDialogAdapter : public Dialog, public SaveDialogInterface
 {
@@ -29,7 +29,7 @@ public:
     QString selectedNameFilter() const override { return Dialog::selectedNameFilter(); }
 };
 
-/// A save flow over a new dialog of the class `Dialog`, which it sets up, but never deletes.
+/// A save flow that creates and sets up its dialog, of the class `Dialog`, but never deletes it.
 ///
 /// Compatibility: native-dialog-outlives-the-flow
 template <typename Dialog>
@@ -70,7 +70,7 @@ private:
     void finishSetUp(const std::string& defaultFileName)
     {
         dialog()->selectFile(QString::fromStdString(defaultFileName));
-        // The flow asks before overwriting. The dialog would ask about the name without its extension.
+        // The flow asks before overwriting. The dialog would ask about the name without the default extension.
         dialog()->setDontConfirmOverwrite(true);
     }
 };

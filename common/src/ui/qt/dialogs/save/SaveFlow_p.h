@@ -22,13 +22,13 @@ public:
     /// (UTF-8). `messageHandler` must not be null.
     SaveFlow(SaveDialogInterface& dialog, const std::string& caption,
              std::unique_ptr<SaveFileMessageHandlerInterface> messageHandler);
-    /// Cancels a run of the dialog.
+    /// Cancels a run of the dialog that is in progress.
     ~SaveFlow();
     Q_DISABLE_COPY(SaveFlow)
 
-    /// Returns true if the user accepted a name that may be written, and answered the question about overwriting, if
-    /// there was one, with Yes. Returns false if the user gives up, if this object or one that it needs is destroyed
-    /// meanwhile, if the application quits, and if launch() is running already.
+    /// Runs rounds of the dialog and its questions. Returns true once the user has accepted a name that can be written
+    /// and, if the file exists, has agreed to overwrite it. Returns false if the user gives up, if this object or one
+    /// that it needs is destroyed meanwhile, if the application quits, and if launch() is running already.
     bool launch();
 
     /// Returns the name with its extension (UTF-8) of the last round in which the user accepted the dialog. It is set
@@ -45,7 +45,8 @@ public:
     SaveDialogInterface* dialog() const { return m_dialogLife ? m_dialog : nullptr; }
 
 private:
-    const QObject m_life; // declared first, so that an open question closes after all else is gone
+    /// Its destruction closes an open question. Declared first, so that all other members are destroyed before it.
+    const QObject m_life;
     SaveDialogInterface* const m_dialog;
     const QPointer<const QObject> m_dialogLife;
     const std::string m_caption;

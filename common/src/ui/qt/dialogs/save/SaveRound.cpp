@@ -32,7 +32,7 @@ std::optional<std::string> SaveRound::chooseName() const
     if (!canGoOn() || !m_dialog.run() || !canGoOn())
         return {};
     const QStringList files = m_dialog.selectedFiles();
-    if (files.isEmpty()) // The dialog failed to report its selection.
+    if (files.isEmpty()) // The dialog could not report its selection.
         return {};
     return withDefaultExtension(files.first().toStdString(), m_dialog.selectedNameFilter());
 }
@@ -78,7 +78,7 @@ SaveRound::Answer SaveRound::ask(const std::string& question) const
     // Plain text shows a file name that contains "<" unchanged.
     box->setTextFormat(Qt::PlainText);
     QObject::connect(m_flowLife, &QObject::destroyed, box, &QDialog::reject);
-    bool answered = false; // stays false if the application quits, which ends the event loop without an answer
+    bool answered = false; // Stays false if the application quits, which ends the event loop without an answer.
     QObject::connect(box, &QDialog::finished, [&answered] { answered = true; });
     const bool yes = box->exec() == QMessageBox::Yes;
     delete box;

@@ -23,7 +23,7 @@ class SaveDialogInterface;
 class SaveRound
 {
 public:
-    /// The result of a round. ChooseAgain means that another round follows.
+    /// The outcome of a round. ChooseAgain means that another round follows.
     enum class Outcome { Accepted, GivenUp, ChooseAgain };
 
     /// Keeps references to all arguments. `caption` (UTF-8) is the title of the questions. `flowLife` is destroyed
@@ -36,8 +36,8 @@ public:
     std::optional<std::string> chooseName() const;
 
     /// Asks before an existing file is replaced, and checks that the file can be written. If it cannot, asks whether to
-    /// choose again. If another outcome than GivenUp is returned, the flow still exists. `name` must not belong to the
-    /// flow, because the handler may delete the flow and use the name afterwards.
+    /// choose again. If another outcome than GivenUp is returned, the flow still exists. `name` must not be a member of
+    /// the flow, because the handler may delete the flow and use the name afterwards.
     Outcome examine(const std::string& name) const;
 
 private:

@@ -17,13 +17,14 @@ namespace {
 
 bool opensForAppending(const QString& name)
 {
-    // ExistingOnly ensures that a file that is deleted at this moment is not created again empty.
+    // ExistingOnly prevents an empty new file if the file has been deleted meanwhile.
     QFile file(name);
     return file.open(QIODevice::Append | QIODevice::ExistingOnly);
 }
 
 #ifdef Q_OS_UNIX
-/// Does the same for pipes, sockets and devices, whose open() would block until the other end or the line is ready.
+/// Returns the same as opensForAppending(), but never waits: opening a pipe, a socket or a device may block until the
+/// other end or the line is ready.
 bool opensWithoutWaiting(const QString& name)
 {
     const int file = ::open(QFile::encodeName(name).constData(), // NOLINT(cppcoreguidelines-pro-type-vararg)
@@ -37,10 +38,12 @@ bool opensWithoutWaiting(const QString& name)
 }
 #endif
 
+/// Returns whether a file can be created in `folder`.
 bool takesANewFile(const QDir& folder)
 {
     QTemporaryFile file(folder.path() + QStringLiteral("/CheckingForWritePermissionsXXXXXX"));
-    // Where the system supports it, Qt creates an unnamed file, which exists only after its name was requested.
+    // Where the system supports it, Qt creates an unnamed file, which enters the folder only when its name is
+    // requested.
     return file.open() && !file.fileName().isEmpty() && file.exists();
 }
 

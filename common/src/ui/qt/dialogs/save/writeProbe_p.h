@@ -7,10 +7,11 @@
 namespace zelmar::internal {
 
 /// Returns whether the file `name` (UTF-8, absolute or relative to the current folder) can be written now. Opens an
-/// existing file for appending and closes it again; for a new one, makes a temporary file in its folder and removes it.
+/// existing file for appending and closes it again. For a new file, creates a temporary file in its folder and removes
+/// it again.
 ///
-/// Changes no existing file and leaves no new one behind. Does not check for free space. Never waits for the reader of
-/// a pipe or for a device.
+/// Changes no existing file and leaves no new file behind. Does not check whether there is free space. Never waits for
+/// the reader of a pipe or for a device.
 COMMON_UI_QT_INTERNAL_EXPORT bool canBeWritten(const std::string& name);
 
 } // namespace zelmar::internal
