@@ -17,9 +17,9 @@ namespace zelmar::internal {
 
 namespace {
 
-/// Returns whether the dialog would choose the file by the typed name. It does not if a file is selected in the list or
-/// the name is a pattern.
-bool goesByTypedName(const QFileDialog& dialog)
+/// Returns whether the typed name determines the file that the dialog would choose. This is not so if a file is
+/// selected in the list or if the name is a pattern.
+bool choosesByTypedName(const QFileDialog& dialog)
 {
     if (!FileDialogWidgets::existIn(dialog))
         return false;
@@ -28,11 +28,10 @@ bool goesByTypedName(const QFileDialog& dialog)
     return !name.isEmpty() && !name.contains(QLatin1Char('*')) && widgets.selection().selectedRows().isEmpty();
 }
 
-/// Returns the problem of saving to a new file that the dialog would choose by its typed name. Does not look at
-/// existing files.
+/// Returns the problem of saving to the typed name. Returns no problem if this name does not determine a new file.
 NameProblem problemOfNewName(const QFileDialog& dialog)
 {
-    if (dialog.fileMode() != QFileDialog::AnyFile || !goesByTypedName(dialog))
+    if (dialog.fileMode() != QFileDialog::AnyFile || !choosesByTypedName(dialog))
         return {};
     const QString file = chosenFiles(dialog).value(0);
     return file.isEmpty() || QFileInfo::exists(file) ? NameProblem() : problemOfSavingTo(file);
@@ -74,7 +73,7 @@ void WidgetNote::show(QWidget* widget, const QString& text)
 
 void WidgetNote::end()
 {
-    // Texts that the application has set in the meantime stay.
+    // Keeps texts that the application has set meanwhile.
     if (m_widget && m_widget->toolTip() == m_shownToolTip)
         m_widget->setToolTip(m_ownToolTip);
     if (m_widget && m_widget->accessibleDescription() == m_shownDescription)
@@ -115,8 +114,8 @@ void AcceptButtonGuide::followFolder()
         update();
 }
 
-/// Returns whether the Open button is disabled although a name is typed. In all other cases the button is up to date,
-/// and another update would replace its label.
+/// Returns whether the Open button is disabled although the file-name box contains a name. In all other cases the
+/// button is up to date, and another update of QFileDialog would replace its label.
 bool AcceptButtonGuide::waitsForFile() const
 {
     return m_dialog.acceptMode() == QFileDialog::AcceptOpen && !m_widgets.acceptButton().isEnabled()
@@ -153,7 +152,7 @@ QString AcceptButtonGuide::problem(const QPushButton& button) const
 {
     if (m_dialog.fileMode() == QFileDialog::AnyFile)
         return explanationOf(problemOfNewName(m_dialog));
-    return !button.isEnabled() && goesByTypedName(m_dialog) ? problemOfExistingName(m_dialog) : QString();
+    return !button.isEnabled() && choosesByTypedName(m_dialog) ? problemOfExistingName(m_dialog) : QString();
 }
 
 bool typedNameIsTooLong(const QFileDialog& dialog)

@@ -13,8 +13,8 @@ class QPushButton;
 
 namespace zelmar::internal {
 
-/// A note that reports a problem as the tool tip and the accessible description of a widget. When the note ends, the
-/// texts that the application has set there are restored.
+/// A note that reports a problem in the tool tip and the accessible description of a widget. When the note ends, it
+/// restores the texts that the application has set there.
 class WidgetNote
 {
 public:
@@ -27,8 +27,8 @@ private:
     QPointer<QWidget> m_widget;
     QString m_shownToolTip;
     QString m_shownDescription;
-    QString m_ownToolTip;
-    QString m_ownDescription;
+    QString m_ownToolTip;     ///< the tool tip before the note
+    QString m_ownDescription; ///< the accessible description before the note
 };
 
 /// An object that updates the accept button of a Qt-drawn dialog for names that QFileDialog does not handle. A name
@@ -36,8 +36,8 @@ private:
 /// one. A name with more bytes than the file system allows disables it. The button and the file-name box explain why
 /// the button is disabled, and warn if a folder of the path does not exist.
 ///
-/// The button is also updated when a folder has been read or filtered. It is enabled if the typed name exists, but
-/// QFileDialog checks this only when the text changes.
+/// The button is also updated when a folder has been read or filtered. QFileDialog enables the button if a file with
+/// the typed name exists, but checks this only when the text changes.
 class COMMON_UI_QT_INTERNAL_EXPORT AcceptButtonGuide : public QObject
 {
 public:
@@ -55,7 +55,7 @@ private:
 
     QFileDialog& m_dialog;
     FileDialogWidgets m_widgets;
-    QString m_plainText;
+    QString m_plainText; ///< the label of the button while it does not open a folder
     WidgetNote m_buttonNote;
     WidgetNote m_editNote;
 };

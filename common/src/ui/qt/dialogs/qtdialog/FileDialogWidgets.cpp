@@ -19,7 +19,7 @@ namespace zelmar::internal {
 
 namespace {
 
-/// The box that emits textChanged() although its text is the same. Null most of the time.
+/// The file-name box whose textChanged() is being emitted although its text has not changed, or null.
 const QLineEdit* editWithSameText = nullptr;
 
 void warnOnce(const char* part)
@@ -39,7 +39,7 @@ bool FileDialogWidgets::existIn(const QFileDialog& dialog)
 }
 
 FileDialogWidgets::FileDialogWidgets(const QFileDialog& dialog)
-    : m_dialog(const_cast<QFileDialog&>(dialog)) // stand-ins may become children of a dialog that is only read
+    : m_dialog(const_cast<QFileDialog&>(dialog)) // A stand-in becomes a child of the dialog.
 {
 }
 

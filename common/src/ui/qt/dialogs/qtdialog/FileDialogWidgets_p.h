@@ -18,19 +18,19 @@ class QPushButton;
 
 namespace zelmar::internal {
 
-/// The inside of a file dialog that Qt draws: its widgets, and how QFileDialog reacts to them. Qt does not document
-/// either, and no other code depends on the names.
+/// Access to the inside of a file dialog that Qt draws: to its child widgets, and to the reactions of QFileDialog to
+/// them. Qt documents neither, and no other code of the library depends on the names of the widgets and slots.
 ///
 /// Another version of Qt may lack a part. The class then logs a warning that names the part and the version, once for
-/// each part in a program, and the dialogs work without it: a missing widget is replaced by a hidden one of the same
-/// class, which the user cannot reach and QFileDialog does not know.
+/// each part in a program, and the dialogs work without the part: a missing widget is replaced by a hidden one of the
+/// same class, which the user cannot reach and which QFileDialog does not know.
 class COMMON_UI_QT_INTERNAL_EXPORT FileDialogWidgets
 {
 public:
     /// Returns whether Qt draws `dialog`. A dialog that the desktop draws has no widgets.
     static bool existIn(const QFileDialog& dialog);
 
-    /// Borrows `dialog`, which Qt must draw.
+    /// Keeps a reference to `dialog`, which Qt must draw.
     explicit FileDialogWidgets(const QFileDialog& dialog);
 
     QLineEdit& fileNameEdit() const;
@@ -39,7 +39,7 @@ public:
     /// Returns the Open or Save button. QFileDialog::setAcceptMode() replaces it.
     QPushButton& acceptButton() const;
     QFileSystemModel& model() const;
-    /// Returns the folder that the list shows as an index of the list's model.
+    /// Returns the folder that the list shows, as a model index of the list's model.
     QModelIndex shownFolder() const;
     /// Returns the selection in the list, whose model is QFileDialog::proxyModel() or model().
     QItemSelectionModel& selection() const;
@@ -51,8 +51,9 @@ public:
     /// `select` returns false.
     void selectTypedFilesBy(std::function<bool(const QString& text)> select) const;
 
-    /// Makes QFileDialog decide again whether the accept button is enabled for the typed name, and label it. The box
-    /// emits textChanged() again for this. The selection in the list stays as it is if selectTypedFilesBy() was called.
+    /// Makes QFileDialog update the state and the label of the accept button for the typed name. To this end, the
+    /// file-name box emits textChanged() again. The selection in the list does not change if selectTypedFilesBy() was
+    /// called before.
     void updateAcceptButton() const;
 
     /// Stops QFileDialog from applying the file type that the user picks. It emits filterSelected() as before.

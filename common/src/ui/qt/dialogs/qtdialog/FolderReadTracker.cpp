@@ -20,8 +20,8 @@ bool FolderReadTracker::rootIsBeingRead() const
 void FolderReadTracker::onDirectoryLoaded(const QString& path)
 {
     const QModelIndex folder = m_model.index(path);
-    // If more can be fetched, the folder was left before this announcement was delivered, and the model will read it
-    // again when it is entered.
+    // If more rows can be fetched, the dialog has left the folder before the signal was delivered, and the model will
+    // read the folder again when the dialog enters it.
     if (folder.isValid() && !m_model.canFetchMore(folder))
         m_announced.insert(folder);
 }

@@ -9,12 +9,12 @@
 
 namespace zelmar::internal {
 
-/// A tracker that knows whether a file system model still has to announce its root folder with directoryLoaded().
+/// A tracker that knows whether a file system model has yet to announce its root folder with directoryLoaded().
 ///
-/// The model reads each folder once and caches it, so that a return to a folder may emit rootPathChanged() alone. When
-/// the root changes, the model forgets that it has read the former root, but a view that still shows that folder may
-/// make the model read it again at once. The model has no function that distinguishes these cases afterwards. The
-/// tracker therefore follows its signals from the start.
+/// The model reads each folder once and caches it, so that it may emit only rootPathChanged() when the user returns to
+/// a folder. When the root changes, the model forgets that it has read the former root, but a view that still shows
+/// that folder may make the model read it again at once. No function of the model tells these cases apart afterwards.
+/// The tracker therefore records the model's signals from the start.
 class COMMON_UI_QT_INTERNAL_EXPORT FolderReadTracker : public QObject
 {
 public:

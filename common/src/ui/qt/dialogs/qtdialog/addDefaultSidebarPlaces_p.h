@@ -15,7 +15,7 @@ namespace zelmar::internal {
 using StandardLocations = std::function<QStringList(QStandardPaths::StandardLocation)>;
 
 /// Appends the user's desktop, documents and home folders, in this order, to the sidebar of `dialog`. Skips a location
-/// without a folder. Does not check whether the sidebar has a folder already.
+/// without a folder. Does not check whether the sidebar already contains a folder.
 ///
 /// Logs a boost::filesystem::filesystem_error as a debug message and leaves the sidebar unchanged, because a dialog
 /// without these places is better than none. Propagates other exceptions.

@@ -23,8 +23,8 @@ std::vector<QPointer<Dialog>> openOver(const QDialog& dialog)
     return open;
 }
 
-/// Closes `question`, and rejects it only if it refuses to close. A rejected message box has no answer, and when
-/// QFileDialog asks whether to delete a file, it takes no answer for Yes.
+/// Closes `question`, and rejects it only if it refuses to close. A rejected message box has no answer, and QFileDialog
+/// deletes a file if its question about that has no answer.
 void close(QDialog& question)
 {
     const QPointer<QDialog> open(&question);

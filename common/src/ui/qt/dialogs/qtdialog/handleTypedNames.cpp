@@ -23,15 +23,15 @@ namespace {
 
 // Selecting the typed files
 
-/// Returns the index of `path` in the model of the list. Invalid if the list does not contain it.
+/// Returns the index of `path` in the model of the list, or an invalid index if the list does not contain it.
 QModelIndex rowOf(const QFileDialog& dialog, const QString& path)
 {
     const QModelIndex index = FileDialogWidgets(dialog).model().index(path);
     return dialog.proxyModel() ? dialog.proxyModel()->mapFromSource(index) : index;
 }
 
-/// Selects the rows of `paths`. If `instead` is true, deselects all other rows.
-void selectInList(const QFileDialog& dialog, const QStringList& paths, bool instead)
+/// Selects the rows of `paths`. If `exclusively` is true, deselects all other rows.
+void selectInList(const QFileDialog& dialog, const QStringList& paths, bool exclusively)
 {
     QItemSelectionModel& selection = FileDialogWidgets(dialog).selection();
     QModelIndexList others = selection.selectedRows();
@@ -41,7 +41,7 @@ void selectInList(const QFileDialog& dialog, const QStringList& paths, bool inst
         if (row.isValid() && others.removeAll(row) == 0)
             missing += row;
     }
-    if (instead) {
+    if (exclusively) {
         for (const QModelIndex& row : others)
             selection.select(row, QItemSelectionModel::Deselect | QItemSelectionModel::Rows);
     }
@@ -49,8 +49,8 @@ void selectInList(const QFileDialog& dialog, const QStringList& paths, bool inst
         selection.select(row, QItemSelectionModel::Select | QItemSelectionModel::Rows);
 }
 
-/// Returns the existing files that `text` denotes if QFileDialog would split it wrongly: a single name with double
-/// quotes, or several names of which some contain double quotes. Empty otherwise.
+/// Returns the files that `text` denotes if QFileDialog would split it wrongly: a single name with double quotes, or
+/// the names of several existing files of which some contain double quotes. Returns an empty list otherwise.
 QStringList filesMisread(const QFileDialog& dialog, const QString& text)
 {
     if (const std::optional<QString> path = nameWithQuotesIn(dialog, text))
@@ -80,6 +80,7 @@ void selectTypedNames(const QFileDialog& dialog)
 
 // Hiding outdated completions
 
+/// An object that hides the list of completions when another folder is shown or the dialog is hidden.
 class CompletionsHider : public QObject
 {
 public:
@@ -145,7 +146,7 @@ void refuse(QFileDialog& dialog, const QFileInfo& file)
 void enter(QFileDialog& dialog, const QFileInfo& folder)
 {
     dialog.setDirectory(folder.absoluteFilePath());
-    if (dialog.fileMode() != QFileDialog::AnyFile) // QFileDialog does the same for names without quotes.
+    if (dialog.fileMode() != QFileDialog::AnyFile) // QFileDialog does the same for a name without quotes.
         FileDialogWidgets(dialog).fileNameEdit().clear();
 }
 
@@ -165,7 +166,7 @@ void choose(const QPointer<QFileDialog>& dialog, const QString& path)
     if (dialog)
         Q_EMIT dialog->fileSelected(path);
     if (dialog)
-        dialog->QDialog::accept(); // skips QFileDialog::accept(), which would split the name at the quotes
+        dialog->QDialog::accept(); // QFileDialog::accept() would split the name at the quotes.
 }
 
 } // namespace

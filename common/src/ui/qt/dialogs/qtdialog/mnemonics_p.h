@@ -14,12 +14,12 @@ namespace zelmar::internal {
 /// Returns `label` without the ampersand of its mnemonic. A doubled ampersand stays.
 QString withoutMnemonic(const QString& label);
 
-/// Returns `label` with a mnemonic that is not in `taken`: its own one if it is free, otherwise its first letter or
-/// digit that is free, and no mnemonic if all are taken.
+/// Returns `label` with a mnemonic that is not in `taken`: with its own mnemonic if that is free, otherwise with its
+/// first letter or digit that is free, and without a mnemonic if all are taken.
 COMMON_UI_QT_INTERNAL_EXPORT QString withAnyFreeMnemonic(const QString& label, const QSet<QKeySequence>& taken);
 
-/// Returns the mnemonics that a button of a Qt-drawn dialog must not have: those of the labels, those of the buttons in
-/// the button box other than `except`, and those that the accept button may get while a name is typed.
+/// Returns the mnemonics that the button `except` of a Qt-drawn dialog must not have: those of the labels, those of the
+/// other buttons in the button box, and that of the label that the accept button may get while a name is typed.
 QSet<QKeySequence> mnemonicsBeside(const QAbstractButton& except, const QFileDialog& dialog);
 
 } // namespace zelmar::internal

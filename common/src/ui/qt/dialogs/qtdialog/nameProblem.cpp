@@ -37,8 +37,8 @@ int lengthOf(const QString& name)
 }
 #endif
 
-/// Returns `folder` if its parent folder exists, and otherwise the topmost of its parent folders that does not exist.
-/// That may be a drive, which is its own parent and which QFileInfo::isRoot() does not recognise when it is missing.
+/// Returns the topmost missing folder of the path of `folder`, which does not exist itself. This may be a drive, which
+/// is its own parent, and which QFileInfo::isRoot() does not recognise if it is missing.
 QFileInfo firstMissing(QFileInfo folder)
 {
     for (QFileInfo above(folder.path()); !above.exists() && above.filePath() != folder.filePath();

@@ -13,8 +13,8 @@ namespace zelmar::internal {
 
 namespace {
 
-/// Returns the absolute path of the single name `text` without a default suffix. A leading "~/" is the home folder
-/// unless the folder that is shown contains such a file.
+/// Returns the absolute path of the single name `text` without a default suffix. A leading "~/" denotes the home folder
+/// unless that path exists in the shown folder.
 QString pathOf(const QFileDialog& dialog, const QString& text)
 {
     const QString path = dialog.directory().absoluteFilePath(text);
