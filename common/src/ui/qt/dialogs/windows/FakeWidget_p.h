@@ -12,8 +12,8 @@ class ExtendedWinFileDialog::Impl::FakeWidget : public QWidget
 public:
     enum class Kind { PushButton = 0, CheckButton = 1, AcceptMenuItem = 2 };
 
-    /// Borrows `dialog`, which may be null and must outlive the handle otherwise. A menu item has the id `itemId` in
-    /// the menu `controlId`; other controls ignore `itemId`.
+    /// Keeps a pointer to `dialog`, which must be null or outlive the handle. A menu item has the id `itemId` in the
+    /// menu `controlId`; other controls ignore `itemId`.
     FakeWidget(IFileDialog* dialog, Kind kind, DWORD controlId, DWORD itemId);
     ~FakeWidget() override;
 

@@ -105,10 +105,10 @@ void AcceptMenu::addItem(const ControlItem& item)
         return;
     QAction* action = m_menu->addAction(item.text);
     action->setEnabled(isUsable(item.state));
-    // Queued so that the menu closes first: the action may run for a long time or change the items.
-    const auto tell = [this, id = item.id] { m_picked(id); };
+    // The call is queued so that the menu closes first: the function may run for a long time or change the items.
+    const auto callPicked = [this, id = item.id] { m_picked(id); };
     connect(action, &QAction::triggered, this,
-            [this, tell] { QMetaObject::invokeMethod(this, tell, Qt::QueuedConnection); });
+            [this, callPicked] { QMetaObject::invokeMethod(this, callPicked, Qt::QueuedConnection); });
 }
 
 void AcceptMenu::close()
@@ -154,8 +154,8 @@ void AcceptMenu::placeArrow()
     m_arrow->setGeometry(QStyle::visualRect(m_button.layoutDirection(), inside, trailing));
 }
 
-/// Makes the button wide enough for its label and the arrow. The label is centred, so the arrow's width is needed on
-/// both sides. In a right-to-left layout this holds only without an icon, beside which styles align the label.
+/// Makes the button wide enough for its label and the arrow. The label is centred, so that the width of the arrow is
+/// needed on both sides. In a right-to-left layout, styles centre the label only if the button has no icon.
 void AcceptMenu::reserveRoom()
 {
     const bool iconInTheWay = m_needed && m_button.layoutDirection() == Qt::RightToLeft;

@@ -14,16 +14,16 @@ class QToolButton;
 
 namespace zelmar::internal {
 
-/// A menu with further ways to accept a dialog, opened by a narrow arrow at the trailing edge of its accept button. The
-/// Down key opens it from the button, too. The arrow is enabled whenever the button is.
+/// A menu with further ways to accept a dialog. It is opened by a narrow arrow at the trailing edge of the accept
+/// button, or by the Down key on the button. The arrow is disabled while the button is disabled.
 class AcceptMenu : public QObject
 {
 public:
-    /// Adds the arrow to `button`, which becomes the parent. `name` is the arrow's accessible name. Calls `picked` with
-    /// the id of the chosen item after the menu has closed.
+    /// Adds the arrow to `button`, which becomes the parent. `name` is the accessible name of the arrow. `picked` is
+    /// called with the id of the chosen item after the menu has closed.
     AcceptMenu(QPushButton& button, const QString& name, std::function<void(DWORD)> picked);
 
-    /// Offers the items of `menu`. Hides the arrow when the menu is null, hidden, or has no visible item.
+    /// Shows the items of `menu` from now on. Hides the arrow if the menu is null, hidden, or has no visible item.
     void update(const Control* menu);
 
     void close();

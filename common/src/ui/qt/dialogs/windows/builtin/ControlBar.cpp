@@ -16,15 +16,15 @@ namespace zelmar::internal {
 
 namespace {
 
-/// Returns the label without its mnemonic if the dialog itself uses the same one. The application has to avoid
-/// conflicts among its own labels.
+/// Returns the text of a control in the row: the label, without its mnemonic if the dialog itself uses the same
+/// mnemonic. The application has to avoid conflicts among its own labels.
 QString rowText(const QString& label, QSet<QKeySequence> taken)
 {
     return withFreeMnemonic(label, taken);
 }
 
-/// Returns the label with a mnemonic that is not in `taken`, if it has one at all. Only the Help button is prominent,
-/// and it gives way to all other labels.
+/// Returns the text of a prominent control: the label, with a mnemonic that is not in `taken` if it has one at all.
+/// Only the Help button is prominent, and the mnemonics of all other labels have precedence over its own.
 QString prominentText(const QString& label, const QSet<QKeySequence>& taken)
 {
     return QKeySequence::mnemonic(label).isEmpty() ? label : withAnyFreeMnemonic(label, taken);
@@ -52,7 +52,8 @@ void ControlBar::update(const QSet<QKeySequence>& taken)
         if (control.kind == Control::Kind::AcceptMenu)
             continue;
         QAbstractButton& button = *buttonFor(control);
-        putInPlace(button, control.prominent);
+        if (control.prominent && button.parentWidget() == this)
+            moveToButtonBox(button);
         button.setText(control.prominent ? prominentText(control.label, takenForProminent)
                                          : rowText(control.label, taken));
         applyState(button, control);
@@ -108,7 +109,7 @@ QAbstractButton* ControlBar::buttonFor(const Control& control)
 QAbstractButton* ControlBar::makePushButton(DWORD id)
 {
     auto* button = new QPushButton(this);
-    button->setAutoDefault(false); // keeps the accept button the default button, which Return presses
+    button->setAutoDefault(false); // The accept button stays the default button, which Return presses.
     connect(button, &QPushButton::clicked, this, [this, id] { m_listener.buttonClicked(id); });
     return button;
 }
@@ -127,15 +128,13 @@ void ControlBar::applyState(QAbstractButton& button, const Control& control)
 {
     button.setEnabled(isUsable(control.state));
     button.setVisible(isShown(control.state));
-    // The listener is called for toggles by the user only.
+    // The listener is notified only when the user toggles the button.
     const QSignalBlocker blocker(&button);
     button.setChecked(control.checked);
 }
 
-void ControlBar::putInPlace(QAbstractButton& button, bool prominent)
+void ControlBar::moveToButtonBox(QAbstractButton& button)
 {
-    if (!prominent || button.parentWidget() != this)
-        return;
     layout()->removeWidget(&button);
     m_prominentPlace.addButton(&button, QDialogButtonBox::HelpRole);
 }

@@ -21,12 +21,13 @@ class FileDialogListener;
 class ControlBar : public QWidget
 {
 public:
-    /// Borrows all arguments but `parent`, which becomes the parent widget. The first update() creates the controls.
+    /// Keeps references to all arguments except `parent`, which becomes the parent widget. The first update() creates
+    /// the controls.
     ControlBar(ControlModel& model, FileDialogListener& listener, QDialogButtonBox& prominentPlace, QWidget* parent);
 
-    /// Creates missing controls and shows the current state of the model. A control in the row loses a mnemonic that is
-    /// in `taken`. A prominent control takes another letter of its label if its mnemonic is in `taken` or used in the
-    /// row.
+    /// Creates missing controls and shows the current state of the model. A control in the row is shown without its
+    /// mnemonic if that is in `taken`. A prominent control gets another letter of its label as its mnemonic if its own
+    /// one is in `taken` or used in the row.
     void update(const QSet<QKeySequence>& taken);
 
     /// Returns all controls, also the prominent ones, in the order in which they were added.
@@ -42,7 +43,7 @@ private:
     QAbstractButton* makePushButton(DWORD id);
     QAbstractButton* makeCheckBox(DWORD id);
     void applyState(QAbstractButton& button, const Control& control);
-    void putInPlace(QAbstractButton& button, bool prominent);
+    void moveToButtonBox(QAbstractButton& button);
 
     ControlModel& m_model;
     FileDialogListener& m_listener;

@@ -173,7 +173,7 @@ bool ControlModel::set(Record* record, Value Record::*member, const Value& value
     return changed();
 }
 
-/// Calls the listener after a change, and returns true for the operation that made it.
+/// Calls the listener after a change. Returns true, which is the result of the operation that made the change.
 bool ControlModel::changed() const
 {
     if (m_listener)

@@ -31,7 +31,7 @@ struct Control
     bool prominent = false;
     bool checked = false;           ///< for a check button
     std::vector<ControlItem> items; ///< for the menu
-    std::optional<DWORD> selected;  ///< for the menu; empty until an item was selected
+    std::optional<DWORD> selected;  ///< for the menu; empty until an item is selected
 };
 
 inline bool isShown(CDCONTROLSTATEF state)
@@ -44,13 +44,13 @@ inline bool isUsable(CDCONTROLSTATEF state)
     return state & CDCS_ENABLED;
 }
 
-/// Returns the item that the accept button itself shows and selects when it is pressed: the first visible one, or the
-/// first one when all are hidden. Null when the menu has no items.
+/// Returns the item whose text the accept button shows, and which is selected when the user presses the button itself:
+/// the first visible item, or the first item if all are hidden. Returns null if the menu has no items.
 COMMON_UI_QT_INTERNAL_EXPORT const ControlItem* firstItem(const Control& menu);
 
 /// A list of the controls that were added to a dialog, in the order in which they were added. An operation returns
-/// false and changes nothing when the id is unknown, belongs to another kind of control, or is to be added and exists
-/// already.
+/// false and changes nothing if the id is unknown or belongs to another kind of control, or if a control or item is to
+/// be added and its id is already in use.
 class COMMON_UI_QT_INTERNAL_EXPORT ControlModel
 {
 public:
@@ -66,7 +66,7 @@ public:
     /// items does not count.
     bool hasControls() const;
 
-    /// Adds a control at the end. A dialog can have one menu.
+    /// Adds a control at the end. Returns false for a second menu.
     bool add(Control control);
     bool setLabel(DWORD id, const QString& label);
     bool setState(DWORD id, CDCONTROLSTATEF state);
@@ -80,8 +80,8 @@ public:
     bool setItemState(DWORD id, DWORD item, CDCONTROLSTATEF state);
     bool selectItem(DWORD id, DWORD item);
 
-    /// Returns the item that was selected last, or else the one that the accept button shows. Empty for a menu without
-    /// items.
+    /// Returns the item that was selected last, or else the item that the accept button shows. Returns nothing for a
+    /// menu without items.
     std::optional<DWORD> selectedItem(DWORD id) const;
 
 private:

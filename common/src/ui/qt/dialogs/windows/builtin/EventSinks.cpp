@@ -13,8 +13,8 @@ bool EventSinks::remove(DWORD cookie)
     const auto entry = m_sinks.find(cookie);
     if (entry == m_sinks.end())
         return false;
-    const ComPtr<IFileDialogEvents> removed =
-        entry->second; // released last, because a sink's destructor may call this object
+    // Releases the sink at the very end, because its destructor may call this object.
+    const ComPtr<IFileDialogEvents> removed = entry->second;
     m_sinks.erase(entry);
     return true;
 }

@@ -14,12 +14,12 @@ class COMMON_UI_QT_INTERNAL_EXPORT EventSinks
 public:
     /// Adds a sink and returns its cookie, which is never 0.
     DWORD add(IFileDialogEvents& sink);
-    /// Removes the sink with this cookie. Returns false when there is none.
+    /// Removes the sink with this cookie. Returns false if there is none.
     bool remove(DWORD cookie);
 
-    /// Calls `tell` for each sink in the order in which they were added. Sinks may be added and removed meanwhile; a
-    /// removed sink is not called any more, and an added one not yet. An exception that `tell` throws ends the loop and
-    /// passes to the caller.
+    /// Calls `tell` for each sink in the order in which they were added. `tell` may add and remove sinks: a removed
+    /// sink is no longer called, and an added sink is called only the next time. An exception that `tell` throws ends
+    /// the loop and is passed on to the caller.
     void forEach(const std::function<void(IFileDialogEvents&)>& tell) const;
     /// Does the same for the sinks that implement IFileDialogControlEvents.
     void forEachWithControls(const std::function<void(IFileDialogControlEvents&)>& tell) const;

@@ -6,8 +6,8 @@
 
 namespace zelmar::internal {
 
-/// An interface that is notified of the user's actions in a dialog. No function may throw, because Qt's event loop
-/// calls them. Each may close the dialog, or destroy it by destroying its owner.
+/// An interface that is notified of the user's actions in a dialog. Its functions must not throw, because Qt's event
+/// loop calls them. Each of them may close the dialog, or destroy it by destroying its owner.
 class FileDialogListener
 {
 public:
@@ -20,7 +20,7 @@ public:
 
     virtual void buttonClicked(DWORD control) noexcept = 0;
     virtual void checkButtonToggled(DWORD control, bool checked) noexcept = 0;
-    /// Called when the user accepts through an item of the accept button's menu, right before mayAccept().
+    /// Called right before mayAccept() if the user accepts the dialog by an item of the accept button's menu.
     virtual void itemSelected(DWORD menu, DWORD item) noexcept = 0;
 
 protected:

@@ -37,7 +37,7 @@ HRESULT FileDialogObject<DialogInterface>::Show(HWND owner)
 {
     if (m_window)
         return E_UNEXPECTED;
-    const ComPtr<IFileDialog> self(this); // a sink may release the caller's last reference
+    const ComPtr<IFileDialog> self(this); // A sink may release the caller's last reference.
     m_chosen.clear();
     m_closeResult.reset();
 
@@ -70,15 +70,16 @@ HRESULT FileDialogObject<DialogInterface>::Close(HRESULT result)
 
 // Notifying the sinks
 
-/// Stores an exception of a sink until Show() throws it again, because none may pass through Qt's event loop.
+/// Calls a function that calls sinks. If a sink throws, stores the exception until Show() throws it again, because none
+/// may pass through Qt's event loop. Calls nothing until then.
 template <typename DialogInterface>
-template <typename Tell>
-void FileDialogObject<DialogInterface>::guarded(const Tell& tell) noexcept
+template <typename Call>
+void FileDialogObject<DialogInterface>::guarded(const Call& call) noexcept
 {
     if (m_thrown)
         return;
     try {
-        tell();
+        call();
     } catch (...) {
         m_thrown = std::current_exception();
         if (m_window)
@@ -198,14 +199,14 @@ HRESULT FileDialogObject<DialogInterface>::SetFileTypes(UINT count, const COMDLG
 template <typename DialogInterface>
 HRESULT FileDialogObject<DialogInterface>::SetFileTypeIndex(UINT index)
 {
-    const int place = static_cast<int>(index - 1U);
+    const int type = static_cast<int>(index - 1U); // The shell counts from 1.
     if (!m_window) {
-        m_request.type = place;
+        m_request.type = type;
         return S_OK;
     }
-    if (place < 0 || place >= m_request.types.count())
+    if (type < 0 || type >= m_request.types.count())
         return E_INVALIDARG;
-    m_window->setFileType(place);
+    m_window->setFileType(type);
     return S_OK;
 }
 

@@ -16,18 +16,18 @@
 
 namespace zelmar::internal {
 
-/// An implementation of the common file dialog, through IFileOpenDialog or IFileSaveDialog, on top of a QFileDialog
-/// that each Show() creates. Use on the GUI thread only. Where the interfaces leave the behaviour open:
+/// An implementation of the common file dialog, as IFileOpenDialog or IFileSaveDialog. Each Show() creates a
+/// QFileDialog. GUI thread only. The documentation of the interfaces leaves some behaviour open, which is as follows:
 ///
 /// - All settings persist from one Show() to the next, which starts with the folder, the name and the type that were
-///   shown last. In an open dialog labels, title, folder, name, type and controls change at once; options and the
-///   default extension take effect at the next Show().
+///   shown last. In an open dialog, new labels, a new title, folder, name or type and changes of the controls take
+///   effect at once. Options and the default extension take effect at the next Show().
 /// - GetFolder() returns E_FAIL while no folder is known: before the first Show(), unless SetFolder() was called.
-/// - A type index that was set out of range selects the first type when the dialog opens. While the dialog is open,
+/// - If the type index is out of range when the dialog opens, the first type is selected. While the dialog is open,
 ///   setting such an index returns E_INVALIDARG.
-/// - OnFileOk() is called on every sink. A single S_FALSE keeps the dialog open. The results of all other operations of
-///   a sink are ignored.
-/// - An exception thrown by a sink closes the dialog and leaves Show().
+/// - OnFileOk() is called on every sink. If any of them returns S_FALSE, the dialog stays open. The results of all
+///   other operations of a sink are ignored.
+/// - If a sink throws an exception, the dialog closes, and Show() throws the exception.
 template <typename DialogInterface>
 class FileDialogObject : public RefCounted<DialogInterface, ControlOperations>, private FileDialogListener
 {
@@ -77,8 +77,8 @@ private:
     void checkButtonToggled(DWORD control, bool checked) noexcept override;
     void itemSelected(DWORD menu, DWORD item) noexcept override;
 
-    template <typename Tell>
-    void guarded(const Tell& tell) noexcept;
+    template <typename Call>
+    void guarded(const Call& call) noexcept;
     template <typename Event>
     void tell(Event event) noexcept;
     template <typename Event, typename... Arguments>
@@ -92,10 +92,9 @@ private:
     EventSinks m_sinks;
 
     std::unique_ptr<FileDialogWindow> m_window; ///< null unless Show() is running
-    /// The chosen files of the open dialog, or of the last one.
-    QStringList m_chosen;
-    std::optional<HRESULT> m_closeResult;
-    std::exception_ptr m_thrown;
+    QStringList m_chosen; ///< the files that the user has chosen in the open dialog or in the latest one
+    std::optional<HRESULT> m_closeResult; ///< the result that was passed to Close() for the open dialog
+    std::exception_ptr m_thrown;          ///< the exception that a sink has thrown in the open dialog
 };
 
 class FileOpenDialogObject : public FileDialogObject<IFileOpenDialog>

@@ -7,7 +7,7 @@
 
 namespace zelmar::internal {
 
-/// The content that a dialog shows when it opens. For an empty string QFileDialog chooses.
+/// The settings with which a dialog opens. QFileDialog uses its default in place of an empty string.
 struct FileDialogRequest
 {
     explicit FileDialogRequest(DialogKind dialogKind)
@@ -22,7 +22,7 @@ struct FileDialogRequest
     QString acceptLabel;
     QString fileNameLabel;
     QString folder;
-    QString defaultFolder; ///< used when `folder` is empty
+    QString defaultFolder; ///< used if `folder` is empty
     QString fileName;      ///< as shown in the file-name box, where several names are quoted
     QString defaultExtension;
     FileTypes types;

@@ -28,6 +28,7 @@ namespace zelmar::internal {
 
 namespace {
 
+/// The cells that a widget occupies in a grid layout.
 struct GridPlace
 {
     int row = 0;
@@ -83,8 +84,8 @@ FileDialogWindow::~FileDialogWindow()
 
 bool FileDialogWindow::run()
 {
-    // QDialog::exec() would wait for the answer of the desktop's dialog. It would then not return after closeAtOnce(),
-    // and would return an answer that the listener refused.
+    // QDialog::exec() would wait until the desktop's dialog closes. It would not return after closeAtOnce(), and would
+    // return even if the listener has refused the chosen files.
     QEventLoop loop;
     connect(this, &QDialog::finished, &loop, &QEventLoop::quit);
     m_open = true;
@@ -94,7 +95,7 @@ bool FileDialogWindow::run()
     QTimer::singleShot(0, this, [this] { reportFolder(); });
     if (m_open)
         loop.exec(QEventLoop::DialogExec);
-    if (m_open) // the application quits
+    if (m_open) // The application quits.
         closeAtOnce();
     return m_accepted;
 }
@@ -105,8 +106,8 @@ void FileDialogWindow::closeAtOnce()
     done(Rejected);
 }
 
-/// Closes the dialog and takes it out of the children of its owner, which is being destroyed. The owner would delete
-/// the dialog while functions of the dialog may still be running.
+/// Closes the dialog and removes it from the children of its owner, which is being destroyed. The owner would delete
+/// the dialog although functions of the dialog may still be running.
 void FileDialogWindow::outliveOwner()
 {
     closeAtOnce();
@@ -116,7 +117,7 @@ void FileDialogWindow::outliveOwner()
 void FileDialogWindow::setVisible(bool visible)
 {
     QFileDialog::setVisible(visible);
-    // Qt creates its own widgets only now if the desktop turns out to have no dialog.
+    // If the desktop refuses to show a dialog, Qt creates its own widgets only now.
     if (visible && !isDrawnByQt() && FileDialogWidgets::existIn(*this)) {
         attachToWidgets();
         updateLabels();
@@ -127,7 +128,7 @@ void FileDialogWindow::setVisible(bool visible)
 void FileDialogWindow::accept()
 {
     unselectShownFolder(*this);
-    // The desktop may have closed its dialog without a choice; QFileDialog would go on waiting.
+    // The desktop may have closed its dialog without a chosen file. QFileDialog would ignore that and keep waiting.
     if (!isDrawnByQt() && selectedUrls().isEmpty())
         showAgainLater();
     else if (!filterByTypedPattern() && !acceptTypedName(*this))
@@ -151,7 +152,7 @@ void FileDialogWindow::done(int result)
     QFileDialog::done(result);
 }
 
-/// Asks the listener. Also returns false when the dialog was closed meanwhile.
+/// Asks the listener. Returns false if it refuses, or if the dialog was closed meanwhile.
 bool FileDialogWindow::mayAccept()
 {
     selectAcceptItem();
@@ -164,7 +165,7 @@ void FileDialogWindow::showAgainLater()
     QTimer::singleShot(0, this, [this] { showAgain(); });
 }
 
-/// Shows the dialog again for a desktop that closed it before the listener could refuse.
+/// Shows the dialog again if the desktop has closed it before the listener could refuse the chosen files.
 void FileDialogWindow::showAgain()
 {
     if (!m_open)
@@ -173,8 +174,8 @@ void FileDialogWindow::showAgain()
     showSilently();
 }
 
-/// Shows the dialog with its signals blocked, because a desktop's dialog may report file types that it selects only on
-/// the way to the requested one.
+/// Shows the dialog with its signals blocked, because a desktop's dialog may select and report other file types before
+/// it selects the requested one.
 void FileDialogWindow::showSilently()
 {
     const QSignalBlocker blocker(this);
@@ -189,12 +190,12 @@ void FileDialogWindow::acceptWith(DWORD item)
         return;
     m_pickedItem = item;
     accept();
-    // If the accepted name was a folder, the dialog has entered it and is still open. The item no longer counts.
+    // If the name is that of a folder, the dialog has entered the folder and is still open. Forgets the item then.
     m_pickedItem.reset();
 }
 
-/// Selects the picked item, or the first item when the user pressed the button itself. A choice of an earlier run does
-/// not count.
+/// Selects the picked item, or the first item if the user has pressed the button itself. An item that was selected in
+/// an earlier run is ignored.
 void FileDialogWindow::selectAcceptItem()
 {
     const Control* menu = m_controls.acceptMenu();
@@ -225,9 +226,10 @@ void FileDialogWindow::attachToWidgets()
     m_plainFileNameLabel = labelText(FileName);
 
     handleTypedNames(*this);
-    // Types are selected by index. QFileDialog would look them up by text, and also change the suffix of the name.
+    // This class selects types by their indexes. QFileDialog would look them up by their texts, and would also replace
+    // the suffix of the name.
     widgets.leaveFileTypesToCaller();
-    // Unlike directoryEntered(), this signal also reports a folder that the user typed.
+    // Unlike directoryEntered(), this signal also reports a folder that the user has typed.
     connect(m_model, &QFileSystemModel::rootPathChanged, this, [this] { reportFolder(); });
     placeControlBar();
     const bool saving = m_request.kind == DialogKind::Save;
@@ -345,7 +347,7 @@ void FileDialogWindow::updateTabOrder()
 
 QString FileDialogWindow::folder() const
 {
-    // The model's root path is empty when it shows the list of all drives, which is not a folder.
+    // The root path of the model is empty while the dialog shows the list of all drives, which is not a folder.
     if (isDrawnByQt())
         return m_model->rootPath().isEmpty() ? QDir::rootPath() : m_model->rootPath();
     return directory().absolutePath();
@@ -354,7 +356,7 @@ QString FileDialogWindow::folder() const
 void FileDialogWindow::setFolder(const QString& folder)
 {
     setDirectory(folder);
-    reportFolder(); // not every desktop reports a folder that the program sets
+    reportFolder(); // Not every desktop reports a folder that the program has set.
 }
 
 void FileDialogWindow::reportFolder()
@@ -374,7 +376,7 @@ QString FileDialogWindow::fileName() const
     QStringList names;
     for (const QString& file : selectedFiles())
         names += QFileInfo(file).fileName();
-    // A desktop's dialog may report existing files only, or none before the user has accepted.
+    // A desktop's dialog may report only existing files, or no files until the user accepts.
     return names.isEmpty() ? m_request.fileName : fileNameText(names);
 }
 
@@ -392,11 +394,11 @@ void FileDialogWindow::setFileName(const QString& text)
         return;
     }
     for (const QString& name : namesIn(shown))
-        selectFile(QDir(folder()).filePath(name)); // a relative name would refer to the initial folder
+        selectFile(QDir(folder()).filePath(name)); // A relative name would refer to the initial folder.
 }
 
 /// Filters the list by a pattern that the user typed as the name. The pattern applies until a file type is picked or
-/// set; the selected type does not change. Returns false when the name is not a pattern.
+/// set; the selected type does not change. Returns false if the name is not a pattern.
 bool FileDialogWindow::filterByTypedPattern()
 {
     const QString typed = isDrawnByQt() ? m_fileNameEdit->text() : QString();
@@ -422,14 +424,14 @@ int FileDialogWindow::fileType() const
     return m_request.types.placeOfFilter(selectedNameFilter(), m_reportedType);
 }
 
-void FileDialogWindow::setFileType(int place)
+void FileDialogWindow::setFileType(int type)
 {
-    m_request.type = place;
+    m_request.type = type;
     showTypes();
 }
 
-/// Selects the requested type without reporting it. The system's dialog does report the type when it opens; an
-/// application that then replaces the extension would change a name that the user has not touched.
+/// Selects the requested type without reporting it. The system's dialog does report the type when it opens, upon which
+/// an application that replaces the extension would change a name that the user has not edited.
 void FileDialogWindow::showTypes()
 {
     if (m_request.types.isEmpty())
@@ -443,6 +445,7 @@ void FileDialogWindow::showTypes()
     useFileType();
 }
 
+/// Filters the list by the patterns of the selected type.
 void FileDialogWindow::useFileType()
 {
     m_model->setNameFilters(m_request.types.patterns(m_fileTypeCombo->currentIndex()));

@@ -29,17 +29,17 @@ class FileDialogListener;
 class FileDialogWindow : public QFileDialog
 {
 public:
-    /// Borrows all arguments but `owner`, which becomes the parent and may be null.
+    /// Keeps references to all arguments except `owner`, which becomes the parent and may be null.
     FileDialogWindow(QWidget* owner, FileDialogRequest& request, ControlModel& controls, FileDialogListener& listener);
 
-    /// Writes the folder, type and name that were shown last into the request, from which the next window starts.
+    /// Stores the folder, the type and the name that were shown last in the request, with which the next window starts.
     ~FileDialogWindow() override;
 
-    /// Shows the dialog modally and waits until it is closed. Returns whether the user has accepted. The dialog closes
-    /// when its owner is destroyed or the application quits. May be called once only.
+    /// Shows the dialog modally and waits until it closes. Returns whether the user has accepted it. The dialog also
+    /// closes when its owner is destroyed or the application quits. May be called only once.
     bool run();
 
-    /// Closes the dialog as rejected, together with the questions that it has opened. Does not ask the listener.
+    /// Closes the questions over the dialog and rejects the dialog, without asking the listener.
     void closeAtOnce();
 
     QString folder() const;
@@ -47,8 +47,8 @@ public:
     QString fileName() const;
     void setFileName(const QString& text);
     int fileType() const;
-    /// Selects the type with this index (from 0), or the first one when it is out of range.
-    void setFileType(int place);
+    /// Selects the type with this index (from 0), or the first type if the index is out of range.
+    void setFileType(int type);
     void updateLabels();
 
     void setVisible(bool visible) override;
@@ -84,7 +84,7 @@ private:
     ControlModel& m_controls;
     FileDialogListener& m_listener;
 
-    /// Child widgets of a dialog that Qt draws; null in a dialog of the desktop.
+    /// The child widgets and models of a dialog that Qt draws. They are null if the desktop draws the dialog.
     QLineEdit* m_fileNameEdit = nullptr;
     QComboBox* m_fileTypeCombo = nullptr;
     QFileSystemModel* m_model = nullptr;
@@ -93,13 +93,13 @@ private:
     QPushButton* m_acceptButton = nullptr;
     ControlBar* m_controlBar = nullptr;
     AcceptMenu* m_acceptMenu = nullptr;
-    int m_buttonRows = 0;
-    QString m_plainAcceptText;
-    QString m_plainFileNameLabel;
+    int m_buttonRows = 0;         ///< the number of rows of the button box in QFileDialog's own layout
+    QString m_plainAcceptText;    ///< QFileDialog's own label of the accept button
+    QString m_plainFileNameLabel; ///< QFileDialog's own label of the file-name box
 
     QString m_reportedFolder;
     int m_reportedType = 0;
-    std::optional<DWORD> m_pickedItem;
+    std::optional<DWORD> m_pickedItem; ///< the item of the accept menu by which the user is accepting the dialog
     bool m_open = false;
     bool m_accepted = false;
 };

@@ -28,9 +28,9 @@ QStringList FileTypes::nameFilters() const
     return filters;
 }
 
-QStringList FileTypes::patterns(int place) const
+QStringList FileTypes::patterns(int index) const
 {
-    return m_types.value(place).patterns;
+    return m_types.value(index).patterns;
 }
 
 int FileTypes::placeOfFilter(const QString& nameFilter, int current) const

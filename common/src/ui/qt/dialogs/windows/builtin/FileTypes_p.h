@@ -20,17 +20,18 @@ public:
     int count() const { return m_types.size(); }
     bool isEmpty() const { return m_types.isEmpty(); }
 
-    /// Returns `index`, or 0 when it is out of range.
+    /// Returns `index`, or 0 if it is out of range.
     int placeOf(int index) const;
 
     /// Returns the types as name filters of QFileDialog, which shows each run of white space as one blank.
     QStringList nameFilters() const;
 
-    /// Returns the patterns of one type. Empty for a type that matches everything and for an index out of range.
-    QStringList patterns(int place) const;
+    /// Returns the patterns of the type with this index. Empty for a type that matches everything, and if the index is
+    /// out of range.
+    QStringList patterns(int index) const;
 
-    /// Returns the index of the type with this name filter. Prefers `current` among equal types, then the first one,
-    /// and returns `current` when no type has the filter.
+    /// Returns the index of the type with this name filter. Prefers `current` if several types have the filter, and
+    /// then the first of them. Returns `current` if no type has the filter.
     int placeOfFilter(const QString& nameFilter, int current) const;
 
 private:

@@ -107,8 +107,8 @@ private:
     std::vector<ComPtr<IShellItem>> m_items;
 };
 
-/// Returns `path` with slashes as separators, or an empty string when nothing exists there. A backslash may be a
-/// separator or part of a name. If several interpretations exist on the disk, prefers shorter names.
+/// Returns `path` with slashes as separators, or an empty string if the path does not exist. A backslash may be a
+/// separator or part of a name. If several of these readings exist, prefers the one whose first names are shorter.
 QString resolvedPath(const QString& path)
 {
     QString resolved;

@@ -7,10 +7,10 @@
 
 namespace zelmar::internal {
 
-/// Makes the item for an absolute path with slashes. Does not check that the path exists.
+/// Creates the item for an absolute path with slashes. Does not check whether the path exists.
 ComPtr<IShellItem> makeShellItem(const QString& path);
 
-/// Makes an array of items in the order of `paths`.
+/// Creates an array of the items for `paths`, in the same order.
 ComPtr<IShellItemArray> makeShellItemArray(const QStringList& paths);
 
 } // namespace zelmar::internal

@@ -90,7 +90,8 @@ std::vector<WrappingLayout::Place> WrappingLayout::placesFor(int width) const
     return places;
 }
 
-/// Gives every widget of a line the height of the tallest one, so that each centres itself, and returns this height.
+/// Gives all widgets of a line the height of the tallest one, so that their contents are on the same level. Returns
+/// this height.
 int WrappingLayout::levelLine(std::vector<Place>& places, std::size_t begin)
 {
     int height = 0;

@@ -7,8 +7,8 @@
 
 namespace zelmar::internal {
 
-/// A layout that places widgets side by side in reading direction, each in its preferred size, and starts a new line
-/// where one is full. Hidden widgets take no space.
+/// A layout that places widgets side by side in reading direction, each in its preferred size, and starts a new line if
+/// the next widget does not fit. Hidden widgets take no space.
 class WrappingLayout : public QLayout
 {
 public:

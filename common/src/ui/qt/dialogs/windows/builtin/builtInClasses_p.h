@@ -4,7 +4,7 @@
 
 namespace zelmar::internal {
 
-/// Makes an object of one of the built-in classes. Returns REGDB_E_CLASSNOTREG for any other class.
+/// Creates an object of a built-in class. Returns REGDB_E_CLASSNOTREG for any other class.
 HRESULT createBuiltInObject(REFCLSID classId, REFIID iid, void** object);
 
 } // namespace zelmar::internal

@@ -12,10 +12,10 @@ using namespace zelmar::internal;
 
 namespace {
 
-/// The apartment that the current thread has entered.
+/// The apartment of a thread.
 struct Apartment
 {
-    int entered = 0;
+    int entered = 0; ///< how many times the thread has entered it without leaving
     DWORD mode = COINIT_MULTITHREADED;
 };
 
@@ -38,7 +38,7 @@ public:
 
     bool remove(DWORD cookie)
     {
-        ComPtr<IUnknown> removed; // released after the lock, because the object may call this registry again
+        ComPtr<IUnknown> removed; // Declared before the lock: when it is released, the object may call this registry.
         const std::lock_guard<std::mutex> lock(m_mutex);
         const auto entry = std::find_if(m_entries.begin(), m_entries.end(),
                                         [cookie](const Entry& other) { return other.cookie == cookie; });
@@ -49,6 +49,7 @@ public:
         return true;
     }
 
+    /// Returns the class object that was registered last for `classId`, or null if there is none.
     ComPtr<IUnknown> last(REFCLSID classId)
     {
         const std::lock_guard<std::mutex> lock(m_mutex);

@@ -17,7 +17,8 @@ COMMON_UI_QT_INTERNAL_EXPORT QString fileNameText(const QStringList& names);
 /// content as one name.
 COMMON_UI_QT_INTERNAL_EXPORT QStringList namesIn(const QString& fileNameText);
 
-/// Returns `label`, without its mnemonic if `taken` contains that. Otherwise adds the mnemonic to `taken`.
+/// Returns `label` without its mnemonic if `taken` contains the mnemonic. Otherwise returns `label` unchanged and adds
+/// its mnemonic, if there is one, to `taken`.
 COMMON_UI_QT_INTERNAL_EXPORT QString withFreeMnemonic(const QString& label, QSet<QKeySequence>& taken);
 
 } // namespace zelmar::internal

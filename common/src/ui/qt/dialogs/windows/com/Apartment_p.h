@@ -4,7 +4,7 @@
 
 namespace zelmar::internal {
 
-/// A scope that enters the single-threaded apartment of this thread and leaves it at its end.
+/// A scope guard that enters the single-threaded apartment of this thread and leaves it at its end.
 class Apartment
 {
 public:

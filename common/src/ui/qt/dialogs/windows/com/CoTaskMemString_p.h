@@ -14,13 +14,13 @@ struct CoTaskMemDeleter
     void operator()(void* memory) const { CoTaskMemFree(memory); }
 };
 
-/// Owns a string that was allocated with CoTaskMemAlloc().
+/// A smart pointer that owns a string that was allocated with CoTaskMemAlloc().
 using CoTaskMemString = std::unique_ptr<wchar_t, CoTaskMemDeleter>;
 
-/// Copies `text`. Returns null when memory is exhausted.
+/// Returns a copy of `text`, or null if memory is exhausted.
 COMMON_UI_QT_INTERNAL_EXPORT CoTaskMemString makeCoTaskMemString(const QString& text);
 
-/// Converts `text`. Returns an empty string for null.
+/// Returns `text` as a QString, which is empty if `text` is null.
 inline QString textOf(LPCWSTR text)
 {
     return text ? QString::fromWCharArray(text) : QString();

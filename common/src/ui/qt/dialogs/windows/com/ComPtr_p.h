@@ -22,18 +22,19 @@ std::enable_if_t<std::is_base_of<IUnknown, Object>::value> intrusive_ptr_release
 
 namespace zelmar::internal {
 
-/// Holds one reference to a COM object and releases it at its end.
+/// A smart pointer that holds one reference to a COM object and releases it at its end.
 template <typename Interface>
 using ComPtr = boost::intrusive_ptr<Interface>;
 
-/// Takes ownership of the reference that a call has put into an output argument, which may be null.
+/// Takes ownership of a reference that was counted already, for example in an output argument of a call. The pointer
+/// may be null.
 template <typename Interface>
 ComPtr<Interface> adopt(Interface* counted)
 {
     return ComPtr<Interface>(counted, false);
 }
 
-/// Returns another interface of `object`. Null when the object does not have it, or is null itself.
+/// Returns another interface of `object`, or null if the object is null or does not implement it.
 template <typename Interface>
 ComPtr<Interface> queryFor(REFIID iid, IUnknown* object)
 {
