@@ -79,7 +79,10 @@ void ContainsFilterModel::setContainedText(const QString& text, Qt::CaseSensitiv
 {
     if (isShown(text, caseSensitivity) && isCurrent())
         return;
-    beginResetModel();
+    // While the source model is changing, a reset has begun and ends after the change.
+    const bool hasBegun = m_isSourceChanging;
+    if (!hasBegun)
+        beginResetModel();
     if (!isCurrent())
         m_results.clear();
     if (m_texts)
@@ -92,7 +95,8 @@ void ContainsFilterModel::setContainedText(const QString& text, Qt::CaseSensitiv
         m_results.pop_back();
     if (!text.isEmpty() && m_texts && (m_results.empty() || m_results.back().search.text() != text))
         narrow(TextSearch(text, caseSensitivity));
-    endResetWithoutFetching();
+    if (!hasBegun)
+        endResetWithoutFetching();
 }
 
 /// Ends a reset. Slots that receive its signal cannot fetch rows. The completer sets the column and the needle one

@@ -54,6 +54,7 @@ private Q_SLOTS:
     void survivesTheModel();
     void survivesTheModelWhosePopupIsOpen();
     void takesSettersOfQCompleter();
+    void takesAModelThroughQCompleter();
     void letsAnOverrideSplit();
     void leavesTheListWhenSplitIsAskedFor();
     void setsFilterModes();
@@ -313,6 +314,30 @@ void tst_ctkCompleter::survivesTheModelWhosePopupIsOpen()
     editor.completer->setModel(&other);
     QVERIFY(editor.type(QStringLiteral("e 7")));
     QCOMPARE(editor.completer->completionCount(), completionsOf(*editor.completer).size());
+}
+
+/// Qt 6's combo box sets the model in this way.
+void tst_ctkCompleter::takesAModelThroughQCompleter()
+{
+    QStringListModel first(manyTexts());
+    ctkCompleter completer(&first);
+    completer.setModelFiltering(ctkCompleter::FilterContains);
+    QCOMPARE(completionsOf(completer, QStringLiteral("Light")).size(), 300);
+
+    int uses = 0;
+    auto second = std::make_unique<QStringListModel>(manyTexts().mid(0, 1200));
+    // Connected before the completer has the model, so that this slot runs before the completer's.
+    connect(second.get(), &QObject::destroyed, this, [&] {
+        ++uses;
+        completer.setCompletionPrefix(QStringLiteral("Blue"));
+    });
+    static_cast<QCompleter&>(completer).setModel(second.get());
+    QCOMPARE(completer.completionCount(), 240); // the prefix is still "Light"
+    QCOMPARE(completer.model(), second.get());
+    QCOMPARE(completionsOf(completer, QStringLiteral("ght Bl")).size(), 240);
+    second.reset();
+    QCOMPARE(uses, 1);
+    QCOMPARE(completer.completionCount(), 0);
 }
 
 void tst_ctkCompleter::takesSettersOfQCompleter()

@@ -33,11 +33,22 @@ void NarrowedSource::setSourceModel(QAbstractItemModel* model)
         disconnect(m_source, nullptr, this, nullptr);
     m_isNarrowed = false;
     // This model connects before the filter, because it must be notified first when the source model is destroyed.
+    const bool isFormerDying = isSourceDying();
     m_source = model;
-    QAbstractProxyModel::setSourceModel(model);
+    if (!isFormerDying) {
+        QAbstractProxyModel::setSourceModel(model);
+        m_filter->setSourceModel(nullptr);
+    }
     followSource();
-    m_filter->setSourceModel(nullptr);
     endResetModel();
+}
+
+/// Returns whether the destructor of the model that sourceModel() returns is running. That model cannot be replaced
+/// before it has sent destroyed(), because QAbstractProxyModel disconnects its signals by name and a half-destroyed
+/// model has no names.
+bool NarrowedSource::isSourceDying() const
+{
+    return sourceModel() && sourceModel() != m_source;
 }
 
 QAbstractItemModel* NarrowedSource::source() const
@@ -70,7 +81,7 @@ void NarrowedSource::followFilter()
 
 bool NarrowedSource::isWorthNarrowing() const
 {
-    return m_source && m_source->rowCount() >= manyRows;
+    return m_source && !isSourceDying() && m_source->rowCount() >= manyRows;
 }
 
 bool NarrowedSource::isShown(const Query& query) const
@@ -109,7 +120,7 @@ void NarrowedSource::search(const Query& query)
 
 void NarrowedSource::showAll()
 {
-    // A reset asks the source model for its roles, which it cannot answer while it is being destroyed.
+    // The filter must not be used while the source model is being destroyed.
     if (!m_isNarrowed || !m_source)
         return;
     beginResetModel();
@@ -121,6 +132,10 @@ void NarrowedSource::showAll()
 bool NarrowedSource::isRefreshing() const
 {
     return m_refreshes > 0;
+}
+
+void NarrowedSource::resetInternalData()
+{
 }
 
 // Following the source model
@@ -158,6 +173,10 @@ void NarrowedSource::onDataChanged(const QModelIndex& topLeft, const QModelIndex
 
 void NarrowedSource::onSourceDestroyed()
 {
+    if (m_source) { // another model has been set while the destructor was running
+        QAbstractProxyModel::setSourceModel(m_source);
+        return;
+    }
     beginResetModel();
     m_isNarrowed = false;
     endResetModel();

@@ -56,6 +56,11 @@ public:
     QModelIndex mapToSource(const QModelIndex& index) const override;
     QModelIndex mapFromSource(const QModelIndex& index) const override;
 
+protected Q_SLOTS:
+    /// Does nothing. QAbstractProxyModel would ask the source model for its roles, even while that is being destroyed.
+    /// endResetModel() calls this slot; Qt 5 finds it by its name, and in Qt 6 it is virtual.
+    void resetInternalData();
+
 private:
     void onRowsInserted(const QModelIndex& parent, int first, int last);
     void onRowsChanged();
@@ -67,6 +72,7 @@ private:
 
     void followSource();
     void followFilter();
+    bool isSourceDying() const;
     bool isWorthNarrowing() const;
     void search(const Query& query);
     bool isShown(const Query& query) const;

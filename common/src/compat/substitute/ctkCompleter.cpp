@@ -2,6 +2,7 @@
 
 #include "compat/substitute/NarrowedSource_p.h"
 
+#include <QScopedValueRollback>
 #include <QSignalBlocker>
 
 #include <utility>
@@ -35,6 +36,7 @@ struct ctkCompleter::Impl
 
     bool isNarrowed = false;      ///< the result was an empty string, because the source shows only matching rows
     bool isResultPending = false; ///< the completion model has not filtered with this result yet
+    bool isSettingModel = false;  ///< setModel() is running
     bool setsPrefixAgain = false; ///< the prefix must be set again after the completion model has filtered
 
     // The settings of the latest search. QCompleter filters without a prefix when one of them changes.
@@ -153,6 +155,15 @@ void ctkCompleter::setModel(QAbstractItemModel* model)
     if (model && model == this->model() && model->QObject::parent() == this)
         return;
     const bool wasNarrowed = std::exchange(m_impl->isNarrowed, false);
+    replaceModel(model);
+    chooseSource();
+    if (wasNarrowed)
+        setCompletionPrefix(completionPrefix());
+}
+
+void ctkCompleter::replaceModel(QAbstractItemModel* model)
+{
+    const QScopedValueRollback<bool> settingModel(m_impl->isSettingModel, true);
     if (usesNarrowedSource()) {
         // QCompleter expects its former model: it deletes a child of the completer, and resets the completion role
         // that it has set for a file system.
@@ -160,9 +171,6 @@ void ctkCompleter::setModel(QAbstractItemModel* model)
         m_impl->source->setSourceModel(nullptr);
     }
     QCompleter::setModel(model);
-    chooseSource();
-    if (wasNarrowed)
-        setCompletionPrefix(completionPrefix());
 }
 
 bool ctkCompleter::usesNarrowedSource() const
@@ -245,6 +253,9 @@ bool ctkCompleter::isPrefixDropped() const
 
 void ctkCompleter::onCompletionsChanged()
 {
+    // Qt 6's combo box replaces the model through a pointer to QCompleter.
+    if (!m_impl->isSettingModel && !usesNarrowedSource())
+        chooseSource();
     if (std::exchange(m_impl->setsPrefixAgain, false))
         setCompletionPrefix(completionPrefix());
 }

@@ -87,6 +87,7 @@ private Q_SLOTS:
 private:
     void followCompletionModel();
     bool usesNarrowedSource() const;
+    void replaceModel(QAbstractItemModel* model);
     void chooseSource();
     void completeFrom(QAbstractItemModel* model);
     bool applyFiltering();
