@@ -1,9 +1,13 @@
 #include "ui/qt/controls/AutoFilterLineEdit_p.h"
 
+#include "ui/qt/controls/KeptText_p.h"
+
 #include <QAbstractItemView>
 #include <QCompleter>
 #include <QKeyEvent>
 #include <QPointer>
+
+#include <optional>
 
 namespace zelmar::ui {
 
@@ -85,6 +89,10 @@ void AutoFilterLineEdit::markCurrentCompletion()
     const CutConnection highlighted(*current, SIGNAL(highlighted(QString)), *this,
                                     SLOT(_q_completionHighlighted(QString)));
     const CutConnection activated(*current, SIGNAL(activated(QString)), *this, SLOT(setText(QString)));
+    // A newer Qt may connect the two by pointers, which only its own code can disconnect.
+    std::optional<internal::KeptText> kept;
+    if (QLineEdit::staticMetaObject.indexOfSlot("_q_completionHighlighted(QString)") < 0)
+        kept.emplace(*this);
     current->popup()->selectionModel()->select(current->currentIndex(), QItemSelectionModel::Select);
     if (current && current->popup())
         current->popup()->setCurrentIndex(current->currentIndex());
