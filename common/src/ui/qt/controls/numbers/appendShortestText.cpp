@@ -25,16 +25,16 @@ void appendInFormat(QString& text, double value, std::chars_format format)
     text += QLatin1String(buffer.data(), result.ptr);
 }
 
-/// Returns whether Qt certainly writes the number without an exponent. Qt uses the shorter notation, which is the one
-/// with an exponent for numbers below 1e-4 and for integers that end with many zeros. From 2^53 on an integer may have
-/// more digits than a double holds, so nothing is certain.
+/// Returns whether Qt 5 and Qt 6 certainly write the number without an exponent. Qt uses the shorter notation, which is
+/// the one with an exponent for numbers below 1e-4 and for integers that end with many zeros. Near these limits the
+/// versions of Qt differ. From 2^53 on an integer may have more digits than a double holds, so nothing is certain.
 bool isSurelyFixedNotation(double magnitude)
 {
     constexpr double exactIntegers = 9007199254740992.0; // 2^53
     if (magnitude < 1e5)
-        return magnitude >= 1e-4;
+        return magnitude >= 1e-3;
     return magnitude < exactIntegers
-           && (std::trunc(magnitude) != magnitude || static_cast<qint64>(magnitude) % 1000000 != 0);
+           && (std::trunc(magnitude) != magnitude || static_cast<qint64>(magnitude) % 100000 != 0);
 }
 
 #endif
