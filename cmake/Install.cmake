@@ -1,15 +1,16 @@
 # Installs the public headers below one include root, the library, a CMake package and a pkg-config file. Internal headers
-# are not installed: only the list of public headers counts.
+# are not installed: only the list of public headers counts. The folders and files are named after the major version of Qt, and
+# the target is zelmar::common_ui_qt in each package.
 include(CMakePackageConfigHelpers)
 
-set(package_folder "${CMAKE_INSTALL_LIBDIR}/cmake/common_ui_qt")
-set(header_root "${CMAKE_INSTALL_INCLUDEDIR}/common_ui_qt")
+set(package_folder "${CMAKE_INSTALL_LIBDIR}/cmake/${COMMON_UI_QT_NAME}")
+set(header_root "${CMAKE_INSTALL_INCLUDEDIR}/${COMMON_UI_QT_NAME}")
 
-install(TARGETS common_ui_qt EXPORT common_ui_qtTargets
+install(TARGETS common_ui_qt EXPORT ${COMMON_UI_QT_NAME}Targets
     RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}"
     LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}"
     ARCHIVE DESTINATION "${CMAKE_INSTALL_LIBDIR}")
-install(EXPORT common_ui_qtTargets NAMESPACE zelmar:: DESTINATION "${package_folder}")
+install(EXPORT ${COMMON_UI_QT_NAME}Targets NAMESPACE zelmar:: DESTINATION "${package_folder}")
 
 get_property(public_headers GLOBAL PROPERTY COMMON_UI_QT_PUBLIC_HEADERS)
 foreach(header IN LISTS public_headers)
@@ -23,20 +24,20 @@ install(FILES
 
 get_property(installed_classes GLOBAL PROPERTY COMMON_UI_QT_INSTALLED_CLASSES)
 configure_package_config_file(cmake/common_ui_qtConfig.cmake.in
-    "${PROJECT_BINARY_DIR}/common_ui_qtConfig.cmake" INSTALL_DESTINATION "${package_folder}")
-write_basic_package_version_file("${PROJECT_BINARY_DIR}/common_ui_qtConfigVersion.cmake"
+    "${PROJECT_BINARY_DIR}/${COMMON_UI_QT_NAME}Config.cmake" INSTALL_DESTINATION "${package_folder}")
+write_basic_package_version_file("${PROJECT_BINARY_DIR}/${COMMON_UI_QT_NAME}ConfigVersion.cmake"
     COMPATIBILITY SameMinorVersion)
 install(FILES
-    "${PROJECT_BINARY_DIR}/common_ui_qtConfig.cmake"
-    "${PROJECT_BINARY_DIR}/common_ui_qtConfigVersion.cmake"
+    "${PROJECT_BINARY_DIR}/${COMMON_UI_QT_NAME}Config.cmake"
+    "${PROJECT_BINARY_DIR}/${COMMON_UI_QT_NAME}ConfigVersion.cmake"
     DESTINATION "${package_folder}")
-install(FILES cmake/Compat.cmake DESTINATION "${package_folder}" RENAME common_ui_qtCompat.cmake)
+install(FILES cmake/Compat.cmake DESTINATION "${package_folder}" RENAME ${COMMON_UI_QT_NAME}Compat.cmake)
 
 # The pkg-config file contains flags of GCC and clang. The paths have a first folder, because "/" alone is not an absolute
 # path on Windows.
 if(NOT MSVC)
     file(RELATIVE_PATH prefix_from_pkgconfig "/prefix/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/prefix")
     common_ui_qt_get_class_flags(compat_cflags compat_libs ${installed_classes})
-    configure_file(cmake/common_ui_qt.pc.in "${PROJECT_BINARY_DIR}/common_ui_qt.pc" @ONLY)
-    install(FILES "${PROJECT_BINARY_DIR}/common_ui_qt.pc" DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
+    configure_file(cmake/common_ui_qt.pc.in "${PROJECT_BINARY_DIR}/${COMMON_UI_QT_NAME}.pc" @ONLY)
+    install(FILES "${PROJECT_BINARY_DIR}/${COMMON_UI_QT_NAME}.pc" DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
 endif()

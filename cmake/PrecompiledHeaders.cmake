@@ -17,3 +17,12 @@ function(common_ui_qt_reuse_precompiled_headers target owner)
         target_precompile_headers(${target} REUSE_FROM ${owner})
     endif()
 endfunction()
+
+# common_ui_qt_share_test_definitions()
+# Removes from Qt 6's test library the definitions that name the folders of each program, which no test uses: with other
+# definitions, a program could not reuse precompiled headers.
+function(common_ui_qt_share_test_definitions)
+    get_target_property(definitions ${QT}::Test INTERFACE_COMPILE_DEFINITIONS)
+    list(FILTER definitions EXCLUDE REGEX "^QT_TESTCASE_(BUILD|SOURCE)DIR=")
+    set_target_properties(${QT}::Test PROPERTIES INTERFACE_COMPILE_DEFINITIONS "${definitions}")
+endfunction()

@@ -76,17 +76,18 @@ QWidget* GalleryWindow::makePageColumn()
 void GalleryWindow::addMenu()
 {
     QMenu* menu = menuBar()->addMenu(tr("&Gallery"));
-    menu->addAction(
-        tr("&Next page"), this, [this] { step(1); }, QKeySequence(Qt::CTRL + Qt::Key_PageDown));
-    menu->addAction(
-        tr("&Previous page"), this, [this] { step(-1); }, QKeySequence(Qt::CTRL + Qt::Key_PageUp));
+    QAction* next = menu->addAction(tr("&Next page"), this, [this] { step(1); });
+    next->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_PageDown));
+    QAction* previous = menu->addAction(tr("&Previous page"), this, [this] { step(-1); });
+    previous->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_PageUp));
     menu->addSeparator();
     QAction* native = menu->addAction(tr("&System's file dialogs"));
     native->setCheckable(true);
     native->setChecked(ExtendedFileDialog::useNativeFileDialog());
     connect(native, &QAction::toggled, this, &ExtendedFileDialog::setUseNativeFileDialog);
     menu->addSeparator();
-    menu->addAction(tr("&Quit"), this, &QWidget::close, QKeySequence(QKeySequence::Quit));
+    QAction* quit = menu->addAction(tr("&Quit"), this, &QWidget::close);
+    quit->setShortcut(QKeySequence::Quit);
 }
 
 void GalleryWindow::step(int pages)

@@ -48,8 +48,10 @@ void nameApplication()
 {
     QCoreApplication::setOrganizationName(QStringLiteral("common_ui_qt"));
     QCoreApplication::setApplicationName(QStringLiteral("gallery"));
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0) // Qt 6 always does both and deprecates the attributes
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+#endif
 }
 
 void useDarkColours()

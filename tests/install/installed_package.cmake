@@ -15,7 +15,7 @@ run("${CMAKE_COMMAND}" --install "${BUILD}" --prefix "${staging}" --config "${CO
 file(RENAME "${staging}" "${prefix}")
 
 # The public headers are installed and no others, each as it stands in the source tree.
-file(GLOB_RECURSE installed RELATIVE "${prefix}/include/common_ui_qt" "${prefix}/include/common_ui_qt/*")
+file(GLOB_RECURSE installed RELATIVE "${prefix}/include/${NAME}" "${prefix}/include/${NAME}/*")
 list(REMOVE_ITEM installed common_ui_qt_compat.h common_ui_qt_export.h)
 list(SORT installed)
 list(SORT PUBLIC_HEADERS)
@@ -24,26 +24,34 @@ if(NOT installed STREQUAL PUBLIC_HEADERS)
 endif()
 foreach(header IN LISTS installed)
     file(READ "${HEADERS}/${header}" source)
-    file(READ "${prefix}/include/common_ui_qt/${header}" copy)
+    file(READ "${prefix}/include/${NAME}/${header}" copy)
     if(NOT source STREQUAL copy)
         message(FATAL_ERROR "${header} differs from its source")
     endif()
 endforeach()
 
+# The library for the other version of Qt can be installed beside it: the path of each file tells the version.
+file(GLOB_RECURSE files RELATIVE "${prefix}" "${prefix}/*")
+list(FILTER files EXCLUDE REGEX "(^|/)lib${NAME}\\.so|/${NAME}/|/${NAME}\\.pc$|/${QT_FOLDER}/")
+if(files)
+    message(FATAL_ERROR "Not named after the version of Qt: ${files}")
+endif()
+
 # With find_package.
 run("${CMAKE_COMMAND}" -S "${CONSUMER}" -B "${SCRATCH}/consumer" -G Ninja
-    "-DCMAKE_PREFIX_PATH=${prefix}" "-DCMAKE_CXX_COMPILER=${CXX}" -DCMAKE_BUILD_TYPE=Debug)
+    "-DCMAKE_PREFIX_PATH=${prefix}" -DPACKAGE=${NAME} -DCMAKE_CXX_STANDARD=${STANDARD}
+    "-DCMAKE_CXX_COMPILER=${CXX}" -DCMAKE_BUILD_TYPE=Debug)
 run("${CMAKE_COMMAND}" --build "${SCRATCH}/consumer")
 expect_working("${SCRATCH}/consumer/consumer")
 
 # With pkg-config: flags come with blanks escaped, as a shell wants them.
-file(GLOB_RECURSE pc "${prefix}/*/common_ui_qt.pc")
+file(GLOB_RECURSE pc "${prefix}/*/${NAME}.pc")
 get_filename_component(pc_folder "${pc}" DIRECTORY)
 get_filename_component(library_folder "${pc_folder}" DIRECTORY)
 file(WRITE "${SCRATCH}/with_pkg_config.sh"
     "set -eu\nexport PKG_CONFIG_PATH='${pc_folder}'\n"
-    "eval \"'${CXX}' -std=c++14 '${CONSUMER}/main.cpp' -o '${SCRATCH}/with_pkg_config' "
-    "$(pkg-config --cflags --libs common_ui_qt)\"\n")
+    "eval \"'${CXX}' -std=c++${STANDARD} '${CONSUMER}/main.cpp' -o '${SCRATCH}/with_pkg_config' "
+    "$(pkg-config --cflags --libs ${NAME})\"\n")
 run(sh "${SCRATCH}/with_pkg_config.sh")
 set(ENV{LD_LIBRARY_PATH} "${library_folder}")
 expect_working("${SCRATCH}/with_pkg_config")

@@ -1,4 +1,4 @@
-# Fails when a source has an include that its compiler accepts, and that has no place there.
+# Fails when a source has an include or a name that its compiler accepts, and that has no place there.
 cmake_policy(VERSION 3.16)
 
 file(GLOB_RECURSE all RELATIVE "${SOURCES}" "${SOURCES}/*.h" "${SOURCES}/*.cpp")
@@ -39,7 +39,8 @@ refuse(INCLUDE ui/qt/dialogs/save/
 refuse(EXCLUDE "ui/qt/(controls/|dialogs/qtdialog/FileDialogWidgets\\.cpp$)"
     "\"(fileNameEdit|fileTypeCombo|buttonBox|sidebar|listView|treeView|lookInCombo|qt_filesystem_model)\"|[\"(]_q_"
     "FileDialogWidgets knows the inside of QFileDialog")
+refuse(EXCLUDE "qtVersion_p\\.h$" "QT_VERSION" "qtVersion_p.h hides what differs between the versions of Qt")
 
 if(failures)
-    message(FATAL_ERROR "Includes that have no place there:${failures}")
+    message(FATAL_ERROR "Includes and names that have no place there:${failures}")
 endif()

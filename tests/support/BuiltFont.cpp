@@ -96,9 +96,10 @@ QByteArray name(const QString& family)
         {1, family}, {2, QStringLiteral("Regular")}, {4, family}, {6, QStringLiteral("BuiltFont")}};
     Writer table;
     Writer texts;
-    table.words({0, names.size(), 6 + 12 * names.size()});
+    const int count = int(names.size());
+    table.words({0, count, 6 + 12 * count});
     for (const auto& [id, text] : names) {
-        table.words({3, 1, 0x409, id, 2 * text.size(), texts.bytes.size()});
+        table.words({3, 1, 0x409, id, 2 * int(text.size()), int(texts.bytes.size())});
         for (const QChar letter : text)
             texts.u16(letter.unicode());
     }
@@ -149,8 +150,9 @@ QByteArray builtFont(const QString& family)
     const QVector<Table> tables = {{"OS/2", os2()},        {"cmap", cmap()}, {"glyf", square()}, {"head", head()},
                                    {"hhea", hhea()},       {"hmtx", hmtx()}, {"loca", loca()},   {"maxp", maxp()},
                                    {"name", name(family)}, {"post", post()}};
+    const int tableCount = int(tables.size());
     Writer font;
-    font.u32(0x00010000).words({tables.size(), 128, 3, 16 * tables.size() - 128});
+    font.u32(0x00010000).words({tableCount, 128, 3, 16 * tableCount - 128});
     QByteArray contents;
     for (const Table& table : tables) {
         font.bytes.append(table.tag, 4);

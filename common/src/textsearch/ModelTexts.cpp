@@ -313,7 +313,7 @@ ModelTexts::Change ModelTexts::suspectRows(int first, int last) const
 {
     const bool hasMoved = (m_movedUp > 0 || m_movedDown > 0) && last >= m_firstMoved;
     const int from = std::max(0, hasMoved ? first - m_movedUp : first);
-    const int end = std::min(m_texts.size(), (hasMoved ? last + m_movedDown : last) + 1);
+    const int end = std::min(int(m_texts.size()), (hasMoved ? last + m_movedDown : last) + 1);
     const int count = std::max(0, end - from);
     return {from, count, count};
 }

@@ -1,5 +1,7 @@
 #include "textsearch/TextSearch_p.h"
 
+#include "qtVersion_p.h"
+
 #include <QtAlgorithms>
 
 #include <algorithm>
@@ -27,8 +29,7 @@ const char16_t* unitsOf(QStringView text)
 void prefetch(const QString& text)
 {
 #ifdef ZELMAR_TEXTSEARCH_SSE2
-    // constData() would read the data and thus wait for it.
-    const char* const data = reinterpret_cast<const char*>(const_cast<QString&>(text).data_ptr());
+    const char* const data = static_cast<const char*>(addressOfText(text));
     _mm_prefetch(data, _MM_HINT_T0);
     _mm_prefetch(data + 64, _MM_HINT_T0);
 #else
@@ -51,7 +52,7 @@ TextSearch::TextSearch(QString text, Qt::CaseSensitivity caseSensitivity)
     for (const QChar unit : qAsConst(m_text))
         m_units.append(m_folding(unit.unicode()));
     // The last two code units are the most selective: the candidates of allAmong() usually contain the others.
-    const int last = m_text.size() - 1;
+    const int last = int(m_text.size()) - 1;
     const int secondToLast = std::max(last - 1, 0);
     const auto patternAt = [this](int offset) { return UnitPattern(m_folding.equivalentsOf(m_units.at(offset))); };
     m_prefilter = Prefilter(secondToLast, patternAt(secondToLast), last, patternAt(last));
@@ -83,7 +84,7 @@ bool TextSearch::anyMatches(const char16_t* haystack, quint64 positions) const
 /// Returns a bit mask of the positions at which the needle may occur, or `somewhere`.
 inline quint64 TextSearch::candidatePositions(QStringView haystack) const
 {
-    const int count = int(haystack.size()) - m_units.size() + 1;
+    const int count = int(haystack.size() - m_units.size()) + 1;
     if (count >= Prefilter::maxPositions || m_units.isEmpty())
         return containsAnywhere(haystack) ? somewhere : 0;
     return count > 0 ? m_prefilter.candidates(unitsOf(haystack), count) : 0;
@@ -94,7 +95,7 @@ bool TextSearch::containsAnywhere(QStringView haystack) const
 {
     if (m_units.isEmpty())
         return haystack.contains(m_text, m_caseSensitivity);
-    const int count = int(haystack.size()) - m_units.size() + 1;
+    const int count = int(haystack.size() - m_units.size()) + 1;
     for (int first = 0; first < count; first += Prefilter::maxPositions) {
         const char16_t* const window = unitsOf(haystack) + first;
         if (anyMatches(window, m_prefilter.candidates(window, std::min(count - first, Prefilter::maxPositions))))
@@ -126,7 +127,7 @@ int TextSearch::firstIn(const QStringList& texts) const
 {
     const auto text = texts.cbegin();
     for (int row = 0; row < texts.size(); ++row) {
-        prefetch(text[std::min(row + prefetchDistance, texts.size() - 1)]);
+        prefetch(text[std::min(row + prefetchDistance, int(texts.size()) - 1)]);
         if (contains(text[row]))
             return row;
     }
@@ -179,17 +180,18 @@ LookAheadFilter TextSearch::filterFor(const Found& candidates) const
                           && m_units.size() <= candidates.lookAheadStart + LookAhead::capacity
                           && m_text.startsWith(candidates.needle, m_caseSensitivity);
     if (!isUsable)
-        return {m_text.size(), m_folding};
-    return {candidates.lookAheads, candidates.lookAheadStart, m_units, candidates.needle.size(), m_folding};
+        return {int(m_text.size()), m_folding};
+    return {candidates.lookAheads, candidates.lookAheadStart, m_units, int(candidates.needle.size()), m_folding};
 }
 
 inline void TextSearch::prefilterBlock(Survivors& survivors, const QVector<int>& rows, int first,
                                        const QStringList& texts, const LookAheadFilter& filter) const
 {
     const auto text = texts.cbegin();
+    const int rowCount = int(rows.size());
     survivors.count = 0;
-    for (int candidate = first; candidate < std::min(first + blockSize, rows.size()); ++candidate) {
-        const int ahead = std::min(candidate + prefetchDistance, rows.size() - 1);
+    for (int candidate = first; candidate < std::min(first + blockSize, rowCount); ++candidate) {
+        const int ahead = std::min(candidate + prefetchDistance, rowCount - 1);
         if (!filter.decides(ahead))
             prefetch(text[rows.at(ahead)]);
         const quint64 positions = filter.decides(candidate) ? quint64(filter.accepts(candidate))

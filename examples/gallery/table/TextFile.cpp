@@ -3,11 +3,10 @@
 #include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
-#include <QTextCodec>
+#include <QtEndian>
 
 #include <cstring>
 #include <limits>
-#include <memory>
 
 #ifdef Q_OS_UNIX
 #include <unistd.h>
@@ -127,23 +126,35 @@ QString detectEncoding(const ProgressCallback& progress, TextBytes& text)
     return {};
 }
 
-/// Converts the text to UTF-8. A byte order mark is kept and converted, too.
-QString convertFromUtf16(const char* codecName, const ProgressCallback& progress, TextBytes& text)
+QString decodeUtf16(QSysInfo::Endian byteOrder, const char* bytes, qint64 unitCount)
 {
-    using Flag = QTextCodec::ConversionFlag;
-    const std::unique_ptr<QTextDecoder> decoder(QTextCodec::codecForName(codecName)->makeDecoder(Flag::IgnoreHeader));
-    // Uses an encoder, because it keeps the state of a surrogate pair that two blocks share.
-    const std::unique_ptr<QTextEncoder> encoder(QTextCodec::codecForName("UTF-8")->makeEncoder(Flag::IgnoreHeader));
+    QString text(int(unitCount), Qt::Uninitialized);
+    auto* const units = reinterpret_cast<quint16*>(text.data());
+    if (byteOrder == QSysInfo::BigEndian)
+        qFromBigEndian<quint16>(bytes, unitCount, units);
+    else
+        qFromLittleEndian<quint16>(bytes, unitCount, units);
+    return text;
+}
+
+/// Converts the text to UTF-8. A byte order mark is kept and converted, too; an odd byte at the end is dropped.
+QString convertFromUtf16(QSysInfo::Endian byteOrder, const ProgressCallback& progress, TextBytes& text)
+{
     std::vector<char> converted;
     const ByteRange all = text.all();
     ProgressStage stage(progress, 40, 50, all.size());
-    for (const char* pos = all.begin; pos != all.end;) {
+    const char* pos = all.begin;
+    while (all.end - pos >= 2) {
         if (!stage.reached(quint64(pos - all.begin)))
             return cancelledText();
-        const int size = int(qMin<qint64>(all.end - pos, BlockSize));
-        const QByteArray block = encoder->fromUnicode(decoder->toUnicode(pos, size));
+        const qint64 unitsLeft = (all.end - pos) / 2;
+        QString units = decodeUtf16(byteOrder, pos, qMin(unitsLeft, BlockSize));
+        // A surrogate pair is converted as a whole, with the next block.
+        if (units.size() < unitsLeft && units.at(units.size() - 1).isHighSurrogate())
+            units.chop(1);
+        const QByteArray block = units.toUtf8();
         converted.insert(converted.end(), block.begin(), block.end());
-        pos += size;
+        pos += 2 * units.size();
     }
     text.bytes = std::move(converted);
     text.encoding = TextEncoding::Utf16;
@@ -166,9 +177,9 @@ QString readTextFile(const QString& path, const ProgressCallback& progress, Text
     if (!error.isEmpty())
         return error;
     if (startsWith(text.all(), "\xFF\xFE", 2))
-        error = convertFromUtf16("UTF-16LE", progress, text);
+        error = convertFromUtf16(QSysInfo::LittleEndian, progress, text);
     else if (startsWith(text.all(), "\xFE\xFF", 2))
-        error = convertFromUtf16("UTF-16BE", progress, text);
+        error = convertFromUtf16(QSysInfo::BigEndian, progress, text);
     else
         error = detectEncoding(progress, text);
     text.start = startsWith(text.all(), Utf8Mark, Utf8MarkSize) ? Utf8MarkSize : 0;

@@ -448,7 +448,9 @@ void tst_QxtLabel::followsItsFont()
     auto* label = m_label.release();
     layout->addWidget(label);
     label->setText(alphabet);
-    window.resize(window.sizeHint());
+    // At a fractional scale factor, Qt 6 may make a window one pixel narrower than it was asked to.
+    const auto resizeToFit = [&window] { window.resize(window.sizeHint() + QSize(1, 0)); };
+    resizeToFit();
     window.show();
     QVERIFY(QTest::qWaitForWindowExposed(&window));
     const QSize before = label->sizeHint();
@@ -461,7 +463,7 @@ void tst_QxtLabel::followsItsFont()
     QVERIFY(label->sizeHint().height() > before.height() * 3 / 2);
     QVERIFY(paintedBy(*label).contains(ellipsis));
     QTRY_VERIFY(layout->minimumSize().height() >= label->sizeHint().height());
-    window.resize(window.sizeHint());
+    resizeToFit();
     QTRY_COMPARE(paintedBy(*label), alphabet);
 }
 

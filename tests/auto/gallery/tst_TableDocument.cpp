@@ -547,7 +547,7 @@ void tst_TableDocument::samplesTheWholeFile()
 
 void tst_TableDocument::readsTheExample()
 {
-    const QString path = QFINDTESTDATA("../../../examples/data/measurements.csv");
+    const QString path = QStringLiteral(EXAMPLE_DATA "/measurements.csv");
     const TableResult result = readTable(path);
     QCOMPARE(result.error, QString());
     QCOMPARE(result.document->rowCount(), 24);

@@ -453,7 +453,7 @@ void tst_ComboBoxAutoFilterKeyboard::longListsAreDrawn()
         QCoreApplication::processEvents();
     const auto isDrawn = [this] {
         QWidget& list = *completions().viewport();
-        const QPoint place = list.mapToGlobal({});
+        const QPoint place = list.mapToGlobal(QPoint());
         // The picture excludes the first item, which is highlighted and therefore drawn in any case.
         const QImage image =
             list.screen()->grabWindow(0, place.x(), place.y() + 30, list.width(), list.height() - 30).toImage();
@@ -505,7 +505,7 @@ void tst_ComboBoxAutoFilterKeyboard::listsStayOnTheScreen()
     m_box->setFixedWidth(80);
     m_window->resize(100, 120);
     m_window->move(screen.bottomRight() - QPoint(140, 160));
-    QTRY_VERIFY(m_box->mapToGlobal({}).x() > screen.center().x());
+    QTRY_VERIFY(m_box->mapToGlobal(QPoint()).x() > screen.center().x());
     QAbstractItemView& list = completions ? this->completions() : *m_box->view();
     if (completions)
         type(QStringLiteral("l"));
@@ -513,7 +513,7 @@ void tst_ComboBoxAutoFilterKeyboard::listsStayOnTheScreen()
         openList();
     QTRY_VERIFY(list.isVisible());
     const auto isOnScreen = [&] {
-        const QRect place(list.window()->mapToGlobal({}), list.window()->size());
+        const QRect place(list.window()->mapToGlobal(QPoint()), list.window()->size());
         return screen.contains(place);
     };
     QTRY_VERIFY(isOnScreen());

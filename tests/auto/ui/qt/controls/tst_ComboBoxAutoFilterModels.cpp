@@ -353,9 +353,11 @@ void tst_ComboBoxAutoFilterModels::survivesItsOwnFirstModel()
         QCOMPARE(completions(box, "et"), (QStringList{"Beta"}));
     }
     QStringListModel other({"Theta"});
-    box.setModel(&other); // the completer still has the deleted model
+    box.setModel(&other);
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0) // Qt 6's combo box gives the completer the model, too
     QCOMPARE(completions(box, "a"), QStringList());
     QTest::keyClick(&box, Qt::Key_Home);
+#endif
     QCOMPARE(completions(box, "a"), (QStringList{"Theta"}));
 }
 

@@ -71,8 +71,7 @@ protected:
 
 void press(QWidget& widget, const QKeySequence& keys)
 {
-    const auto modifiers = Qt::KeyboardModifiers(keys[0] & int(Qt::KeyboardModifierMask));
-    QTest::keyClick(widget.window()->windowHandle(), Qt::Key(keys[0] & ~int(Qt::KeyboardModifierMask)), modifiers);
+    QTest::keySequence(widget.window()->windowHandle(), keys);
 }
 
 } // namespace

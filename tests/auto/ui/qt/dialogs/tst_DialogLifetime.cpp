@@ -201,10 +201,14 @@ void tst_DialogLifetime::strikeDuringDeletion()
     }
     m_driver->onDialogWhen<QFileDialog>(
         "press Delete on a file",
-        [](QFileDialog& dialog) { return fileInList(dialog, QStringLiteral("old.dat")).isValid(); },
         [](QFileDialog& dialog) {
-            dialog.findChild<QListView*>("listView")->setCurrentIndex(fileInList(dialog, QStringLiteral("old.dat")));
-            dialog.findChild<QAction*>("qt_delete_action")->trigger();
+            return dialog.isActiveWindow() && fileInList(dialog, QStringLiteral("old.dat")).isValid();
+        },
+        [](QFileDialog& dialog) {
+            auto* const list = dialog.findChild<QListView*>("listView");
+            list->setCurrentIndex(fileInList(dialog, QStringLiteral("old.dat")));
+            list->setFocus();
+            QTest::keyClick(list, Qt::Key_Delete);
         });
     m_driver->onDialog<QMessageBox>("strike", [this](QMessageBox&) { strike(); });
 }

@@ -27,12 +27,12 @@ QStringList activePatterns(const QFileDialog& dialog)
     return dialog.findChild<QFileSystemModel*>()->nameFilters();
 }
 
-/// Emits the signal that the file-type box emits when the user picks its current entry.
+/// Emits the signals that the file-type box emits when the user picks its current entry.
 void pickAgain(QFileDialog& dialog)
 {
     QComboBox& combo = fileTypeCombo(dialog);
     QVERIFY(QMetaObject::invokeMethod(&combo, "activated", Q_ARG(int, combo.currentIndex())));
-    QVERIFY(QMetaObject::invokeMethod(&combo, "activated", Q_ARG(QString, combo.currentText())));
+    QVERIFY(QMetaObject::invokeMethod(&combo, "textActivated", Q_ARG(QString, combo.currentText())));
 }
 
 } // namespace

@@ -90,7 +90,8 @@ public:
     /// Returns the chosen paths in the system's own form, on Windows with backslashes. Empty when nothing was chosen.
     QStringList selectedFiles();
 
-    /// Sets what the user may choose; QFileDialog::AnyFile by default. QFileDialog::DirectoryOnly counts as AnyFile.
+    /// Sets what the user may choose; QFileDialog::AnyFile by default. Qt 5's QFileDialog::DirectoryOnly counts as
+    /// AnyFile.
     ///
     /// Kept for existing callers, see docs/compatibility.md: directory-only-is-any-file.
     void setFileMode(QFileDialog::FileMode mode);

@@ -16,7 +16,7 @@ namespace zelmar::internal {
 // Pure functions that translate a request into the terms of the native dialog.
 
 /// Returns `options` with the bits for folders, existing files, several files and the overwrite question set or
-/// cleared, and all other bits unchanged. QFileDialog::DirectoryOnly counts as AnyFile.
+/// cleared, and all other bits unchanged. Qt 5's QFileDialog::DirectoryOnly counts as AnyFile.
 ///
 /// Compatibility: directory-only-is-any-file
 COMMON_UI_QT_INTERNAL_EXPORT FILEOPENDIALOGOPTIONS nativeOptions(FILEOPENDIALOGOPTIONS options,
