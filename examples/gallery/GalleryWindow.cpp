@@ -77,9 +77,9 @@ void GalleryWindow::addMenu()
 {
     QMenu* menu = menuBar()->addMenu(tr("&Gallery"));
     QAction* next = menu->addAction(tr("&Next page"), this, [this] { step(1); });
-    next->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_PageDown));
+    next->setShortcut(QKeySequence(QStringLiteral("Ctrl+PgDown")));
     QAction* previous = menu->addAction(tr("&Previous page"), this, [this] { step(-1); });
-    previous->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_PageUp));
+    previous->setShortcut(QKeySequence(QStringLiteral("Ctrl+PgUp")));
     menu->addSeparator();
     QAction* native = menu->addAction(tr("&System's file dialogs"));
     native->setCheckable(true);

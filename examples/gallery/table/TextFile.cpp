@@ -154,7 +154,7 @@ QString convertFromUtf16(QSysInfo::Endian byteOrder, const ProgressCallback& pro
             units.chop(1);
         const QByteArray block = units.toUtf8();
         converted.insert(converted.end(), block.begin(), block.end());
-        pos += 2 * units.size();
+        pos += qint64(2) * units.size();
     }
     text.bytes = std::move(converted);
     text.encoding = TextEncoding::Utf16;
