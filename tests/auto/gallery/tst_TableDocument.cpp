@@ -220,72 +220,49 @@ void tst_TableDocument::explainsMalformedJson_data()
     QTest::addColumn<QString>("place");
     QTest::addColumn<QString>("reason");
 
-    QTest::newRow("empty") << QByteArray() << "Line 1, column 1"
-                           << "start with";
-    QTest::newRow("a number") << QByteArray("\n 12") << "Line 2, column 2"
-                              << "start with";
-    QTest::newRow("no rows") << QByteArray(R"({"columns":["a"]})") << "Line 1, column 18"
-                             << "lacks";
-    QTest::newRow("no columns") << QByteArray(R"({"rows":[]})") << "Line 1, column 12"
-                                << "lacks";
-    QTest::newRow("rows twice") << QByteArray(R"({"rows":[],"rows":[]})") << "Line 1"
-                                << "once";
-    QTest::newRow("other member") << QByteArray(R"({"cells":[]})") << "Line 1"
-                                  << "\"cells\"";
-    QTest::newRow("rows no list") << QByteArray(R"({"rows":12})") << "Line 1, column 9"
-                                  << "[ was expected";
-    QTest::newRow("row no list") << QByteArray("{\"rows\":\n[12]}") << "Line 2, column 2"
-                                 << "[ was expected";
-    QTest::newRow("list as cell") << QByteArray(R"({"rows":[[[1]]]})") << "Line 1, column 11"
-                                  << "plain value";
-    QTest::newRow("object as cell") << QByteArray(R"([{"a":{}}])") << "Line 1, column 7"
-                                    << "plain value";
-    QTest::newRow("object missing") << QByteArray("[1]") << "Line 1, column 2"
-                                    << "{ was expected";
-    QTest::newRow("key missing") << QByteArray("[{1:2}]") << "Line 1, column 3"
-                                 << "quotes";
-    QTest::newRow("key twice") << QByteArray(R"([{"a":1,"a":2}])") << "Line 1"
-                               << "twice";
-    QTest::newRow("comma missing") << QByteArray(R"({"rows":[[1 2]]})") << "Line 1, column 13"
-                                   << "comma";
-    QTest::newRow("comma too many") << QByteArray(R"({"rows":[[1,]]})") << "Line 1, column 13"
-                                    << "value";
-    QTest::newRow("colon missing") << QByteArray(R"([{"a" 1}])") << "Line 1, column 7"
-                                   << ": was expected";
-    QTest::newRow("not closed") << QByteArray(R"({"rows":[[1])") << "Line 1, column 13"
-                                << "comma or ]";
-    QTest::newRow("ends before a value") << QByteArray(R"({"rows":[[1,)") << "Line 1, column 13"
-                                         << "ends";
-    QTest::newRow("text not closed") << QByteArray("[{\"a\":\"x}]") << "Line 1"
-                                     << "byte 6";
-    QTest::newRow("line end in text") << QByteArray("[{\"a\":\"x\n\"}]") << "Line 1, column 9"
-                                      << "control";
-    QTest::newRow("NUL in text") << QByteArray("[{\"a\":\"\0\"}]", 11) << "Line 1, column 8"
-                                 << "control";
-    QTest::newRow("no escape") << QByteArray(R"([{"a":"\x"}])") << "Line 1, column 8"
-                               << "escape";
-    QTest::newRow("short escape") << QByteArray(R"([{"a":"\u12G4"}])") << "Line 1, column 8"
-                                  << "escape";
-    QTest::newRow("cut escape") << QByteArray(R"([{"a":"\u12)") << "Line 1, column 8"
-                                << "escape";
-    QTest::newRow("backslash at the end") << QByteArray("[{\"a\":\"\\") << "Line 1, column 8"
-                                          << "escape";
-    QTest::newRow("leading zero") << QByteArray(R"([{"a":012}])") << "Line 1, column 7"
-                                  << "number";
-    QTest::newRow("no digit") << QByteArray(R"([{"a":-}])") << "Line 1, column 7"
-                              << "number";
-    QTest::newRow("no decimals") << QByteArray(R"([{"a":1.}])") << "Line 1, column 7"
-                                 << "number";
-    QTest::newRow("no exponent") << QByteArray(R"([{"a":1e+}])") << "Line 1, column 7"
-                                 << "number";
-    QTest::newRow("unknown word") << QByteArray(R"([{"a":nil}])") << "Line 1, column 7"
-                                  << "value";
-    QTest::newRow("word goes on") << QByteArray(R"([{"a":nullx}])") << "Line 1, column 11"
-                                  << "comma";
-    QTest::newRow("something behind") << QByteArray("[]\n\n[]") << "Line 3, column 1"
-                                      << "follow";
-    QTest::newRow("deep nesting") << QByteArray(1000000, '[') << "Line 1, column 2"
-                                  << "{ was expected";
+    const struct
+    {
+        const char* name;
+        QByteArray bytes;
+        const char* place;
+        const char* reason;
+    } rows[] = {
+        {"empty", {}, "Line 1, column 1", "start with"},
+        {"a number", "\n 12", "Line 2, column 2", "start with"},
+        {"no rows", R"({"columns":["a"]})", "Line 1, column 18", "lacks"},
+        {"no columns", R"({"rows":[]})", "Line 1, column 12", "lacks"},
+        {"rows twice", R"({"rows":[],"rows":[]})", "Line 1", "once"},
+        {"other member", R"({"cells":[]})", "Line 1", "\"cells\""},
+        {"rows no list", R"({"rows":12})", "Line 1, column 9", "[ was expected"},
+        {"row no list", "{\"rows\":\n[12]}", "Line 2, column 2", "[ was expected"},
+        {"list as cell", R"({"rows":[[[1]]]})", "Line 1, column 11", "plain value"},
+        {"object as cell", R"([{"a":{}}])", "Line 1, column 7", "plain value"},
+        {"object missing", "[1]", "Line 1, column 2", "{ was expected"},
+        {"key missing", "[{1:2}]", "Line 1, column 3", "quotes"},
+        {"key twice", R"([{"a":1,"a":2}])", "Line 1", "twice"},
+        {"comma missing", R"({"rows":[[1 2]]})", "Line 1, column 13", "comma"},
+        {"comma too many", R"({"rows":[[1,]]})", "Line 1, column 13", "value"},
+        {"colon missing", R"([{"a" 1}])", "Line 1, column 7", ": was expected"},
+        {"not closed", R"({"rows":[[1])", "Line 1, column 13", "comma or ]"},
+        {"ends before a value", R"({"rows":[[1,)", "Line 1, column 13", "ends"},
+        {"text not closed", "[{\"a\":\"x}]", "Line 1", "byte 6"},
+        {"line end in text", "[{\"a\":\"x\n\"}]", "Line 1, column 9", "control"},
+        {"NUL in text", QByteArray("[{\"a\":\"\0\"}]", 11), "Line 1, column 8", "control"},
+        {"no escape", R"([{"a":"\x"}])", "Line 1, column 8", "escape"},
+        {"short escape", R"([{"a":"\u12G4"}])", "Line 1, column 8", "escape"},
+        {"cut escape", R"([{"a":"\u12)", "Line 1, column 8", "escape"},
+        {"backslash at the end", "[{\"a\":\"\\", "Line 1, column 8", "escape"},
+        {"leading zero", R"([{"a":012}])", "Line 1, column 7", "number"},
+        {"no digit", R"([{"a":-}])", "Line 1, column 7", "number"},
+        {"no decimals", R"([{"a":1.}])", "Line 1, column 7", "number"},
+        {"no exponent", R"([{"a":1e+}])", "Line 1, column 7", "number"},
+        {"unknown word", R"([{"a":nil}])", "Line 1, column 7", "value"},
+        {"word goes on", R"([{"a":nullx}])", "Line 1, column 11", "comma"},
+        {"something behind", "[]\n\n[]", "Line 3, column 1", "follow"},
+        {"deep nesting", QByteArray(1000000, '['), "Line 1, column 2", "{ was expected"},
+    };
+    for (const auto& row : rows)
+        QTest::newRow(row.name) << row.bytes << row.place << row.reason;
 }
 
 void tst_TableDocument::explainsMalformedJson()
