@@ -5,7 +5,7 @@
 namespace zelmar {
 
 /// The message handler that a save flow uses by default. Its texts contain the full file name unchanged and are English
-/// in every language of the application. Derive from SaveFileMessageHandlerInterface to translate them.
+/// in every language of the application. TranslatedSaveFileMessageHandler has them in other languages.
 ///
 /// Kept for existing callers, see docs/compatibility.md: untranslated-questions.
 class COMMON_UI_QT_EXPORT DefaultSaveFileMessageHandler : public SaveFileMessageHandlerInterface

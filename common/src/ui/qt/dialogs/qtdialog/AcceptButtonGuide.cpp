@@ -42,8 +42,7 @@ QString problemOfExistingName(const QFileDialog& dialog)
 {
     for (const QString& file : chosenFiles(dialog)) {
         if (!QFileInfo::exists(file))
-            return QCoreApplication::translate("FileDialogWindow", "%1 does not exist.")
-                .arg(QFileInfo(file).fileName());
+            return QCoreApplication::translate("common_ui_qt", "%1 does not exist.").arg(QFileInfo(file).fileName());
     }
     return {};
 }

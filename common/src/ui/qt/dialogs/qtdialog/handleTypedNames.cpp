@@ -139,7 +139,7 @@ QMessageBox::StandardButton ask(QFileDialog& dialog, const QString& text, QMessa
 
 void refuse(QFileDialog& dialog, const QFileInfo& file)
 {
-    ask(dialog, QCoreApplication::translate("FileDialogWindow", "%1 does not exist.").arg(file.fileName()),
+    ask(dialog, QCoreApplication::translate("common_ui_qt", "%1 does not exist.").arg(file.fileName()),
         QMessageBox::Ok);
 }
 
@@ -156,7 +156,7 @@ bool mayReplace(QFileDialog& dialog, const QFileInfo& file)
         || dialog.fileMode() != QFileDialog::AnyFile || !file.exists())
         return true;
     const QString question =
-        QCoreApplication::translate("FileDialogWindow", "%1 exists. Do you want to replace it?").arg(file.fileName());
+        QCoreApplication::translate("common_ui_qt", "%1 exists. Do you want to replace it?").arg(file.fileName());
     return ask(dialog, question, QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
 }
 

@@ -60,17 +60,15 @@ NameProblem problemOfFolder(const QFileInfo& folder)
     return {NameProblem::Kind::MissingFolder, missing.filePath()};
 }
 
-QString translated(const char* text)
-{
-    return QCoreApplication::translate("NameProblem", text);
-}
-
 QString tooLong(int limit)
 {
 #ifdef Q_OS_UNIX
-    return translated("The name is longer than the file system allows (%1 bytes).").arg(limit);
+    return QCoreApplication::translate("common_ui_qt", "The name is longer than the file system allows (%1 bytes).")
+        .arg(limit);
 #else
-    return translated("The name is longer than the file system allows (%1 characters).").arg(limit);
+    return QCoreApplication::translate("common_ui_qt",
+                                       "The name is longer than the file system allows (%1 characters).")
+        .arg(limit);
 #endif
 }
 
@@ -96,9 +94,9 @@ QString explanationOf(const NameProblem& problem)
     case NameProblem::Kind::TooLong:
         return tooLong(problem.limit);
     case NameProblem::Kind::MissingFolder:
-        return translated("The folder %1 does not exist.").arg(folder);
+        return QCoreApplication::translate("common_ui_qt", "The folder %1 does not exist.").arg(folder);
     case NameProblem::Kind::NotAFolder:
-        return translated("%1 is not a folder.").arg(folder);
+        return QCoreApplication::translate("common_ui_qt", "%1 is not a folder.").arg(folder);
     case NameProblem::Kind::None:
         break;
     }

@@ -234,8 +234,8 @@ void FileDialogWindow::attachToWidgets()
     placeControlBar();
     const bool saving = m_request.kind == DialogKind::Save;
     m_acceptMenu = new AcceptMenu(*m_acceptButton,
-                                  saving ? QCoreApplication::translate("FileDialogWindow", "More ways to save")
-                                         : QCoreApplication::translate("FileDialogWindow", "More ways to open"),
+                                  saving ? QCoreApplication::translate("common_ui_qt", "More ways to save")
+                                         : QCoreApplication::translate("common_ui_qt", "More ways to open"),
                                   [this](DWORD item) { acceptWith(item); });
 }
 
