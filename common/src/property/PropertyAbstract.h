@@ -27,11 +27,11 @@ namespace zelmar {
 /// copied nor moved.
 ///
 /// setValue() performs these steps, all of them before it returns:
-///  1. The validator checks the new value, even if it equals the current one. If it rejects the value, setValue()
-///     throws and nothing changes.
-///  2. If the new value equals the current one (by T's own `==`), setValue() returns without calling observers.
-///  3. The value is stored.
-///  4. The observers are called with the value read back from the property, in the order in which they connected.
+/// 1. The validator checks the new value, even if it equals the current one. If it rejects the value, setValue()
+///    throws and nothing changes.
+/// 2. If the new value equals the current one (by T's own `==`), setValue() returns without calling observers.
+/// 3. The value is stored.
+/// 4. The observers are called with the value read back from the property, in the order in which they connected.
 ///
 /// - An observer may set the value again, which starts the same steps within its call. All observers then receive the
 ///   newer value first, and the remaining ones receive the older value afterwards, when value() is already the newer
