@@ -20,6 +20,7 @@ endforeach()
 install(FILES
     "${PROJECT_BINARY_DIR}/common/generated/common_ui_qt_compat.h"
     "${PROJECT_BINARY_DIR}/common/generated/common_ui_qt_export.h"
+    "${PROJECT_BINARY_DIR}/common/generated/common_ui_qt_version.h"
     DESTINATION "${header_root}")
 
 get_property(installed_classes GLOBAL PROPERTY COMMON_UI_QT_INSTALLED_CLASSES)
@@ -40,4 +41,12 @@ if(NOT MSVC)
     common_ui_qt_get_class_flags(compat_cflags compat_libs ${installed_classes})
     configure_file(cmake/common_ui_qt.pc.in "${PROJECT_BINARY_DIR}/${COMMON_UI_QT_NAME}.pc" @ONLY)
     install(FILES "${PROJECT_BINARY_DIR}/${COMMON_UI_QT_NAME}.pc" DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
+endif()
+
+# Removes what the latest installation from this build folder has installed.
+if(IS_MAIN_PROJECT)
+    add_custom_target(uninstall
+        COMMAND "${CMAKE_COMMAND}" -D "MANIFEST=${CMAKE_BINARY_DIR}/install_manifest.txt"
+            -P "${PROJECT_SOURCE_DIR}/cmake/uninstall.cmake"
+        COMMENT "Uninstalling" VERBATIM)
 endif()

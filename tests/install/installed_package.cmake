@@ -9,6 +9,18 @@ function(expect_working program)
 endfunction()
 
 file(REMOVE_RECURSE "${SCRATCH}")
+# What is installed can be uninstalled.
+run("${CMAKE_COMMAND}" --install "${BUILD}" --prefix "${SCRATCH}/uninstalled" --config "${CONFIG}")
+file(GLOB_RECURSE files "${SCRATCH}/uninstalled/*")
+if(NOT files)
+    message(FATAL_ERROR "nothing was installed")
+endif()
+run("${CMAKE_COMMAND}" -D "MANIFEST=${BUILD}/install_manifest.txt" -P "${UNINSTALL}")
+file(GLOB_RECURSE files "${SCRATCH}/uninstalled/*")
+if(files)
+    message(FATAL_ERROR "left behind: ${files}")
+endif()
+
 set(staging "${SCRATCH}/staging")
 set(prefix "${SCRATCH}/a moved prefix")
 run("${CMAKE_COMMAND}" --install "${BUILD}" --prefix "${staging}" --config "${CONFIG}")
@@ -16,7 +28,7 @@ file(RENAME "${staging}" "${prefix}")
 
 # The public headers are installed and no others, each as it stands in the source tree.
 file(GLOB_RECURSE installed RELATIVE "${prefix}/include/${NAME}" "${prefix}/include/${NAME}/*")
-list(REMOVE_ITEM installed common_ui_qt_compat.h common_ui_qt_export.h)
+list(REMOVE_ITEM installed common_ui_qt_compat.h common_ui_qt_export.h common_ui_qt_version.h)
 list(SORT installed)
 list(SORT PUBLIC_HEADERS)
 if(NOT installed STREQUAL PUBLIC_HEADERS)

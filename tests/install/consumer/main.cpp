@@ -1,4 +1,5 @@
 // Uses one class of each kind, so that headers, exports and the run-time library are all found.
+#include "common_ui_qt_version.h"
 #include "platform/utf8ToWideString.h"
 #include "property/Property.h"
 #include "ui/qt/controls/ElidedTextLabel.h"
@@ -14,6 +15,9 @@
 #include <QWidget>
 
 #include <cstdio>
+
+static_assert(COMMON_UI_QT_VERSION >= COMMON_UI_QT_VERSION_CHECK(0, 1, 0), "the package that was asked for");
+static_assert(COMMON_UI_QT_VERSION < COMMON_UI_QT_VERSION_CHECK(0, 2, 0), "the package that was asked for");
 
 int main(int argc, char* argv[])
 {

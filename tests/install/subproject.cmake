@@ -1,0 +1,25 @@
+# As a part of another project, the library is all that is built, and nothing is installed. It refuses to become static.
+cmake_policy(VERSION 3.16)
+include("${CMAKE_CURRENT_LIST_DIR}/run.cmake")
+
+file(REMOVE_RECURSE "${SCRATCH}")
+set(configure "${CMAKE_COMMAND}" -S "${PARENT}" -B "${SCRATCH}/build" -G Ninja "-DSOURCE=${SOURCE}" "-DCMAKE_CXX_COMPILER=${CXX}"
+    "-DCOMMON_UI_QT_QT_MAJOR=${QT_MAJOR}" -DCMAKE_BUILD_TYPE=Debug)
+run(${configure})
+run("${CMAKE_COMMAND}" --build "${SCRATCH}/build" --target help)
+if(NOT output MATCHES "common_ui_qt:")
+    message(FATAL_ERROR "no target common_ui_qt among ${output}")
+endif()
+if(output MATCHES "(gallery|tst_[^:]*|bench_[^:]*|ui_driver|common_ui_qt_designer|uninstall):")
+    message(FATAL_ERROR "built without being asked for: ${CMAKE_MATCH_1}")
+endif()
+run("${CMAKE_COMMAND}" --install "${SCRATCH}/build" --prefix "${SCRATCH}/prefix")
+file(GLOB_RECURSE files "${SCRATCH}/prefix/*")
+if(files)
+    message(FATAL_ERROR "installed without being asked for: ${files}")
+endif()
+
+execute_process(COMMAND ${configure} -DBUILD_SHARED_LIBS=OFF RESULT_VARIABLE result OUTPUT_QUIET ERROR_VARIABLE output)
+if(result EQUAL 0 OR NOT output MATCHES "has to be a shared[ \n]+library")
+    message(FATAL_ERROR "BUILD_SHARED_LIBS=OFF returned ${result}: ${output}")
+endif()
