@@ -16,7 +16,7 @@ namespace zelmar {
 /// `QApplication`, and survive a restart of the program. If no organisation is set, the application name replaces it.
 /// An application that stores its settings elsewhere sets a store of its own before it creates the first dialog:
 ///
-///     class OurStore : public zelmar::ApplicationSettings::Store { ... };
+///     // OurStore derives from zelmar::ApplicationSettings::Store
 ///     zelmar::ApplicationSettings::getInstance().setStore(std::make_unique<OurStore>());
 ///
 /// Every byte string is a distinct key, including the empty string, keys with '/', keys that are not valid UTF-8, and

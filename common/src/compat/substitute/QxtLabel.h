@@ -11,7 +11,7 @@
 /// name if that is not installed, and has those of its members that the library needs. Include it as
 /// "compat/QxtLabel.h".
 ///
-///     auto* label = new QxtLabel(window);
+///     auto* label = new QxtLabel(&window);
 ///     label->setElideMode(Qt::ElideMiddle);
 ///     label->setText("/measurements/2024/run 17/flow.csv");
 ///

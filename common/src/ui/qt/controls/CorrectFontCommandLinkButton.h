@@ -12,7 +12,7 @@ namespace ui {
 /// window. If the button is wider than its size hint, layouts still use heightForWidth(), so that a description which
 /// wraps into fewer lines takes less height.
 ///
-///     auto* open = new zelmar::ui::CorrectFontCommandLinkButton(window);
+///     auto* open = new zelmar::ui::CorrectFontCommandLinkButton(&window);
 ///     open->setText("Open a run");
 ///     open->setDescription("Reads the files of one run. Nothing is changed.");
 ///

@@ -6,7 +6,7 @@
 /// A label for texts whose end matters most, such as paths. If the text does not fit, an ellipsis replaces its
 /// beginning and the tool tip shows the full text.
 ///
-///     auto* path = new ElidedTextLabel(window);
+///     auto* path = new ElidedTextLabel(&window);
 ///     path->setText("/measurements/2024/run 17/flow.csv"); // in a narrow window: "\u2026run 17/flow.csv"
 ///
 /// The label updates its tool tip whenever it is painted. It never changes a tool tip that the application has set,

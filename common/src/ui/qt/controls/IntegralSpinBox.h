@@ -15,7 +15,7 @@ namespace ui {
 /// direction, a step in that direction (by arrow, key, page key or wheel) emits the signal instead of changing the
 /// value.
 ///
-///     auto* run = new zelmar::ui::IntegralSpinBox(window);
+///     auto* run = new zelmar::ui::IntegralSpinBox(&window);
 ///     run->setRange(0, 9999);
 ///     run->signalIncrement.connect([=] { run->setValue(nextRunAfter(run->value())); });
 ///     run->signalDecrement.connect([=] { run->setValue(lastRunBefore(run->value())); });

@@ -11,10 +11,10 @@ namespace ui {
 /// while a question is asked during a long operation.
 ///
 ///     const zelmar::ui::OverrideCursor wait(Qt::WaitCursor);
-///     ...
+///     readLargeFile();
 ///     {
 ///         const zelmar::ui::OverrideCursorRestorer usual;
-///         QMessageBox::question(window, ...);
+///         QMessageBox::question(&window, "Read run", "There is a newer one. Read it, too?");
 ///     } // the wait cursor is restored
 ///
 /// The guard pops exactly one entry, the top one, from the override cursor stack of QGuiApplication and pushes the same

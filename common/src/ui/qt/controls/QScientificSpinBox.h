@@ -17,7 +17,7 @@ namespace ui {
 /// number of significant digits, but the value is not. The application can take over the steps, as with
 /// IntegralSpinBox.
 ///
-///     auto* flow = new zelmar::ui::QScientificSpinBox(window);
+///     auto* flow = new zelmar::ui::QScientificSpinBox(&window);
 ///     flow->setDecimals(4);
 ///     flow->setSuffix(" mol/s");
 ///     flow->signalIncrement.connect([=] { flow->setValue(flow->value() * 10); });

@@ -15,7 +15,7 @@ namespace ui {
 ///
 ///     m_whileSaving = std::make_unique<zelmar::ui::QtSignalConnectionCollection>();
 ///     m_whileSaving->add(connect(model, &Model::dataChanged, this, &Editor::noteEdit));
-///     ...
+///     // ...
 ///     m_whileSaving.reset(); // disconnects noteEdit()
 ///
 /// The collection does not extend the life of senders or receivers. A connection that has already ended, or that failed

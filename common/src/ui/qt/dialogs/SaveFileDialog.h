@@ -21,7 +21,7 @@ class SaveFileMessageHandlerInterface;
 /// filter if the name has none, asks before an existing file is replaced, and checks that the file can be written. If
 /// the file cannot be written, the user may choose another location.
 ///
-///     SaveFileDialog dialog(window, "Save run", "", "run1", {"Data files (*.dat)", "Tables (*.csv)"}, 0, "");
+///     SaveFileDialog dialog(&window, "Save run", "", "run1", {"Data files (*.dat)", "Tables (*.csv)"}, 0, "");
 ///     if (dialog.launch())
 ///         writers[dialog.selectedWriter()]->write(dialog.selectedFilename());
 ///

@@ -20,7 +20,7 @@ class SaveFileMessageHandlerInterface;
 /// asks before an existing file is replaced, and checks that the file can be written. If the file cannot be written,
 /// the user may choose another location.
 ///
-///     SaveFileQtDialog dialog(window, "Save run", "", "run1", {"Data files (*.dat)", "Tables (*.csv)"}, 0, "");
+///     SaveFileQtDialog dialog(&window, "Save run", "", "run1", {"Data files (*.dat)", "Tables (*.csv)"}, 0, "");
 ///     if (dialog.launch())
 ///         writers[dialog.selectedWriter()]->write(dialog.selectedFilename());
 ///

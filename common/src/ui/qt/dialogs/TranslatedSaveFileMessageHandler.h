@@ -7,7 +7,7 @@ namespace zelmar {
 /// A message handler whose texts are in the language of the application:
 ///
 ///     zelmar::installTranslations();
-///     SaveFileDialog dialog(window, "Save run", folder, "Data files (*.dat)", "run.dat", "",
+///     SaveFileDialog dialog(&window, "Save run", folder, "run1", "Data files (*.dat)", "",
 ///                           std::make_unique<zelmar::TranslatedSaveFileMessageHandler>());
 ///
 /// In English, the texts are those of DefaultSaveFileMessageHandler. Other languages need a translation, either the

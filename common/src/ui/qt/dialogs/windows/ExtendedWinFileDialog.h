@@ -21,7 +21,7 @@ class QWidget;
 ///
 ///     ExtendedWinFileDialog dialog(window, "Import", folder, "Data (*.dat);;Tables (*.csv)", "import.html",
 ///                                  QFileDialog::AcceptOpen, false);
-///     dialog.addCustomCheckBox("&Preview", preview); // a boost::shared_ptr<zelmar::PropertyAbstract<bool>>
+///     dialog.addCustomCheckBox("&Preview", hasPreview); // a boost::shared_ptr<zelmar::PropertyAbstract<bool>>
 ///     dialog.addCustomButton("&Columns ...", [&] { chooseColumns(); });
 ///     if (dialog.exec() == QDialog::Accepted)
 ///         import(dialog.selectedFiles());

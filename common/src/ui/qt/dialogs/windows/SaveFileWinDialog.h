@@ -19,7 +19,7 @@ class SaveFileMessageHandlerInterface;
 /// selected filter to a name without an extension, asks before the caller would overwrite an existing file, and checks
 /// that the file can be written.
 ///
-///     SaveFileWinDialog dialog(window, "Save run", "", "run1", {"Data files (*.dat)", "Tables (*.csv)"}, 0, "");
+///     SaveFileWinDialog dialog(&window, "Save run", "", "run1", {"Data files (*.dat)", "Tables (*.csv)"}, 0, "");
 ///     if (dialog.launch())
 ///         writers[dialog.selectedWriter()]->write(dialog.selectedFilename());
 ///
