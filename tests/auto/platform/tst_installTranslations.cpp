@@ -139,10 +139,10 @@ void tst_installTranslations::replacesTheFormerLanguage()
         QVERIFY(installTranslations(QLocale(QStringLiteral("de"))));
         QVERIFY(installTranslations(QLocale(QStringLiteral("pl"))));
         QCOMPARE(notAFolder(), QStringLiteral("%1 nie jest folderem."));
-        QCOMPARE(qApp->findChildren<QTranslator*>().size(), 1);
+        QCOMPARE(QCoreApplication::instance()->findChildren<QTranslator*>().size(), 1);
         QVERIFY(installTranslations(QLocale::c()));
         QCOMPARE(notAFolder(), QStringLiteral("%1 is not a folder."));
-        QCOMPARE(qApp->findChildren<QTranslator*>().size(), 0);
+        QCOMPARE(QCoreApplication::instance()->findChildren<QTranslator*>().size(), 0);
     }
 }
 
