@@ -1,22 +1,23 @@
-# Writes to the file `output` a C++ source with the examples of the given guides (*.md) and headers (*.h), each in a function of its own, or at the level
-# of the file if it begins with a class or with the definition of a member function.
+# Writes to the file `output` a C++ source with the examples of the given guides (*.md) and headers (*.h). The code of an example is
+# in a function of its own. Classes and functions at its beginning stay outside, in a namespace of their own unless they define
+# members of the application's classes or main().
 
-function finish(    i, line, level, depth, file) {
+function finish(    i, line, level, text, isOfApplication) {
     if (!inside)
         return
     inside = 0
     ++count
-    file = FILENAME
     level = "file"
-    text = ""
     for (i = 1; i <= lines; ++i) {
         line = code[i]
         if (line ~ /^#include/) {
             includes = includes line "\n"
             line = ""
         }
+        isOfApplication = isOfApplication || line ~ /int main\(/ || isMember(line)
         if (level != "function" && line != "" && !isOfFile(line, level)) {
-            text = text "struct Example" count " : Application { void run(); };\nvoid Example" count "::run()\n{\n#line " (start + i - 1) " \"" file "\"\n"
+            text = text "struct Example" count " : Application { void run(); };\n" \
+                "void Example" count "::run()\n{\n" lineMark(start + i - 1)
             level = "function"
         } else if (level == "file" && line != "" && line !~ /^\/\//) {
             level = "definition"
@@ -27,17 +28,25 @@ function finish(    i, line, level, depth, file) {
     }
     if (level == "function")
         text = text "}\n"
-    name = text ~ /int main\(/ || text ~ /NameDelegate::/ ? "" : "example" count
-    if (name != "")
-        text = "namespace " name " {\n#line " start " \"" file "\"\n" text "}\n"
+    if (isOfApplication)
+        examples = examples lineMark(start) text
     else
-        text = "#line " start " \"" file "\"\n" text
-    examples = examples text
+        examples = examples "namespace example" count " {\n" lineMark(start) text "}\n"
 }
 
-# Returns whether a line belongs to a definition at the level of the file.
+# Has the compiler report errors at this line of the guide or header.
+function lineMark(line) {
+    return "#line " line " \"" file "\"\n"
+}
+
+# Returns whether a line begins the definition of a member function.
+function isMember(line) {
+    return line ~ /^[A-Za-z]+[*&]? [A-Za-z]+::[A-Za-z]+\(/
+}
+
+# Returns whether a line belongs to a definition outside of functions.
 function isOfFile(line, level) {
-    return level == "definition" || line ~ /^(class|struct|int main) ?/ || line ~ /^[A-Za-z]+[*&]? [A-Za-z]+::[A-Za-z]+\(/ || line ~ /^\/\//
+    return level == "definition" || line ~ /^(class|struct|int main) ?/ || line ~ /^\/\// || isMember(line)
 }
 
 function add(line) {
@@ -49,6 +58,7 @@ function begin() {
     inside = 1
     lines = 0
     start = FNR
+    file = FILENAME
 }
 
 FNR == 1 {

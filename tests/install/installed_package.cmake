@@ -9,6 +9,7 @@ function(expect_working program)
 endfunction()
 
 file(REMOVE_RECURSE "${SCRATCH}")
+
 # What is installed can be uninstalled.
 run("${CMAKE_COMMAND}" --install "${BUILD}" --prefix "${SCRATCH}/uninstalled" --config "${CONFIG}")
 file(GLOB_RECURSE files "${SCRATCH}/uninstalled/*")

@@ -39,6 +39,7 @@ refuse(INCLUDE ui/qt/dialogs/save/
 refuse(EXCLUDE "ui/qt/(controls/|dialogs/qtdialog/FileDialogWidgets\\.cpp$)"
     "\"(fileNameEdit|fileTypeCombo|buttonBox|sidebar|listView|treeView|lookInCombo|qt_filesystem_model)\"|[\"(]_q_"
     "FileDialogWidgets knows the inside of QFileDialog")
+refuse(EXCLUDE ui/qt/designer/ "translate\\(\"([^c]|c[^o])" "the library's texts have the context common_ui_qt")
 refuse(EXCLUDE "qtVersion_p\\.h$" "QT_VERSION" "qtVersion_p.h hides what differs between the versions of Qt")
 
 if(failures)

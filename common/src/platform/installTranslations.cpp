@@ -10,12 +10,13 @@ namespace zelmar {
 
 namespace {
 
-const auto translatorName = QStringLiteral("common_ui_qt translator");
+constexpr const char* translatorName = "common_ui_qt translator";
 
 /// Uninstalls the translator of the former call, if there is one. Qt does that when a translator is destroyed.
 void removeFormerTranslator()
 {
-    delete QCoreApplication::instance()->findChild<QTranslator*>(translatorName, Qt::FindDirectChildrenOnly);
+    delete QCoreApplication::instance()->findChild<QTranslator*>(QLatin1String(translatorName),
+                                                                 Qt::FindDirectChildrenOnly);
 }
 
 } // namespace
@@ -26,7 +27,7 @@ bool installTranslations(const QLocale& locale)
     if (locale.language() == QLocale::English || locale.language() == QLocale::C)
         return true;
     auto translator = std::make_unique<QTranslator>();
-    translator->setObjectName(translatorName);
+    translator->setObjectName(QLatin1String(translatorName));
     if (!translator->load(locale, QStringLiteral("common_ui_qt"), QStringLiteral("_"),
                           QStringLiteral(":/common_ui_qt/translations")))
         return false;

@@ -32,13 +32,13 @@ void NarrowedSource::setSourceModel(QAbstractItemModel* model)
     if (m_source)
         disconnect(m_source, nullptr, this, nullptr);
     m_isNarrowed = false;
-    // This model connects before the filter, because it must be notified first when the source model is destroyed.
     const bool isFormerDying = isSourceDying();
     m_source = model;
     if (!isFormerDying) {
         QAbstractProxyModel::setSourceModel(model);
         m_filter->setSourceModel(nullptr);
     }
+    // This model connects before the filter, because it must be notified first when the source model is destroyed.
     followSource();
     endResetModel();
 }

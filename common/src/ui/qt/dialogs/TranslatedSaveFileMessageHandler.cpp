@@ -5,12 +5,6 @@
 
 namespace zelmar {
 
-TranslatedSaveFileMessageHandler::TranslatedSaveFileMessageHandler() = default;
-TranslatedSaveFileMessageHandler::TranslatedSaveFileMessageHandler(const TranslatedSaveFileMessageHandler&) = default;
-TranslatedSaveFileMessageHandler&
-TranslatedSaveFileMessageHandler::operator=(const TranslatedSaveFileMessageHandler&) = default;
-TranslatedSaveFileMessageHandler::~TranslatedSaveFileMessageHandler() = default;
-
 std::string TranslatedSaveFileMessageHandler::filenameToCheck(const std::string& filename)
 {
     m_filename = filename;

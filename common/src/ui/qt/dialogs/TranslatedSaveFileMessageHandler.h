@@ -15,11 +15,6 @@ namespace zelmar {
 class COMMON_UI_QT_EXPORT TranslatedSaveFileMessageHandler : public SaveFileMessageHandlerInterface
 {
 public:
-    TranslatedSaveFileMessageHandler();
-    TranslatedSaveFileMessageHandler(const TranslatedSaveFileMessageHandler&);
-    TranslatedSaveFileMessageHandler& operator=(const TranslatedSaveFileMessageHandler&);
-    ~TranslatedSaveFileMessageHandler() override;
-
     /// Remembers `filename` for the messages until the next call, and returns it unchanged.
     std::string filenameToCheck(const std::string& filename) override;
 
