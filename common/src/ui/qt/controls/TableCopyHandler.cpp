@@ -92,7 +92,7 @@ private:
         for (const Range* range : m_current)
             collectCells(*range);
         // They are sorted already unless ranges that start in different rows overlap this one.
-        if (!std::is_sorted(m_cells.cbegin(), m_cells.cend()))
+        if (m_current.size() > 1 && !std::is_sorted(m_cells.cbegin(), m_cells.cend()))
             std::sort(m_cells.begin(), m_cells.end());
     }
 
@@ -116,10 +116,19 @@ private:
 /// Appends the text that QVariant::toString() returns.
 void appendText(QString& text, const QVariant& value)
 {
-    if (value.userType() == QMetaType::Double)
+    switch (value.userType()) {
+    case QMetaType::QString:
+        text += *static_cast<const QString*>(value.constData());
+        break;
+    case QMetaType::Double:
         appendShortestText(text, value.toDouble());
-    else
+        break;
+    case QMetaType::Int:
+        text += QString::number(value.toInt());
+        break;
+    default:
         text += value.toString();
+    }
 }
 
 /// Returns the text of the selection, or nothing if the model is deleted by its own data().

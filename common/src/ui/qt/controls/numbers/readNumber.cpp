@@ -84,11 +84,23 @@ bool hasMisplacedSeparator(QString& text, int position)
     return hasSeparatorBehind(text, point);
 }
 
+/// Returns whether English and C write a number with this character alike.
+bool isCommonToEnglishAndC(QChar character)
+{
+    return (character >= QLatin1Char('0') && character <= QLatin1Char('9')) || character == decimalPoint
+           || character == QLatin1Char('-') || character == QLatin1Char('+') || character == QLatin1Char('e')
+           || character == QLatin1Char('E');
+}
+
+/// Parses an English number.
 std::optional<double> parsed(const QString& text)
 {
     static const QLocale english(QLocale::English, QLocale::UnitedStates);
     bool isNumber = false;
-    const double number = english.toDouble(text, &isNumber);
+    // Most of the time of a locale is spent on its own characters, in Qt 6 more than in Qt 5.
+    const double number = std::all_of(text.cbegin(), text.cend(), isCommonToEnglishAndC)
+                              ? text.toLatin1().toDouble(&isNumber)
+                              : english.toDouble(text, &isNumber);
     return isNumber ? std::make_optional(number) : std::nullopt;
 }
 

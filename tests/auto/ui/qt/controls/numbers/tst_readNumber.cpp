@@ -9,6 +9,7 @@
 #include <cfloat>
 #include <cmath>
 #include <limits>
+#include <random>
 
 using zelmar::internal::NumberReading;
 using zelmar::internal::NumberRules;
@@ -77,6 +78,7 @@ private Q_SLOTS:
     void survivesAnyText();
     void doesNotDependOnTheLocale();
     void agreesWithTheLiteralRules();
+    void readsNumbersAsTheEnglishLocaleDoes();
 };
 
 void tst_readNumber::cleanup()
@@ -391,6 +393,32 @@ void tst_readNumber::agreesWithTheLiteralRules()
                 QFAIL(qPrintable(text));
         }
     }
+}
+
+void tst_readNumber::readsNumbersAsTheEnglishLocaleDoes()
+{
+    const QLocale english(QLocale::English, QLocale::UnitedStates);
+    const QString characters = QStringLiteral("00123456789..+-eE");
+    std::mt19937 random(1); // the same texts in each run
+    int numbers = 0;
+    for (int attempt = 0; attempt < 200000; ++attempt) {
+        QString text(1 + int(random() % 24), QLatin1Char('9'));
+        for (QChar& character : text) {
+            // Mostly digits, because few other texts are numbers.
+            character = characters[int(random() % (random() % 4 == 0 ? unsigned(characters.size()) : 11U))];
+        }
+        bool isNumber = false;
+        const double expected = english.toDouble(text, &isNumber);
+        const NumberReading reading = read(text, anyDouble);
+        if (isNumber && std::isfinite(expected)) {
+            ++numbers;
+            if (reading.state != acceptable || !sameBits(reading.value, expected))
+                QFAIL(qPrintable(text));
+        } else if (reading.state == acceptable) {
+            QFAIL(qPrintable(text));
+        }
+    }
+    QVERIFY2(numbers > 20000, qPrintable(QString::number(numbers)));
 }
 
 CORE_TEST_MAIN(tst_readNumber)
