@@ -37,7 +37,8 @@ namespace ui {
 /// Known traps:
 /// - decimals() and setDecimals() hide the non-virtual functions of QDoubleSpinBox. Calls through a QDoubleSpinBox and
 ///   the property "decimals" still reach the base class, whose setDecimals() rounds the value to digits after the
-///   decimal point and does not change the number of shown digits.
+///   decimal point and does not change the number of shown digits. Only in Qt Designer, and in forms that QUiLoader
+///   loads, does the property reach this class.
 /// - Return commits the shown text even if nothing was typed, and the value becomes the rounded number. Losing the
 ///   focus does not commit it.
 /// - Next to the largest double, the shown text may be rounded to a number that is no double, such as 1.798E+308 with

@@ -1,10 +1,8 @@
 #include "ui/qt/designer/widgetTable_p.h"
 
 #include "ui/qt/controls/ComboBoxAutoFilter.h"
-#include "ui/qt/controls/CorrectFontCommandLinkButton.h"
 #include "ui/qt/controls/ElidedTextLabel.h"
-#include "ui/qt/controls/IntegralSpinBox.h"
-#include "ui/qt/controls/QScientificSpinBox.h"
+#include "ui/qt/designer/formWidgets_p.h"
 
 namespace zelmar::internal {
 
@@ -29,13 +27,12 @@ const QVector<DesignerWidget>& designerWidgets()
          QT_TRANSLATE_NOOP("DesignerPlugin", "A choice that is narrowed down by typing"), create<ComboBoxAutoFilter>},
         {"zelmar::ui::CorrectFontCommandLinkButton", "QCommandLinkButton",
          "ui/qt/controls/CorrectFontCommandLinkButton.h",
-         QT_TRANSLATE_NOOP("DesignerPlugin", "A command link that is never squeezed"),
-         create<CorrectFontCommandLinkButton>},
+         QT_TRANSLATE_NOOP("DesignerPlugin", "A command link that is never squeezed"), createCommandLinkButton},
         {"zelmar::ui::IntegralSpinBox", "QSpinBox", "ui/qt/controls/IntegralSpinBox.h",
          QT_TRANSLATE_NOOP("DesignerPlugin", "Integers, with steps that the application may take over"),
-         create<IntegralSpinBox>},
+         createIntegralSpinBox},
         {"zelmar::ui::QScientificSpinBox", "QDoubleSpinBox", "ui/qt/controls/QScientificSpinBox.h",
-         QT_TRANSLATE_NOOP("DesignerPlugin", "Any double, in scientific notation"), create<QScientificSpinBox>},
+         QT_TRANSLATE_NOOP("DesignerPlugin", "Any double, in scientific notation"), createScientificSpinBox},
     };
     return widgets;
 }

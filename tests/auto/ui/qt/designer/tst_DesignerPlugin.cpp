@@ -4,6 +4,7 @@
 #include "ui/qt/controls/ElidedTextLabel.h"
 #include "ui/qt/controls/IntegralSpinBox.h"
 #include "ui/qt/controls/QScientificSpinBox.h"
+#include "ui_inputs.h"
 
 #include <QtUiPlugin/QDesignerCustomWidgetCollectionInterface>
 
@@ -31,6 +32,9 @@ private Q_SLOTS:
     void loadsNumberFieldsFromAForm();
     void loadsLabelsAndButtonsFromAForm();
     void loadsComboBoxesFromAForm();
+    void namesTheClassesOfWidgets();
+    void decimalsDoNotRoundTheValue();
+    void formsCompile();
     void offersEveryWidget_data();
     void offersEveryWidget();
 
@@ -107,6 +111,55 @@ void tst_DesignerPlugin::loadsComboBoxesFromAForm()
     colour->setEditText(QStringLiteral("blu"));
     QVERIFY(colour->validateEntry());
     QCOMPARE(colour->currentText(), QStringLiteral("Light Blue"));
+}
+
+void tst_DesignerPlugin::namesTheClassesOfWidgets()
+{
+    const std::unique_ptr<QWidget> form = loadForm(QStringLiteral("inputs.ui"));
+    QVERIFY(form);
+    const auto classOf = [&](const char* name) {
+        return QString::fromLatin1(form->findChild<QWidget*>(QString::fromLatin1(name))->metaObject()->className());
+    };
+    QCOMPARE(classOf("flow"), QStringLiteral("zelmar::ui::QScientificSpinBox"));
+    QCOMPARE(classOf("run"), QStringLiteral("zelmar::ui::IntegralSpinBox"));
+    QCOMPARE(classOf("open"), QStringLiteral("zelmar::ui::CorrectFontCommandLinkButton"));
+    QCOMPARE(classOf("colour"), QStringLiteral("zelmar::ui::ComboBoxAutoFilter"));
+    QCOMPARE(classOf("path"), QStringLiteral("ElidedTextLabel"));
+}
+
+void tst_DesignerPlugin::decimalsDoNotRoundTheValue()
+{
+    const std::unique_ptr<QWidget> form = loadForm(QStringLiteral("inputs.ui"));
+    QVERIFY(form);
+    auto* flow = dynamic_cast<QScientificSpinBox*>(form->findChild<QDoubleSpinBox*>(QStringLiteral("flow")));
+    QVERIFY(flow);
+    QCOMPARE(flow->decimals(), 4);
+    QCOMPARE(flow->value(), 0.123456789012345);
+    QCOMPARE(flow->text(), QStringLiteral("0.1235 mol/s"));
+
+    QVERIFY(flow->setProperty("decimals", 2));
+    QCOMPARE(flow->property("decimals"), QVariant(2));
+    QCOMPARE(flow->decimals(), 2);
+    QCOMPARE(flow->value(), 0.123456789012345);
+    QCOMPARE(flow->text(), QStringLiteral("0.12 mol/s"));
+}
+
+void tst_DesignerPlugin::formsCompile()
+{
+    QWidget window;
+    Ui::Inputs form;
+    form.setupUi(&window);
+    const QScientificSpinBox* flow = form.flow;
+    QCOMPARE(flow->decimals(), 4);
+    QCOMPARE(flow->value(), 0.123456789012345);
+    const IntegralSpinBox* run = form.run;
+    QCOMPARE(run->value(), 1234);
+    const CorrectFontCommandLinkButton* open = form.open;
+    QCOMPARE(open->description(), QStringLiteral("Nothing is changed."));
+    const ComboBoxAutoFilter* colour = form.colour;
+    QCOMPARE(colour->itemText(0), QStringLiteral("Red"));
+    const ElidedTextLabel* path = form.path;
+    QCOMPARE(path->elideMode(), Qt::ElideMiddle);
 }
 
 void tst_DesignerPlugin::offersEveryWidget_data()
