@@ -20,24 +20,39 @@ public:
 
     QString name() const override { return QString::fromLatin1(m_widget.className); }
     QString group() const override { return QStringLiteral("common_ui_qt"); }
-    QString toolTip() const override { return QCoreApplication::translate("DesignerPlugin", m_widget.toolTip); }
-    QString whatsThis() const override { return toolTip(); }
+    QString toolTip() const override { return translated(m_widget.toolTip); }
+    QString whatsThis() const override { return translated(m_widget.whatsThis); }
     QString includeFile() const override { return QString::fromLatin1(m_widget.header); }
-    QIcon icon() const override { return {}; }
+    QIcon icon() const override { return drawnIcon(m_widget.drawIcon); }
     bool isContainer() const override { return false; }
     QWidget* createWidget(QWidget* parent) override { return m_widget.create(parent); }
 
     QString domXml() const override
     {
         const QString shortName = name().section(QStringLiteral("::"), -1);
-        return QStringLiteral("<ui language=\"c++\" displayname=\"%2\"><widget class=\"%1\" name=\"%3\"/>"
-                              "<customwidgets><customwidget><class>%1</class><extends>%4</extends>"
+        return QStringLiteral("<ui language=\"c++\" displayname=\"%2\"><widget class=\"%1\" name=\"%3\">%5</widget>"
+                              "<customwidgets><customwidget><class>%1</class><extends>%4</extends>%6"
                               "</customwidget></customwidgets></ui>")
             .arg(name(), shortName, shortName.left(1).toLower() + shortName.mid(1),
-                 QString::fromLatin1(m_widget.baseClass));
+                 QString::fromLatin1(m_widget.baseClass), m_widget.hasText ? textProperty(shortName) : QString(),
+                 m_widget.decimalsTip ? decimalsSpecification() : QString());
     }
 
 private:
+    static QString translated(const char* text) { return QCoreApplication::translate("DesignerPlugin", text); }
+
+    static QString textProperty(const QString& text)
+    {
+        return QStringLiteral("<property name=\"text\"><string>%1</string></property>").arg(text);
+    }
+
+    QString decimalsSpecification() const
+    {
+        return QStringLiteral("<propertyspecifications><tooltip name=\"decimals\">%1</tooltip>"
+                              "</propertyspecifications>")
+            .arg(translated(m_widget.decimalsTip).toHtmlEscaped());
+    }
+
     const DesignerWidget& m_widget;
 };
 

@@ -11,6 +11,7 @@
 #include <QtDesigner/QDesignerPropertyEditorInterface>
 #include <QtDesigner/QDesignerPropertySheetExtension>
 #include <QtDesigner/QDesignerWidgetBoxInterface>
+#include <QtDesigner/QDesignerWidgetDataBaseInterface>
 #include <QtDesigner/QDesignerWidgetFactoryInterface>
 #include <QtDesigner/QExtensionManager>
 
@@ -19,10 +20,14 @@
 #include <QClipboard>
 #include <QDoubleSpinBox>
 #include <QFile>
+#include <QIcon>
+#include <QImage>
 #include <QMainWindow>
 #include <QMap>
 #include <QOpenGLContext>
+#include <QPainter>
 #include <QTest>
+#include <QTreeWidget>
 #include <QUndoStack>
 #include <QXmlStreamReader>
 
@@ -173,6 +178,9 @@ private Q_SLOTS:
     void cleanup();
 
     void listsTheWidgets();
+    void describesTheWidgets();
+    void drawsIcons_data();
+    void drawsIcons();
     void keepsClassesAndProperties();
     void savesTheSameAgain();
     void pastesWhatTheWidgetBoxHolds_data();
@@ -181,6 +189,7 @@ private Q_SLOTS:
     void decimalsAreUndone();
     void decimalsAreReset();
     void showsDecimalsOnce();
+    void explainsDecimals();
     void deletedWidgetsComeBack();
     void previewsTheForm();
     void keepsAPromotedWidget();
@@ -242,6 +251,7 @@ void tst_DesignerFormWindow::listsTheWidgets()
             continue;
         for (int j = 0; j < box->widgetCount(i); ++j) {
             names.append(box->widget(i, j).name());
+            QVERIFY2(!box->widget(i, j).iconName().isEmpty(), qPrintable(names.last()));
         }
     }
     names.sort();
@@ -250,6 +260,56 @@ void tst_DesignerFormWindow::listsTheWidgets()
         expected.append(name.section(QStringLiteral("::"), -1));
     expected.sort();
     QCOMPARE(names, expected);
+}
+
+void tst_DesignerFormWindow::describesTheWidgets()
+{
+    const auto* widgets = m_designer->core()->widgetDataBase();
+    for (const QString& name : classNames()) {
+        const QDesignerWidgetDataBaseItemInterface* item = widgets->item(widgets->indexOfClassName(name));
+        QVERIFY(item->isCustom());
+        QVERIFY(!item->toolTip().isEmpty());
+        QVERIFY(item->whatsThis().size() > item->toolTip().size());
+    }
+}
+
+void tst_DesignerFormWindow::drawsIcons_data()
+{
+    QTest::addColumn<QColor>("window");
+    QTest::newRow("light") << QColor(Qt::white);
+    QTest::newRow("dark") << QColor(40, 40, 40);
+}
+
+/// Counts the pixels of `image` that differ clearly from `background`.
+int visiblePixels(const QImage& image, const QColor& background)
+{
+    int count = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x)
+            count += qAbs(qGray(image.pixel(x, y)) - qGray(background.rgb())) > 60;
+    }
+    return count;
+}
+
+void tst_DesignerFormWindow::drawsIcons()
+{
+    QFETCH(QColor, window);
+    const QPalette usual = QApplication::palette();
+    cleanup();
+    QApplication::setPalette(QPalette(window));
+    init();
+    const auto* widgets = m_designer->core()->widgetDataBase();
+    for (const QString& name : classNames()) {
+        const QIcon icon = widgets->item(widgets->indexOfClassName(name))->icon();
+        for (const int side : {16, 22, 44}) {
+            QImage image(side, side, QImage::Format_RGB32);
+            image.fill(window);
+            QPainter painter(&image);
+            icon.paint(&painter, image.rect());
+            QVERIFY2(visiblePixels(image, window) > side * side / 20, qPrintable(name));
+        }
+    }
+    QApplication::setPalette(usual);
 }
 
 void tst_DesignerFormWindow::keepsClassesAndProperties()
@@ -279,16 +339,18 @@ void tst_DesignerFormWindow::savesTheSameAgain()
 void tst_DesignerFormWindow::pastesWhatTheWidgetBoxHolds_data()
 {
     QTest::addColumn<QString>("name");
-    QTest::newRow("elided texts") << classNames().at(0);
-    QTest::newRow("choices") << classNames().at(1);
-    QTest::newRow("command links") << classNames().at(2);
-    QTest::newRow("integers") << classNames().at(3);
-    QTest::newRow("doubles") << classNames().at(4);
+    QTest::addColumn<bool>("hasText");
+    QTest::newRow("elided texts") << classNames().at(0) << true;
+    QTest::newRow("choices") << classNames().at(1) << false;
+    QTest::newRow("command links") << classNames().at(2) << true;
+    QTest::newRow("integers") << classNames().at(3) << false;
+    QTest::newRow("doubles") << classNames().at(4) << false;
 }
 
 void tst_DesignerFormWindow::pastesWhatTheWidgetBoxHolds()
 {
     QFETCH(QString, name);
+    QFETCH(bool, hasText);
     const QDesignerWidgetBoxInterface* box = m_designer->core()->widgetBox();
     QString xml;
     for (int i = 0; i < box->categoryCount(); ++i) {
@@ -309,6 +371,7 @@ void tst_DesignerFormWindow::pastesWhatTheWidgetBoxHolds()
     const auto saved = savedWidgets(m_form->contents());
     QCOMPARE(saved.size(), 1);
     QCOMPARE(saved.first().className, name);
+    QCOMPARE(saved.first().properties.contains(QStringLiteral("text")), hasText);
 }
 
 void tst_DesignerFormWindow::decimalsDoNotRoundTheValue()
@@ -350,6 +413,18 @@ void tst_DesignerFormWindow::showsDecimalsOnce()
     QCOMPARE(sheet->property(index), QVariant(4));
     QVERIFY(sheet->isChanged(index));
     QCOMPARE(m_form->contents().count(QStringLiteral("name=\"decimals\"")), 1);
+}
+
+void tst_DesignerFormWindow::explainsDecimals()
+{
+    QDesignerPropertyEditorInterface* editor = m_designer->core()->propertyEditor();
+    editor->setObject(flow());
+    QList<QTreeWidgetItem*> lines;
+    for (const QTreeWidget* tree : editor->findChildren<QTreeWidget*>())
+        lines += tree->findItems(decimals, Qt::MatchExactly | Qt::MatchRecursive);
+    QCOMPARE(lines.size(), 1);
+    QVERIFY2(lines.first()->toolTip(0).contains(QStringLiteral("significant digits")),
+             qPrintable(lines.first()->toolTip(0)));
 }
 
 void tst_DesignerFormWindow::deletedWidgetsComeBack()
