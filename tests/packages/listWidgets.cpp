@@ -33,10 +33,10 @@ QStringList customWidgets(const QString& form)
 
 int main(int argc, char* argv[])
 {
-    QApplication application(argc, argv);
+    const QApplication application(argc, argv);
     QUiLoader loader;
     int found = 0;
-    const QStringList forms = application.arguments().mid(1);
+    const QStringList forms = QApplication::arguments().mid(1);
     for (const QString& form : forms) {
         const QStringList names = customWidgets(form);
         for (const QString& name : names) {
