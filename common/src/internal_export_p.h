@@ -8,3 +8,11 @@
 #else
 #define COMMON_UI_QT_INTERNAL_EXPORT
 #endif
+
+// Marks internals that the library for tests of applications reaches. A build without that library and without tests
+// exports none of them.
+#if defined(COMMON_UI_QT_EXPORT_INTERNALS) || defined(COMMON_UI_QT_EXPORT_SEAM)
+#define COMMON_UI_QT_SEAM_EXPORT COMMON_UI_QT_EXPORT
+#else
+#define COMMON_UI_QT_SEAM_EXPORT
+#endif

@@ -2,6 +2,7 @@
 
 #include "platform/ApplicationSettings.h"
 #include "platform/HelpLauncher.h"
+#include "ui/qt/dialogs/ScriptedUser_p.h"
 #include "ui/qt/dialogs/qtdialog/FileDialogWidgets_p.h"
 #include "ui/qt/dialogs/qtdialog/FolderReadTracker_p.h"
 #include "ui/qt/dialogs/qtdialog/addDefaultSidebarPlaces_p.h"
@@ -136,6 +137,7 @@ void QExtendedFileDialog::setShowDirectoriesOnly(bool on)
 
 void QExtendedFileDialog::show()
 {
+    prepareToBeSeen();
     prepareToRun();
     QWidget::show();
     saveSizeAndPosition();
@@ -145,6 +147,10 @@ int QExtendedFileDialog::exec()
 {
     if (m_running)
         return Rejected;
+    // A dialog that is not shown leaves the stored geometry and the sidebar alone, which belong to the user.
+    ScriptedUser* const scriptedUser = ScriptedUser::current();
+    if (!scriptedUser)
+        prepareToBeSeen();
     prepareToRun();
 
     // The wait cursor of a folder that is being read already must be above the arrow. Otherwise the end of reading
@@ -159,12 +165,13 @@ int QExtendedFileDialog::exec()
     m_running = true;
     m_runCancelled = false;
     const auto end = qScopeGuard([self] { endRun(self); });
-    const int result = QDialog::exec();
+    const int result = scriptedUser ? scriptedUser->run(*this, *m_fileNameEdit) : QDialog::exec();
     if (!self) // The dialog was deleted, and its destructor has popped the wait cursor.
         return result;
     hide(); // If the application quits, the event loop ends while the window is still on the screen.
     restoreCursor();
-    saveSizeAndPosition();
+    if (!scriptedUser)
+        saveSizeAndPosition();
     return m_runCancelled ? int(Rejected) : result;
 }
 
@@ -213,11 +220,15 @@ void QExtendedFileDialog::outliveParent(Outlives outlives)
     });
 }
 
-void QExtendedFileDialog::prepareToRun()
+void QExtendedFileDialog::prepareToBeSeen()
 {
     restoreSizeAndPosition();
-    restoreFilters();
     addSidebarUrls();
+}
+
+void QExtendedFileDialog::prepareToRun()
+{
+    restoreFilters();
     if (!m_helpTopic.empty())
         setHelpAction();
 }
@@ -251,11 +262,14 @@ void QExtendedFileDialog::addSidebarUrls()
 void QExtendedFileDialog::accept()
 {
     const QString name = m_fileNameEdit->text();
+    const ScriptedUser* const scriptedUser = ScriptedUser::current();
     unselectShownFolder(*this);
     if (name.contains(QLatin1Char('*'))) // Compatibility: question-mark-is-no-pattern
         applyTypedPattern(name);
     else if (!m_performSelectedFileValidation)
         QDialog::accept(); // NOLINT(bugprone-parent-virtual-call): skips QFileDialog's checks
+    else if (scriptedUser && scriptedUser->isRunning(*this))
+        acceptFiles(*this, selectedFiles());
     else if (!acceptTypedName(*this))
         QFileDialog::accept();
 }

@@ -142,6 +142,7 @@ private Q_SLOTS:
 
 private:
     void init(QFileDialog::AcceptMode mode);
+    void prepareToBeSeen();
     void prepareToRun();
     void setHelpAction();
 

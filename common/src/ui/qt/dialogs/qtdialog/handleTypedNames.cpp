@@ -160,15 +160,6 @@ bool mayReplace(QFileDialog& dialog, const QFileInfo& file)
     return ask(dialog, question, QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
 }
 
-void choose(const QPointer<QFileDialog>& dialog, const QString& path)
-{
-    Q_EMIT dialog->filesSelected({path});
-    if (dialog)
-        Q_EMIT dialog->fileSelected(path);
-    if (dialog)
-        dialog->QDialog::accept(); // QFileDialog::accept() would split the name at the quotes.
-}
-
 } // namespace
 
 void handleTypedNames(QFileDialog& dialog)
@@ -201,8 +192,18 @@ bool acceptTypedName(QFileDialog& dialog)
     else if (!isWanted(dialog, file))
         refuse(dialog, file);
     else if (mayReplace(dialog, file) && guarded)
-        choose(guarded, *name);
+        acceptFiles(dialog, {*name}); // QFileDialog::accept() would split the name at the quotes.
     return true;
+}
+
+void acceptFiles(QFileDialog& dialog, const QStringList& files)
+{
+    const QPointer<QFileDialog> guarded(&dialog);
+    Q_EMIT dialog.filesSelected(files);
+    if (guarded && files.size() == 1)
+        Q_EMIT dialog.fileSelected(files.first());
+    if (guarded)
+        dialog.QDialog::accept();
 }
 
 } // namespace zelmar::internal

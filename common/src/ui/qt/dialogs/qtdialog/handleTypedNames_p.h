@@ -2,6 +2,8 @@
 
 #include "internal_export_p.h"
 
+#include <QStringList>
+
 class QFileDialog;
 
 // These functions extend how a Qt-drawn dialog handles the name in its file-name box. Double quotes in the name have
@@ -33,5 +35,9 @@ void unselectShownFolder(QFileDialog& dialog);
 /// Returns true if it has handled the name; the dialog may have been deleted then. Otherwise the caller calls
 /// QFileDialog::accept().
 bool acceptTypedName(QFileDialog& dialog);
+
+/// Emits the signals for the chosen files and accepts the dialog without a check. The dialog may have been deleted when
+/// this function returns.
+void acceptFiles(QFileDialog& dialog, const QStringList& files);
 
 } // namespace zelmar::internal

@@ -12,6 +12,30 @@
 
 namespace zelmar::internal {
 
+namespace {
+
+/// Returns what `question` of the object in the user's place returns, or nothing if there is no such object.
+std::optional<bool> askScript(std::optional<bool> (ScriptedUser::*question)(const QString&) const,
+                              const std::string& name)
+{
+    const ScriptedUser* const user = ScriptedUser::current();
+    return user ? (user->*question)(QString::fromStdString(name)) : std::nullopt;
+}
+
+bool exists(const std::string& name)
+{
+    const std::optional<bool> scripted = askScript(&ScriptedUser::exists, name);
+    return scripted ? *scripted : countsAsExisting(fileTypeOf(name));
+}
+
+bool isWritable(const std::string& name)
+{
+    const std::optional<bool> scripted = askScript(&ScriptedUser::canBeWritten, name);
+    return scripted ? *scripted : canBeWritten(name);
+}
+
+} // namespace
+
 SaveRound::SaveRound(SaveDialogInterface& dialog, SaveFileMessageHandlerInterface& handler, const std::string& caption,
                      const QObject& flowLife)
     : m_flowLife(&flowLife)
@@ -51,25 +75,37 @@ SaveRound::Outcome SaveRound::examine(const std::string& name) const
 
 SaveRound::Outcome SaveRound::examine(const std::string& name, const std::string& nameToCheck) const
 {
-    if (countsAsExisting(fileTypeOf(nameToCheck))) {
-        const Answer answer = ask(m_handler.okToOverwriteMessage());
+    if (exists(nameToCheck)) {
+        const Answer answer = ask(ScriptedUser::Question::Overwrite, m_handler.okToOverwriteMessage());
         if (answer != Answer::Yes)
             return answer == Answer::No ? Outcome::ChooseAgain : Outcome::GivenUp;
     }
-    if (!canBeWritten(name)) // Compatibility: probe-of-the-selected-name
+    if (!isWritable(name)) // Compatibility: probe-of-the-selected-name
         return chooseAgainIfYes(m_handler.unableToOverwriteMessage());
     return Outcome::Accepted;
 }
 
 SaveRound::Outcome SaveRound::chooseAgainIfYes(const std::string& question) const
 {
-    return ask(question) == Answer::Yes ? Outcome::ChooseAgain : Outcome::GivenUp;
+    return ask(ScriptedUser::Question::ChooseAgain, question) == Answer::Yes ? Outcome::ChooseAgain : Outcome::GivenUp;
 }
 
-SaveRound::Answer SaveRound::ask(const std::string& question) const
+SaveRound::Answer SaveRound::ask(ScriptedUser::Question kind, const std::string& question) const
 {
     if (!canGoOn()) // The message handler has deleted the flow while it worded the question.
         return Answer::None;
+    ScriptedUser* const user = ScriptedUser::current();
+    if (!user)
+        return askUser(question);
+    const std::optional<bool> yes =
+        user->answer(kind, QString::fromStdString(m_caption), QString::fromStdString(question));
+    if (!yes)
+        return Answer::None;
+    return *yes ? Answer::Yes : Answer::No;
+}
+
+SaveRound::Answer SaveRound::askUser(const std::string& question) const
+{
     // The box is on the heap, because the parent deletes it when it is destroyed while the question is open.
     const QPointer<QMessageBox> box =
         new QMessageBox(QMessageBox::Question, QString::fromStdString(m_caption), QString::fromStdString(question),

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ui/qt/dialogs/ScriptedUser_p.h"
+
 #include <QPointer>
 
 #include <optional>
@@ -42,12 +44,13 @@ public:
 
 private:
     /// The answer to one question. None means that the question was closed because its parent or the flow was
-    /// destroyed, or because the application quits.
+    /// destroyed, or because the application quits, or that a script has no answer.
     enum class Answer { Yes, No, None };
 
     Outcome examine(const std::string& name, const std::string& nameToCheck) const;
     Outcome chooseAgainIfYes(const std::string& question) const;
-    Answer ask(const std::string& question) const;
+    Answer ask(ScriptedUser::Question kind, const std::string& question) const;
+    Answer askUser(const std::string& question) const;
     bool canGoOn() const;
 
     const QPointer<const QObject> m_flowLife;   ///< if null, the references to handler and caption are dangling

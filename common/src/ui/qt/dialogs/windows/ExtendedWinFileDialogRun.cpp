@@ -1,5 +1,6 @@
 #include "ui/qt/dialogs/windows/ExtendedWinFileDialogRun_p.h"
 
+#include "ui/qt/dialogs/ScriptedUser_p.h"
 #include "ui/qt/dialogs/windows/ExtendedWinFileDialogEventHandler_p.h"
 
 #include <QWidget>
@@ -36,6 +37,9 @@ ExtendedWinFileDialog::Impl::Run::~Run()
 
 HRESULT ExtendedWinFileDialog::Impl::Run::show()
 {
+    zelmar::internal::ScriptedUser* const scriptedUser = zelmar::internal::ScriptedUser::current();
+    if (scriptedUser && !scriptedUser->mayShow(m_dialog.get()))
+        return HRESULT_FROM_WIN32(ERROR_CANCELLED);
     return m_dialog->Show(windowOf(m_owner->m_parent));
 }
 

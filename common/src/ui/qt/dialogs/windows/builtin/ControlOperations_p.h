@@ -45,6 +45,7 @@ protected:
     ~ControlOperations() = default;
 
     ControlModel& controls() { return m_controls; }
+    const ControlModel& controls() const { return m_controls; }
 
 private:
     ControlModel m_controls;
