@@ -11,6 +11,7 @@
 #include "ui/qt/controls/QtSignalConnectionCollection.h"
 #include "ui/qt/dialogs/TranslatedSaveFileMessageHandler.h"
 
+#include <QtTest>
 #include <QtWidgets>
 
 #include <memory>
@@ -77,6 +78,8 @@ public:
     void import(const QStringList& files, int option = 0);
     void import(const std::vector<std::string>& files, int option = 0);
     void chooseColumns();
+    void openTable();
+    void saveRun();
     void readLargeFile();
     int nextRunAfter(int run) const;
     int lastRunBefore(int run) const;

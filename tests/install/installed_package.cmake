@@ -29,7 +29,8 @@ file(RENAME "${staging}" "${prefix}")
 
 # The public headers are installed and no others, each as it stands in the source tree.
 file(GLOB_RECURSE installed RELATIVE "${prefix}/include/${NAME}" "${prefix}/include/${NAME}/*")
-list(REMOVE_ITEM installed common_ui_qt_compat.h common_ui_qt_export.h common_ui_qt_version.h)
+list(REMOVE_ITEM installed
+    common_ui_qt_compat.h common_ui_qt_export.h common_ui_qt_testing_export.h common_ui_qt_version.h)
 list(SORT installed)
 list(SORT PUBLIC_HEADERS)
 if(NOT installed STREQUAL PUBLIC_HEADERS)
@@ -45,7 +46,7 @@ endforeach()
 
 # The library for the other version of Qt can be installed beside it: the path of each file tells the version.
 file(GLOB_RECURSE files RELATIVE "${prefix}" "${prefix}/*")
-list(FILTER files EXCLUDE REGEX "(^|/)lib${NAME}\\.so|/${NAME}/|/${NAME}\\.pc$|/${QT_FOLDER}/")
+list(FILTER files EXCLUDE REGEX "(^|/)lib${NAME}(_testing)?\\.so|/${NAME}/|/${NAME}(_testing)?\\.pc$|/${QT_FOLDER}/")
 if(files)
     message(FATAL_ERROR "Not named after the version of Qt: ${files}")
 endif()
@@ -53,18 +54,30 @@ endif()
 # With find_package.
 run("${CMAKE_COMMAND}" -S "${CONSUMER}" -B "${SCRATCH}/consumer" -G Ninja
     "-DCMAKE_PREFIX_PATH=${prefix}" -DPACKAGE=${NAME} -DCMAKE_CXX_STANDARD=${STANDARD}
-    "-DCMAKE_CXX_COMPILER=${CXX}" -DCMAKE_BUILD_TYPE=Debug)
+    "-DTESTING=${TESTING}" "-DCMAKE_CXX_COMPILER=${CXX}" -DCMAKE_BUILD_TYPE=Debug)
 run("${CMAKE_COMMAND}" --build "${SCRATCH}/consumer")
 expect_working("${SCRATCH}/consumer/consumer")
+if(TESTING)
+    expect_working("${SCRATCH}/consumer/consumer_test")
+endif()
 
 # With pkg-config: flags come with blanks escaped, as a shell wants them.
 file(GLOB_RECURSE pc "${prefix}/*/${NAME}.pc")
 get_filename_component(pc_folder "${pc}" DIRECTORY)
 get_filename_component(library_folder "${pc_folder}" DIRECTORY)
-file(WRITE "${SCRATCH}/with_pkg_config.sh"
-    "set -eu\nexport PKG_CONFIG_PATH='${pc_folder}'\n"
-    "eval \"'${CXX}' -std=c++${STANDARD} '${CONSUMER}/main.cpp' -o '${SCRATCH}/with_pkg_config' "
-    "$(pkg-config --cflags --libs ${NAME})\"\n")
-run(sh "${SCRATCH}/with_pkg_config.sh")
 set(ENV{LD_LIBRARY_PATH} "${library_folder}")
-expect_working("${SCRATCH}/with_pkg_config")
+# expect_working_with_pkg_config(<source> <package>)
+function(expect_working_with_pkg_config source package)
+    set(program "${SCRATCH}/with_${package}")
+    file(WRITE "${program}.sh"
+        "set -eu\nexport PKG_CONFIG_PATH='${pc_folder}'\n"
+        "eval \"'${CXX}' -std=c++${STANDARD} '${CONSUMER}/${source}' -o '${program}' "
+        "$(pkg-config --cflags --libs ${package})\"\n")
+    run(sh "${program}.sh")
+    expect_working("${program}")
+endfunction()
+
+expect_working_with_pkg_config(main.cpp ${NAME})
+if(TESTING)
+    expect_working_with_pkg_config(test.cpp ${NAME}_testing)
+endif()

@@ -25,10 +25,10 @@ set(include "^ *# *include *[\"<]")
 refuse(EXCLUDE compat/ "${include}compat/substitute/" "callers include compat/<class>.h")
 # All modules of Qt may be in one folder, where every layer finds them under their full names.
 refuse(EXCLUDE ui/qt/designer/ "${include}Qt[A-Z][A-Za-z]*/" "a header of Qt goes without its module")
-refuse(EXCLUDE ui/qt/dialogs/windows/
+refuse(EXCLUDE "(ui/qt/dialogs/windows|testing/native)/"
     "shellapi\\.h|windows\\.h|shobjidl|IFileDialog|IShellItem|CoInitialize|CoCreateInstance|CoTaskMem|HRESULT"
-    "only dialogs/windows knows the shell")
-refuse(EXCLUDE "ui/qt/dialogs/(windows/|dialogKinds_p\\.h$)" "${include}ui/qt/dialogs/windows/"
+    "only dialogs/windows and the scripted dialog know the shell")
+refuse(EXCLUDE "(ui/qt/dialogs/(windows/|dialogKinds_p\\.h$)|testing/native/)" "${include}ui/qt/dialogs/windows/"
     "only the facades know the native half")
 refuse(INCLUDE ui/qt/dialogs/rules/
     "<(boost/filesystem/(operations|directory|fstream)\\.hpp|boost/filesystem\\.hpp|filesystem|fstream)>"

@@ -1,0 +1,317 @@
+#include "testing/FileDialogScript.h"
+
+#include "platform/HelpLauncher.h"
+
+#include "RecordingMessageHandler.h"
+#include "ScriptedApplication.h"
+#include "TestHome.h"
+
+#include <QApplication>
+#include <QPointer>
+#include <QtTest>
+
+#include <functional>
+#include <memory>
+#include <stdexcept>
+
+using namespace scriptedApplication;
+using zelmar::testing::FileDialogScript;
+using zelmar::testing::ShownFileDialog;
+using Answer = FileDialogScript::Answer;
+
+namespace {
+
+void addKindRows()
+{
+    QTest::addColumn<bool>("native");
+    QTest::newRow("native") << true;
+    QTest::newRow("drawn by Qt") << false;
+}
+
+/// Creates a dialog with a Help button.
+std::unique_ptr<ExtendedFileDialog> makeDialog(QWidget& window, const std::string& caption)
+{
+    return std::make_unique<ExtendedFileDialog>(window, caption, "/", joinedFilters, "help.html",
+                                                QFileDialog::AcceptOpen);
+}
+
+/// Has the Help buttons call `action`.
+void onHelp(const std::function<void()>& action)
+{
+    zelmar::HelpLauncher::getInstance().setHandler([action](const std::string&) {
+        const auto copy = action; // The action may replace the handler.
+        copy();
+        return true;
+    });
+}
+
+} // namespace
+
+class tst_FileDialogScriptNested : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void dialogInADialog_data() { addKindRows(); }
+    void dialogInADialog();
+    void failureInTheInnerDialog_data() { addKindRows(); }
+    void failureInTheInnerDialog();
+    void ownerDeleted_data() { addKindRows(); }
+    void ownerDeleted();
+    void parentDeleted_data() { addKindRows(); }
+    void parentDeleted();
+    void drawnDialogDeleted();
+    void drawnDialogDeletedLater();
+    void exceptionFromAButton();
+    void runTwice();
+    void flowDeletedByItsHandler_data();
+    void flowDeletedByItsHandler();
+    void dialogOpenedByAHandler_data() { addKindRows(); }
+    void dialogOpenedByAHandler();
+    void latestScriptWins_data() { addKindRows(); }
+    void latestScriptWins();
+    void scriptWithinADialog_data() { addKindRows(); }
+    void scriptWithinADialog();
+    void earlierScriptDestroyedFirst();
+    void scriptDestroyedWithinADialog_data() { addKindRows(); }
+    void scriptDestroyedWithinADialog();
+
+private:
+    QStringList m_reported;
+};
+
+void tst_FileDialogScriptNested::init()
+{
+    m_reported.clear();
+    FileDialogScript::setFailureHandler([this](const QString& text) { m_reported += text; });
+    if (QTest::currentDataTag())
+        ExtendedFileDialog::setUseNativeFileDialog(QByteArray(QTest::currentDataTag()).startsWith("native"));
+}
+
+void tst_FileDialogScriptNested::cleanup()
+{
+    FileDialogScript::setFailureHandler({});
+    zelmar::HelpLauncher::getInstance().setHandler({});
+    ExtendedFileDialog::setUseNativeFileDialog(true);
+    QCOMPARE(m_reported, QStringList());
+}
+
+void tst_FileDialogScriptNested::dialogInADialog()
+{
+    FileDialogScript script;
+    QWidget window;
+    Outcome inner;
+    onHelp([&] { inner = run(*makeDialog(window, "inner")); });
+    script.press("Help").accept("/data/inner.dat").accept("/data/outer.csv", "Tables");
+    const Outcome outer = run(*makeDialog(window, "outer"));
+    QCOMPARE(script.verify(), QString());
+    QCOMPARE(inner.files, QStringList("/data/inner.dat"));
+    QCOMPARE(outer.files, QStringList("/data/outer.csv"));
+    QCOMPARE(script.dialogs().at(0).caption, QString("outer"));
+    QCOMPARE(script.dialogs().at(1).caption, QString("inner"));
+}
+
+void tst_FileDialogScriptNested::failureInTheInnerDialog()
+{
+    FileDialogScript script;
+    QWidget window;
+    onHelp([&] { QVERIFY(!run(*makeDialog(window, "inner")).accepted); });
+    script.press("Help").accept("/data/inner.dat", "Images").accept("/data/outer.dat");
+    QVERIFY(run(*makeDialog(window, "outer")).accepted);
+    QVERIFY(script.verify().contains("open dialog \"inner\""));
+}
+
+void tst_FileDialogScriptNested::ownerDeleted()
+{
+    FileDialogScript script;
+    QWidget window;
+    std::unique_ptr<ExtendedFileDialog> dialog = makeDialog(window, "deleted");
+    onHelp([&] { dialog.reset(); });
+    script.press("Help").accept("/data/next.dat");
+    QCOMPARE(dialog->exec(), int(QDialog::Rejected));
+    QCOMPARE(run(*makeDialog(window, "next")).files, QStringList("/data/next.dat"));
+    QCOMPARE(script.verify(), QString());
+}
+
+void tst_FileDialogScriptNested::parentDeleted()
+{
+    FileDialogScript script;
+    auto window = std::make_unique<QWidget>();
+    const std::unique_ptr<ExtendedFileDialog> dialog = makeDialog(*window, "orphan");
+    onHelp([&] { window.reset(); });
+    script.press("Help");
+    QCOMPARE(dialog->exec(), int(QDialog::Rejected));
+    QCOMPARE(script.verify(), QString());
+}
+
+void tst_FileDialogScriptNested::drawnDialogDeleted()
+{
+    FileDialogScript script;
+    auto* const dialog = new QExtendedFileDialog(nullptr, "Open", "/", "", "help.html", QFileDialog::AcceptOpen);
+    onHelp([dialog] { delete dialog; });
+    script.press("Help");
+    QCOMPARE(dialog->exec(), int(QDialog::Rejected));
+    QCOMPARE(script.verify(), QString());
+}
+
+void tst_FileDialogScriptNested::drawnDialogDeletedLater()
+{
+    FileDialogScript script;
+    const QPointer<QExtendedFileDialog> dialog =
+        new QExtendedFileDialog(nullptr, "Open", "/", "", "", QFileDialog::AcceptOpen);
+    QStringList chosen;
+    connect(dialog, &QFileDialog::fileSelected, dialog, [&](const QString& file) {
+        chosen += file;
+        dialog->deleteLater();
+    });
+    script.accept("/data/run1.dat");
+    QCOMPARE(dialog->exec(), int(QDialog::Accepted));
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(!dialog);
+    QCOMPARE(chosen, QStringList("/data/run1.dat"));
+    QCOMPARE(script.verify(), QString());
+}
+
+void tst_FileDialogScriptNested::exceptionFromAButton()
+{
+    FileDialogScript script;
+    QWidget window;
+    ExtendedWinFileDialog dialog(window, "Open", "/", "", "", QFileDialog::AcceptOpen, false);
+    dialog.addCustomButton("Throw", [] { throw std::runtime_error("thrown"); });
+    script.press("Throw").accept("/data/run1.dat");
+    QVERIFY_EXCEPTION_THROWN(dialog.exec(), std::runtime_error);
+    QCOMPARE(run(dialog).files, QStringList("/data/run1.dat"));
+    QCOMPARE(script.verify(), QString());
+}
+
+void tst_FileDialogScriptNested::runTwice()
+{
+    FileDialogScript script;
+    QWidget window;
+    ExtendedWinFileDialog dialog(window, "Open", "/", "", "", QFileDialog::AcceptOpen, false);
+    int second = -1;
+    dialog.addCustomButton("Again", [&] { second = dialog.exec(); });
+    script.press("Again").accept("/data/run1.dat");
+    QVERIFY(run(dialog).accepted);
+    QCOMPARE(second, int(QDialog::Rejected));
+    QCOMPARE(script.dialogs().size(), std::size_t(1));
+    QCOMPARE(script.verify(), QString());
+}
+
+void tst_FileDialogScriptNested::flowDeletedByItsHandler_data()
+{
+    QTest::addColumn<QString>("call");
+    QTest::addColumn<QString>("left");
+    for (const char* kind : {"native", "drawn by Qt"}) {
+        const auto row = [kind](const char* call, const char* left) {
+            QTest::newRow(qPrintable(QString("%1: %2").arg(kind, call))) << QString(call) << QString(left);
+        };
+        row("check", "overwrite: Yes\n  refuse, choose another place: No");
+        row("overwrite", "overwrite: Yes\n  refuse, choose another place: No");
+        row("unable", "refuse, choose another place: No");
+    }
+}
+
+void tst_FileDialogScriptNested::flowDeletedByItsHandler()
+{
+    FileDialogScript script;
+    QFETCH(QString, call);
+    QFETCH(QString, left);
+    QWidget window;
+    RecordingMessageHandler::Calls calls;
+    auto handler = std::make_unique<RecordingMessageHandler>(calls);
+    std::unique_ptr<SaveFileDialog> flow;
+    handler->whenChecked = [&](const std::string& name) {
+        const std::string copy = name;
+        if (call == "check")
+            flow.reset();
+        return copy;
+    };
+    handler->whenAsked = [&](const std::string& asked) {
+        if (asked == call.toStdString())
+            flow.reset();
+    };
+    flow = std::make_unique<SaveFileDialog>(&window, "Save", "/", "run", joinedFilters, "", std::move(handler));
+    script.accept("/data/run.dat").overwrite(Answer::Yes).refuse(Answer::No);
+    QVERIFY(!flow->launch());
+    QCOMPARE(script.verify(), "The script is not used up. These steps are left:\n  " + left);
+}
+
+void tst_FileDialogScriptNested::dialogOpenedByAHandler()
+{
+    FileDialogScript script;
+    QWidget window;
+    RecordingMessageHandler::Calls calls;
+    auto handler = std::make_unique<RecordingMessageHandler>(calls);
+    Outcome inner;
+    handler->whenAsked = [&](const std::string&) { inner = run(*makeDialog(window, "inner")); };
+    SaveFileDialog flow(&window, "Save", "/", "run", joinedFilters, "", std::move(handler));
+    // The file exists, because the answer comes next; the dialog that opens before the question takes its step first.
+    script.accept("/data/run.dat").overwrite(Answer::Yes);
+    QVERIFY(!flow.launch());
+    QVERIFY(!inner.accepted);
+    QVERIFY(script.verify().startsWith("The step failed: overwrite: Yes\n"
+                                       "It answers a question, but a dialog was opened.\nopen dialog \"inner\""));
+}
+
+void tst_FileDialogScriptNested::latestScriptWins()
+{
+    QWidget window;
+    FileDialogScript outer;
+    outer.accept("/data/outer.dat");
+    {
+        FileDialogScript inner;
+        inner.accept("/data/inner.dat");
+        QCOMPARE(run(*makeDialog(window, "first")).files, QStringList("/data/inner.dat"));
+        QCOMPARE(inner.verify(), QString());
+    }
+    QCOMPARE(run(*makeDialog(window, "second")).files, QStringList("/data/outer.dat"));
+    QCOMPARE(outer.verify(), QString());
+    QCOMPARE(outer.dialogs().size(), std::size_t(1));
+}
+
+void tst_FileDialogScriptNested::scriptWithinADialog()
+{
+    FileDialogScript outer;
+    QWidget window;
+    std::unique_ptr<FileDialogScript> inner;
+    onHelp([&] {
+        inner = std::make_unique<FileDialogScript>();
+        inner->accept("/data/inner.dat");
+        QCOMPARE(run(*makeDialog(window, "inner")).files, QStringList("/data/inner.dat"));
+    });
+    outer.press("Help").accept("/data/outer.dat");
+    // The dialog goes on with its own script, although the other one is in force by then.
+    QCOMPARE(run(*makeDialog(window, "outer")).files, QStringList("/data/outer.dat"));
+    QCOMPARE(inner->verify(), QString());
+    inner.reset();
+    QCOMPARE(outer.verify(), QString());
+}
+
+void tst_FileDialogScriptNested::earlierScriptDestroyedFirst()
+{
+    QWidget window;
+    auto earlier = std::make_unique<FileDialogScript>();
+    FileDialogScript later;
+    earlier.reset();
+    later.accept("/data/run1.dat");
+    QVERIFY(run(*makeDialog(window, "dialog")).accepted);
+    QCOMPARE(later.verify(), QString());
+}
+
+void tst_FileDialogScriptNested::scriptDestroyedWithinADialog()
+{
+    QWidget window;
+    auto script = std::make_unique<FileDialogScript>();
+    onHelp([&] { script.reset(); });
+    script->press("Help").accept("/data/run1.dat");
+    QVERIFY(!run(*makeDialog(window, "dialog")).accepted);
+    QCOMPARE(m_reported, QStringList("The script is not used up. These steps are left:\n  accept \"/data/run1.dat\""));
+    m_reported.clear();
+}
+
+UI_TEST_MAIN(tst_FileDialogScriptNested)
+#include "tst_FileDialogScriptNested.moc"
