@@ -1,0 +1,178 @@
+#include "pages/TableEditorPage.h"
+
+#include "testing/FileDialogScript.h"
+#include "ui/qt/dialogs/ExtendedFileDialog.h"
+
+#include "TestHome.h"
+
+#include <QAbstractItemModel>
+#include <QApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QJsonDocument>
+#include <QPushButton>
+#include <QTableView>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <memory>
+
+using gallery::TableEditorPage;
+using zelmar::testing::FileDialogScript;
+using zelmar::testing::ShownFileDialog;
+using Answer = FileDialogScript::Answer;
+
+namespace {
+
+const QString measurements = QStringLiteral(EXAMPLE_DATA "/measurements.csv");
+
+void addKindRows()
+{
+    QTest::addColumn<bool>("native");
+    QTest::newRow("native") << true;
+    QTest::newRow("drawn by Qt") << false;
+}
+
+} // namespace
+
+/// Opens and saves tables with the page's own buttons. A script answers the dialogs.
+class tst_TableEditorPage : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void opens_data() { addKindRows(); }
+    void opens();
+    void keepsTheTableWhenCancelled_data() { addKindRows(); }
+    void keepsTheTableWhenCancelled();
+    void savesWithTheWriterOfTheFilter_data() { addKindRows(); }
+    void savesWithTheWriterOfTheFilter();
+    void asksBeforeAFileIsReplaced_data() { addKindRows(); }
+    void asksBeforeAFileIsReplaced();
+    void savesNothingInARefusedPlace_data() { addKindRows(); }
+    void savesNothingInARefusedPlace();
+
+private:
+    QPushButton& button(const QString& text) const;
+    QAbstractItemModel& table() const { return *m_page->findChild<QTableView*>()->model(); }
+    void openMeasurements(FileDialogScript& script) const;
+    void save() const;
+    QString path(const QString& name) const { return m_folder->filePath(name); }
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+    std::unique_ptr<TableEditorPage> m_page;
+};
+
+void tst_TableEditorPage::init()
+{
+    QFETCH(bool, native);
+    ExtendedFileDialog::setUseNativeFileDialog(native);
+    m_folder = std::make_unique<QTemporaryDir>();
+    m_page = std::make_unique<TableEditorPage>();
+}
+
+void tst_TableEditorPage::cleanup()
+{
+    m_page.reset();
+    m_folder.reset();
+    ExtendedFileDialog::setUseNativeFileDialog(true);
+}
+
+QPushButton& tst_TableEditorPage::button(const QString& text) const
+{
+    for (QPushButton* const button : m_page->findChildren<QPushButton*>()) {
+        if (button->text() == text)
+            return *button;
+    }
+    qFatal("the page has no button %s", qPrintable(text));
+}
+
+void tst_TableEditorPage::openMeasurements(FileDialogScript& script) const
+{
+    script.accept(measurements);
+    button("&Open a table…").click();
+    QTRY_COMPARE(table().rowCount(), 24);
+}
+
+/// Presses the button and waits until the table is saved, if the flow has accepted a name.
+void tst_TableEditorPage::save() const
+{
+    QPushButton& saveButton = button("&Save as…");
+    QVERIFY(saveButton.isEnabled());
+    saveButton.click();
+    QTRY_VERIFY(saveButton.isEnabled());
+}
+
+void tst_TableEditorPage::opens()
+{
+    FileDialogScript script;
+    openMeasurements(script);
+    QCOMPARE(script.verify(), QString());
+    QCOMPARE(table().columnCount(), 6);
+    const ShownFileDialog& dialog = script.dialogs().front();
+    QCOMPARE(dialog.caption, QString("Open a table"));
+    QCOMPARE(dialog.fileMode, QFileDialog::ExistingFile);
+    QCOMPARE(dialog.nameFilters.size(), 4);
+    QCOMPARE(dialog.selectedNameFilter, QString("All tables (*.csv *.tsv *.json)"));
+}
+
+void tst_TableEditorPage::keepsTheTableWhenCancelled()
+{
+    FileDialogScript script;
+    openMeasurements(script);
+    script.cancel();
+    button("&Open a table…").click();
+    QCOMPARE(script.verify(), QString());
+    QCOMPARE(table().rowCount(), 24);
+    // The dialog starts at the table that is open.
+    QCOMPARE(script.dialogs().back().folder, QFileInfo(measurements).canonicalPath());
+    QCOMPARE(script.dialogs().back().defaultName, QString("measurements.csv"));
+}
+
+void tst_TableEditorPage::savesWithTheWriterOfTheFilter()
+{
+    FileDialogScript script;
+    openMeasurements(script);
+    const QString json = script.dialogs().front().nameFilters.last();
+    script.accept(path("saved"), json);
+    save();
+    QCOMPARE(script.verify(), QString());
+    QCOMPARE(script.dialogs().back().defaultName, QString("measurements"));
+    QFile file(path("saved.json"));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QVERIFY(!QJsonDocument::fromJson(file.readAll()).isNull());
+    QVERIFY(script.questions().empty());
+}
+
+void tst_TableEditorPage::asksBeforeAFileIsReplaced()
+{
+    QFile old(path("old.csv"));
+    QVERIFY(old.open(QIODevice::WriteOnly));
+    old.write("old");
+    old.close();
+    FileDialogScript script;
+    script.useFileSystem();
+    openMeasurements(script);
+    script.accept(old.fileName()).overwrite(Answer::No).accept(path("new.csv"));
+    save();
+    QCOMPARE(script.verify(), QString());
+    QCOMPARE(QFileInfo(old.fileName()).size(), qint64(3));
+    QVERIFY(QFileInfo(path("new.csv")).size() > 1000);
+    QVERIFY(script.questions().front().text.contains("old.csv"));
+}
+
+void tst_TableEditorPage::savesNothingInARefusedPlace()
+{
+    FileDialogScript script;
+    openMeasurements(script);
+    script.accept(path("refused.csv")).refuse(Answer::No);
+    save();
+    QCOMPARE(script.verify(), QString());
+    QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files), QStringList());
+}
+
+UI_TEST_MAIN(tst_TableEditorPage)
+#include "tst_TableEditorPage.moc"
