@@ -14,8 +14,6 @@ namespace zelmar::testing {
 
 using internal::DrawnScriptedDialog;
 using internal::ScriptedDialog;
-using internal::ScriptedUser;
-using internal::ScriptPlayer;
 using internal::ScriptStep;
 
 namespace {

@@ -4,6 +4,7 @@
 
 #include <ostream>
 #include <tuple>
+#include <utility>
 
 namespace zelmar::testing {
 
@@ -141,17 +142,17 @@ QString describe(const ShownQuestion& question)
 
 QDebug operator<<(QDebug debug, const ShownControl& control)
 {
-    return debugged(debug, control);
+    return debugged(std::move(debug), control);
 }
 
 QDebug operator<<(QDebug debug, const ShownFileDialog& dialog)
 {
-    return debugged(debug, dialog);
+    return debugged(std::move(debug), dialog);
 }
 
 QDebug operator<<(QDebug debug, const ShownQuestion& question)
 {
-    return debugged(debug, question);
+    return debugged(std::move(debug), question);
 }
 
 std::ostream& operator<<(std::ostream& stream, const ShownControl& control)
