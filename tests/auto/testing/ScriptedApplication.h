@@ -8,6 +8,7 @@
 #include "ui/qt/dialogs/windows/ExtendedWinFileDialog.h"
 #include "ui/qt/dialogs/windows/SaveFileWinDialog.h"
 
+#include <QDir>
 #include <QStringList>
 #include <QWidget>
 
@@ -28,6 +29,18 @@ namespace scriptedApplication {
 
 const std::vector<std::string> filters{"Data files (*.dat)", "Tables (*.csv)"};
 const char joinedFilters[] = "Data files (*.dat);;Tables (*.csv)";
+
+/// Returns the folder in which the tests start their dialogs.
+inline std::string root()
+{
+    return QDir::rootPath().toStdString();
+}
+
+/// Returns an absolute path on each system. `path` begins with a slash.
+inline QString at(const QString& path)
+{
+    return QDir::rootPath() + path.mid(1);
+}
 
 inline QStringList withSlashes(const QStringList& paths)
 {

@@ -170,11 +170,11 @@ void tst_FileDialogScript::opens()
 {
     QFETCH(EntryPoint, enter);
     FileDialogScript script;
-    script.accept("/no/such/folder/run1.csv", "Tables (*.csv)");
+    script.accept(at("/no/such/folder/run1.csv"), "Tables (*.csv)");
     const Outcome outcome = enter(folder());
     QCOMPARE(script.verify(), QString());
     QVERIFY(outcome.accepted);
-    QCOMPARE(outcome.files, QStringList("/no/such/folder/run1.csv"));
+    QCOMPARE(outcome.files, QStringList(at("/no/such/folder/run1.csv")));
     QCOMPARE(outcome.filter, 1);
 }
 
@@ -193,11 +193,11 @@ void tst_FileDialogScript::saves()
 {
     QFETCH(EntryPoint, enter);
     FileDialogScript script;
-    script.accept("/no/such/folder/run1", "Tables (*.csv)");
+    script.accept(at("/no/such/folder/run1"), "Tables (*.csv)");
     const Outcome outcome = enter(folder());
     QCOMPARE(script.verify(), QString());
     QVERIFY(outcome.accepted);
-    QCOMPARE(outcome.files, QStringList("/no/such/folder/run1.csv"));
+    QCOMPARE(outcome.files, QStringList(at("/no/such/folder/run1.csv")));
     QCOMPARE(outcome.filter, 1);
     QVERIFY(script.questions().empty());
 }
@@ -215,10 +215,10 @@ void tst_FileDialogScript::choosesAnotherNameAfterNo()
 {
     QFETCH(EntryPoint, enter);
     FileDialogScript script;
-    script.accept("/data/old.dat").overwrite(Answer::No).accept("/data/new.dat");
+    script.accept(at("/data/old.dat")).overwrite(Answer::No).accept(at("/data/new.dat"));
     const Outcome outcome = enter(folder());
     QCOMPARE(script.verify(), QString());
-    QCOMPARE(outcome.files, QStringList("/data/new.dat"));
+    QCOMPARE(outcome.files, QStringList(at("/data/new.dat")));
     QCOMPARE(script.dialogs().size(), std::size_t(2));
     QCOMPARE(script.questions().size(), std::size_t(1));
     const ShownQuestion& question = script.questions().front();
@@ -231,17 +231,17 @@ void tst_FileDialogScript::overwrites()
 {
     QFETCH(EntryPoint, enter);
     FileDialogScript script;
-    script.accept("/data/old.dat").overwrite(Answer::Yes);
+    script.accept(at("/data/old.dat")).overwrite(Answer::Yes);
     const Outcome outcome = enter(folder());
     QCOMPARE(script.verify(), QString());
-    QCOMPARE(outcome.files, QStringList("/data/old.dat"));
+    QCOMPARE(outcome.files, QStringList(at("/data/old.dat")));
 }
 
 void tst_FileDialogScript::refusesAPlace()
 {
     QFETCH(EntryPoint, enter);
     FileDialogScript script;
-    script.accept("/cdrom/run.dat").refuse(Answer::Yes).accept("/cdrom/again.dat").refuse(Answer::No);
+    script.accept(at("/cdrom/run.dat")).refuse(Answer::Yes).accept(at("/cdrom/again.dat")).refuse(Answer::No);
     QVERIFY(!enter(folder()).accepted);
     QCOMPARE(script.verify(), QString());
     QCOMPARE(script.questions().size(), std::size_t(2));
@@ -254,8 +254,8 @@ void tst_FileDialogScript::refusesAnExistingFile()
 {
     QFETCH(EntryPoint, enter);
     FileDialogScript script;
-    script.accept("/cdrom/run.dat").overwrite(Answer::Yes).refuse(Answer::Yes).accept("/data/run.dat");
-    QCOMPARE(enter(folder()).files, QStringList("/data/run.dat"));
+    script.accept(at("/cdrom/run.dat")).overwrite(Answer::Yes).refuse(Answer::Yes).accept(at("/data/run.dat"));
+    QCOMPARE(enter(folder()).files, QStringList(at("/data/run.dat")));
     QCOMPARE(script.verify(), QString());
     QCOMPARE(script.questions().size(), std::size_t(2));
 }
@@ -343,7 +343,7 @@ void tst_FileDialogScript::recordsFoldersAndOverwriting()
 
 void tst_FileDialogScript::choosesSeveral()
 {
-    const QStringList files{"/data/run 1.dat", "/elsewhere/run2.dat"};
+    const QStringList files{at("/data/run 1.dat"), at("/elsewhere/run2.dat")};
     FileDialogScript script;
     script.acceptSeveral(files);
     QWidget window;
@@ -356,12 +356,12 @@ void tst_FileDialogScript::choosesSeveral()
 void tst_FileDialogScript::choosesAFolder()
 {
     FileDialogScript script;
-    script.accept(m_folder).accept("/no/such/folder");
+    script.accept(m_folder).accept(at("/no/such/folder"));
     QWidget window;
     ExtendedFileDialog dialog(window, "Choose", "", "", "", QFileDialog::AcceptOpen);
     dialog.setFileMode(QFileDialog::Directory);
     QCOMPARE(run(dialog).files, QStringList(m_folder));
-    QCOMPARE(run(dialog).files, QStringList("/no/such/folder"));
+    QCOMPARE(run(dialog).files, QStringList(at("/no/such/folder")));
     QCOMPARE(script.verify(), QString());
 }
 
@@ -382,7 +382,7 @@ void tst_FileDialogScript::takesNamesInTheShownFolder()
 void tst_FileDialogScript::selectsByDescription()
 {
     FileDialogScript script;
-    script.accept("/data/run1.csv", "Tables");
+    script.accept(at("/data/run1.csv"), "Tables");
     QCOMPARE(openWith<ExtendedFileDialog>(folder()).filter, 1);
     QCOMPARE(script.verify(), QString());
 }
@@ -408,7 +408,7 @@ void tst_FileDialogScript::usesControls()
     QWidget window;
     FileDialogScript script;
     script.press("Columns ...").tick("Preview").tick("All", false).tick("&All", false).pick("Open read-only");
-    script.accept("/data/run1.dat");
+    script.accept(at("/data/run1.dat"));
     ExtendedWinFileDialog dialog(window, "Open", folder(), joinedFilters, "", QFileDialog::AcceptOpen, true);
     const auto preview = boost::make_shared<zelmar::Property<bool>>(false);
     const auto all = boost::make_shared<zelmar::Property<bool>>(true);
@@ -430,7 +430,7 @@ void tst_FileDialogScript::picksNothingFromAMenu()
 {
     QWidget window;
     FileDialogScript script;
-    script.pick("Open read-only").accept("/data/run1.dat").accept("/data/run2.dat");
+    script.pick("Open read-only").accept(at("/data/run1.dat")).accept(at("/data/run2.dat"));
     ExtendedWinFileDialog dialog(window, "Open", folder(), joinedFilters, "", QFileDialog::AcceptOpen, true);
     dialog.addAcceptButtonOption("Open", 7);
     dialog.addAcceptButtonOption("Open read-only", 8);
@@ -475,19 +475,19 @@ void tst_FileDialogScript::closedByTheApplication()
 {
     QWidget window;
     FileDialogScript script;
-    script.press("Use it").accept("/data/run2.dat");
+    script.press("Use it").accept(at("/data/run2.dat"));
     ExtendedWinFileDialog dialog(window, "Open", folder(), "", "", QFileDialog::AcceptOpen, false);
     dialog.addCustomButton("Use it", [&dialog] { dialog.close(); });
     QCOMPARE(dialog.exec(), QDialog::Accepted);
     QCOMPARE(dialog.selectedFiles(), QStringList());
-    QCOMPARE(run(dialog).files, QStringList("/data/run2.dat"));
+    QCOMPARE(run(dialog).files, QStringList(at("/data/run2.dat")));
     QCOMPARE(script.verify(), QString());
 }
 
 void tst_FileDialogScript::emitsSignals()
 {
     FileDialogScript script;
-    script.accept("/data/run1.csv", "Tables (*.csv)").cancel();
+    script.accept(at("/data/run1.csv"), "Tables (*.csv)").cancel();
     QExtendedFileDialog dialog(nullptr, "Open", folder(), joinedFilters, "", QFileDialog::AcceptOpen);
     QSignalSpy filterSelected(&dialog, &QFileDialog::filterSelected);
     QSignalSpy filesSelected(&dialog, &QFileDialog::filesSelected);
@@ -500,10 +500,10 @@ void tst_FileDialogScript::emitsSignals()
     QCOMPARE(filterSelected.at(0).at(0).toString(), QString("Tables (*.csv)"));
     QCOMPARE(filesSelected.size(), 1);
     QCOMPARE(fileSelected.size(), 1);
-    QCOMPARE(fileSelected.at(0).at(0).toString(), QString("/data/run1.csv"));
+    QCOMPARE(fileSelected.at(0).at(0).toString(), QString(at("/data/run1.csv")));
     QCOMPARE(accepted.size(), 1);
     QCOMPARE(finished.size(), 1);
-    QCOMPARE(dialog.QFileDialog::selectedFiles(), QStringList("/data/run1.csv"));
+    QCOMPARE(dialog.QFileDialog::selectedFiles(), QStringList(at("/data/run1.csv")));
     QCOMPARE(dialog.exec(), int(QDialog::Rejected));
     QCOMPARE(rejected.size(), 1);
     QCOMPARE(finished.size(), 2);
@@ -513,7 +513,7 @@ void tst_FileDialogScript::emitsSignals()
 void tst_FileDialogScript::runsAgain()
 {
     FileDialogScript script;
-    script.accept("/data/run1.csv", "Tables").cancel().accept("run2.csv");
+    script.accept(at("/data/run1.csv"), "Tables").cancel().accept("run2.csv");
     QWidget window;
     ExtendedFileDialog dialog(window, "Open", folder(), joinedFilters, "", QFileDialog::AcceptOpen);
     QVERIFY(run(dialog).accepted);
@@ -546,7 +546,7 @@ void tst_FileDialogScript::leavesSettingsAlone()
     auto& settings = zelmar::ApplicationSettings::getInstance();
     settings.depositValue("QExtendedFileDialog/Geometry", "untouched");
     FileDialogScript script;
-    script.accept("/data/run1.csv");
+    script.accept(at("/data/run1.csv"));
     openWith<ExtendedFileDialog>(folder());
     QCOMPARE(settings.getByteArrayValue("QExtendedFileDialog/Geometry"), QByteArray("untouched"));
     settings.depositValue("QExtendedFileDialog/Geometry", {});

@@ -35,7 +35,7 @@ void addKindRows()
 /// Opens with a dialog of the current kind.
 Outcome open()
 {
-    return openWith<ExtendedFileDialog>("/");
+    return openWith<ExtendedFileDialog>(root());
 }
 
 /// A dialog whose derived class accepts nothing.
@@ -113,12 +113,12 @@ void tst_FileDialogScriptFailures::noStepForADialog()
     QVERIFY(!open().accepted);
     const QString expected = QString("The script has no step left for a dialog:\n"
                                      "open dialog \"Open run\" for an existing file, %1\n"
-                                     "  folder \"/\"\n"
+                                     "  folder \"%2\"\n"
                                      "  name \"\"\n"
                                      "  name filter \"Data files (*.dat)\", selected\n"
                                      "  name filter \"Tables (*.csv)\"\n"
                                      "  button \"Help\"")
-                                 .arg(native ? "native" : "drawn by Qt");
+                                 .arg(native ? "native" : "drawn by Qt", QDir::rootPath());
     QCOMPARE(script.verify(), expected);
     QCOMPARE(script.dialogs().size(), std::size_t(1));
 }
@@ -131,7 +131,7 @@ void tst_FileDialogScriptFailures::noStepForAQuestion()
     FileDialogScript script;
     script.useFileSystem();
     script.accept(existing.fileName());
-    QVERIFY(!saveWith<SaveFileDialog>("/").accepted);
+    QVERIFY(!saveWith<SaveFileDialog>(root()).accepted);
     const QString failure = script.verify();
     QVERIFY2(failure.startsWith("The script has no step left for a question:\n"
                                 "question whether to overwrite, \"Save run\": \""),
@@ -143,8 +143,8 @@ void tst_FileDialogScriptFailures::wrongStepForAQuestion()
 {
     FileDialogScript script;
     script.useFileSystem();
-    script.accept("/no/such/folder/run.dat").overwrite(Answer::Yes);
-    QVERIFY(!saveWith<SaveFileDialog>("/").accepted);
+    script.accept(at("/no/such/folder/run.dat")).overwrite(Answer::Yes);
+    QVERIFY(!saveWith<SaveFileDialog>(root()).accepted);
     const QString failure = script.verify();
     QVERIFY2(failure.startsWith("The next step of the script is: overwrite: Yes\n"
                                 "but this is asked:\n"
@@ -157,7 +157,7 @@ void tst_FileDialogScriptFailures::wrongStepForAQuestion()
 void tst_FileDialogScriptFailures::wrongStepForADialog()
 {
     FileDialogScript script;
-    script.overwrite(Answer::No).accept("/data/run1.dat").cancel();
+    script.overwrite(Answer::No).accept(at("/data/run1.dat")).cancel();
     QVERIFY(!open().accepted);
     const QString failure = script.verify();
     QVERIFY2(failure.startsWith("The step failed: overwrite: No\n"
@@ -256,7 +256,7 @@ void tst_FileDialogScriptFailures::controlsThatCannotBeUsed()
     addSteps(script);
     script.cancel();
     QWidget window;
-    ExtendedWinFileDialog dialog(window, "Open", "/", "", "", QFileDialog::AcceptOpen, true);
+    ExtendedWinFileDialog dialog(window, "Open", root(), "", "", QFileDialog::AcceptOpen, true);
     int presses = 0;
     dialog.addCustomButton("Columns", [&presses] { ++presses; })->setEnabled(false);
     dialog.addCustomCheckBox("Preview", boost::make_shared<zelmar::Property<bool>>(false))->hide();
@@ -270,10 +270,10 @@ void tst_FileDialogScriptFailures::controlsThatCannotBeUsed()
 void tst_FileDialogScriptFailures::skipsTheDialogOfAFailedStep()
 {
     FileDialogScript script;
-    script.press("Columns").press("Rows").accept("/data/a.dat").overwrite(Answer::No);
-    script.accept("/data/b.dat");
+    script.press("Columns").press("Rows").accept(at("/data/a.dat")).overwrite(Answer::No);
+    script.accept(at("/data/b.dat"));
     QVERIFY(!open().accepted);
-    QCOMPARE(open().files, QStringList("/data/b.dat"));
+    QCOMPARE(open().files, QStringList(at("/data/b.dat")));
     QCOMPARE(script.verify().count("The step failed"), 1);
 }
 
@@ -281,19 +281,19 @@ void tst_FileDialogScriptFailures::missingFile()
 {
     FileDialogScript script;
     script.useFileSystem();
-    script.accept("/no/such/file.dat").accept(QCoreApplication::applicationFilePath());
+    script.accept(at("/no/such/file.dat")).accept(QCoreApplication::applicationFilePath());
     QVERIFY(!open().accepted);
     QVERIFY(open().accepted);
     const QString failure = script.verify();
-    QVERIFY2(failure.contains("\n/no/such/file.dat does not exist.\n"), qPrintable(failure));
+    QVERIFY2(failure.contains("\n" + at("/no/such/file.dat") + " does not exist.\n"), qPrintable(failure));
     QCOMPARE(failure.count("The step failed"), 1);
 }
 
 void tst_FileDialogScriptFailures::filesThatQtCannotReturn()
 {
     FileDialogScript script;
-    script.acceptSeveral({"/data/a \"quoted\" name", "/data/b"});
-    QExtendedFileDialog dialog(nullptr, "Open", "/", "", "", QFileDialog::AcceptOpen);
+    script.acceptSeveral({at("/data/a \"quoted\" name"), at("/data/b")});
+    QExtendedFileDialog dialog(nullptr, "Open", root(), "", "", QFileDialog::AcceptOpen);
     dialog.setFileMode(QFileDialog::ExistingFiles);
     QVERIFY(!run(dialog).accepted);
     const QString failure = script.verify();
@@ -303,8 +303,8 @@ void tst_FileDialogScriptFailures::filesThatQtCannotReturn()
 void tst_FileDialogScriptFailures::patternInADialogDrawnByQt()
 {
     FileDialogScript script;
-    script.accept("/data/run*");
-    QExtendedFileDialog dialog(nullptr, "Open", "/", "", "", QFileDialog::AcceptOpen);
+    script.accept(at("/data/run*"));
+    QExtendedFileDialog dialog(nullptr, "Open", root(), "", "", QFileDialog::AcceptOpen);
     QVERIFY(!run(dialog).accepted);
     QVERIFY(script.verify().contains("The dialog stays open, because it does not accept the files."));
 }
@@ -312,8 +312,8 @@ void tst_FileDialogScriptFailures::patternInADialogDrawnByQt()
 void tst_FileDialogScriptFailures::dialogThatDoesNotAccept()
 {
     FileDialogScript script;
-    script.accept("/data/run1.dat").cancel();
-    StubbornDialog dialog(nullptr, "Open", "/", "", "", QFileDialog::AcceptOpen);
+    script.accept(at("/data/run1.dat")).cancel();
+    StubbornDialog dialog(nullptr, "Open", root(), "", "", QFileDialog::AcceptOpen);
     QVERIFY(!run(dialog).accepted);
     QVERIFY(script.verify().contains("The dialog stays open, because it does not accept the files."));
 }
@@ -321,7 +321,7 @@ void tst_FileDialogScriptFailures::dialogThatDoesNotAccept()
 void tst_FileDialogScriptFailures::nativeDialogBeforeTheScript()
 {
     QWidget window;
-    ExtendedWinFileDialog dialog(window, "Open", "/", "", "", QFileDialog::AcceptOpen, false);
+    ExtendedWinFileDialog dialog(window, "Open", root(), "", "", QFileDialog::AcceptOpen, false);
     FileDialogScript script;
     QVERIFY(!run(dialog).accepted);
     QCOMPARE(script.verify(),
@@ -334,7 +334,8 @@ void tst_FileDialogScriptFailures::nativeDialogAfterTheScript()
     std::unique_ptr<ExtendedWinFileDialog> dialog;
     {
         const FileDialogScript script;
-        dialog = std::make_unique<ExtendedWinFileDialog>(window, "Open", "/", "", "", QFileDialog::AcceptOpen, false);
+        dialog =
+            std::make_unique<ExtendedWinFileDialog>(window, "Open", root(), "", "", QFileDialog::AcceptOpen, false);
     }
     QCOMPARE(m_reported, QStringList());
     QVERIFY(!run(*dialog).accepted);
@@ -349,7 +350,7 @@ void tst_FileDialogScriptFailures::verifyForgets()
     script.cancel();
     QVERIFY(!script.verify().isEmpty());
     QCOMPARE(script.verify(), QString());
-    script.accept("/data/run1.dat");
+    script.accept(at("/data/run1.dat"));
     QVERIFY(open().accepted);
     QCOMPARE(script.verify(), QString());
 }

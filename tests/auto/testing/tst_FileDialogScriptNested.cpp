@@ -31,7 +31,7 @@ void addKindRows()
 /// Creates a dialog with a Help button.
 std::unique_ptr<ExtendedFileDialog> makeDialog(QWidget& window, const std::string& caption)
 {
-    return std::make_unique<ExtendedFileDialog>(window, caption, "/", joinedFilters, "help.html",
+    return std::make_unique<ExtendedFileDialog>(window, caption, root(), joinedFilters, "help.html",
                                                 QFileDialog::AcceptOpen);
 }
 
@@ -105,11 +105,11 @@ void tst_FileDialogScriptNested::dialogInADialog()
     QWidget window;
     Outcome inner;
     onHelp([&] { inner = run(*makeDialog(window, "inner")); });
-    script.press("Help").accept("/data/inner.dat").accept("/data/outer.csv", "Tables");
+    script.press("Help").accept(at("/data/inner.dat")).accept(at("/data/outer.csv"), "Tables");
     const Outcome outer = run(*makeDialog(window, "outer"));
     QCOMPARE(script.verify(), QString());
-    QCOMPARE(inner.files, QStringList("/data/inner.dat"));
-    QCOMPARE(outer.files, QStringList("/data/outer.csv"));
+    QCOMPARE(inner.files, QStringList(at("/data/inner.dat")));
+    QCOMPARE(outer.files, QStringList(at("/data/outer.csv")));
     QCOMPARE(script.dialogs().at(0).caption, QString("outer"));
     QCOMPARE(script.dialogs().at(1).caption, QString("inner"));
 }
@@ -119,7 +119,7 @@ void tst_FileDialogScriptNested::failureInTheInnerDialog()
     FileDialogScript script;
     QWidget window;
     onHelp([&] { QVERIFY(!run(*makeDialog(window, "inner")).accepted); });
-    script.press("Help").accept("/data/inner.dat", "Images").accept("/data/outer.dat");
+    script.press("Help").accept(at("/data/inner.dat"), "Images").accept(at("/data/outer.dat"));
     QVERIFY(run(*makeDialog(window, "outer")).accepted);
     QVERIFY(script.verify().contains("open dialog \"inner\""));
 }
@@ -130,9 +130,9 @@ void tst_FileDialogScriptNested::ownerDeleted()
     QWidget window;
     std::unique_ptr<ExtendedFileDialog> dialog = makeDialog(window, "deleted");
     onHelp([&] { dialog.reset(); });
-    script.press("Help").accept("/data/next.dat");
+    script.press("Help").accept(at("/data/next.dat"));
     QCOMPARE(dialog->exec(), int(QDialog::Rejected));
-    QCOMPARE(run(*makeDialog(window, "next")).files, QStringList("/data/next.dat"));
+    QCOMPARE(run(*makeDialog(window, "next")).files, QStringList(at("/data/next.dat")));
     QCOMPARE(script.verify(), QString());
 }
 
@@ -150,7 +150,7 @@ void tst_FileDialogScriptNested::parentDeleted()
 void tst_FileDialogScriptNested::drawnDialogDeleted()
 {
     FileDialogScript script;
-    auto* const dialog = new QExtendedFileDialog(nullptr, "Open", "/", "", "help.html", QFileDialog::AcceptOpen);
+    auto* const dialog = new QExtendedFileDialog(nullptr, "Open", root(), "", "help.html", QFileDialog::AcceptOpen);
     onHelp([dialog] { delete dialog; });
     script.press("Help");
     QCOMPARE(dialog->exec(), int(QDialog::Rejected));
@@ -161,17 +161,17 @@ void tst_FileDialogScriptNested::drawnDialogDeletedLater()
 {
     FileDialogScript script;
     const QPointer<QExtendedFileDialog> dialog =
-        new QExtendedFileDialog(nullptr, "Open", "/", "", "", QFileDialog::AcceptOpen);
+        new QExtendedFileDialog(nullptr, "Open", root(), "", "", QFileDialog::AcceptOpen);
     QStringList chosen;
     connect(dialog, &QFileDialog::fileSelected, dialog, [&](const QString& file) {
         chosen += file;
         dialog->deleteLater();
     });
-    script.accept("/data/run1.dat");
+    script.accept(at("/data/run1.dat"));
     QCOMPARE(dialog->exec(), int(QDialog::Accepted));
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QVERIFY(!dialog);
-    QCOMPARE(chosen, QStringList("/data/run1.dat"));
+    QCOMPARE(chosen, QStringList(at("/data/run1.dat")));
     QCOMPARE(script.verify(), QString());
 }
 
@@ -179,11 +179,11 @@ void tst_FileDialogScriptNested::exceptionFromAButton()
 {
     FileDialogScript script;
     QWidget window;
-    ExtendedWinFileDialog dialog(window, "Open", "/", "", "", QFileDialog::AcceptOpen, false);
+    ExtendedWinFileDialog dialog(window, "Open", root(), "", "", QFileDialog::AcceptOpen, false);
     dialog.addCustomButton("Throw", [] { throw std::runtime_error("thrown"); });
-    script.press("Throw").accept("/data/run1.dat");
+    script.press("Throw").accept(at("/data/run1.dat"));
     QVERIFY_EXCEPTION_THROWN(dialog.exec(), std::runtime_error);
-    QCOMPARE(run(dialog).files, QStringList("/data/run1.dat"));
+    QCOMPARE(run(dialog).files, QStringList(at("/data/run1.dat")));
     QCOMPARE(script.verify(), QString());
 }
 
@@ -191,10 +191,10 @@ void tst_FileDialogScriptNested::runTwice()
 {
     FileDialogScript script;
     QWidget window;
-    ExtendedWinFileDialog dialog(window, "Open", "/", "", "", QFileDialog::AcceptOpen, false);
+    ExtendedWinFileDialog dialog(window, "Open", root(), "", "", QFileDialog::AcceptOpen, false);
     int second = -1;
     dialog.addCustomButton("Again", [&] { second = dialog.exec(); });
-    script.press("Again").accept("/data/run1.dat");
+    script.press("Again").accept(at("/data/run1.dat"));
     QVERIFY(run(dialog).accepted);
     QCOMPARE(second, int(QDialog::Rejected));
     QCOMPARE(script.dialogs().size(), std::size_t(1));
@@ -234,8 +234,8 @@ void tst_FileDialogScriptNested::flowDeletedByItsHandler()
         if (asked == call.toStdString())
             flow.reset();
     };
-    flow = std::make_unique<SaveFileDialog>(&window, "Save", "/", "run", joinedFilters, "", std::move(handler));
-    script.accept("/data/run.dat").overwrite(Answer::Yes).refuse(Answer::No);
+    flow = std::make_unique<SaveFileDialog>(&window, "Save", root(), "run", joinedFilters, "", std::move(handler));
+    script.accept(at("/data/run.dat")).overwrite(Answer::Yes).refuse(Answer::No);
     QVERIFY(!flow->launch());
     QCOMPARE(script.verify(), "The script is not used up. These steps are left:\n  " + left);
 }
@@ -248,9 +248,9 @@ void tst_FileDialogScriptNested::dialogOpenedByAHandler()
     auto handler = std::make_unique<RecordingMessageHandler>(calls);
     Outcome inner;
     handler->whenAsked = [&](const std::string&) { inner = run(*makeDialog(window, "inner")); };
-    SaveFileDialog flow(&window, "Save", "/", "run", joinedFilters, "", std::move(handler));
+    SaveFileDialog flow(&window, "Save", root(), "run", joinedFilters, "", std::move(handler));
     // The file exists, because the answer comes next; the dialog that opens before the question takes its step first.
-    script.accept("/data/run.dat").overwrite(Answer::Yes);
+    script.accept(at("/data/run.dat")).overwrite(Answer::Yes);
     QVERIFY(!flow.launch());
     QVERIFY(!inner.accepted);
     QVERIFY(script.verify().startsWith("The step failed: overwrite: Yes\n"
@@ -261,14 +261,14 @@ void tst_FileDialogScriptNested::latestScriptWins()
 {
     QWidget window;
     FileDialogScript outer;
-    outer.accept("/data/outer.dat");
+    outer.accept(at("/data/outer.dat"));
     {
         FileDialogScript inner;
-        inner.accept("/data/inner.dat");
-        QCOMPARE(run(*makeDialog(window, "first")).files, QStringList("/data/inner.dat"));
+        inner.accept(at("/data/inner.dat"));
+        QCOMPARE(run(*makeDialog(window, "first")).files, QStringList(at("/data/inner.dat")));
         QCOMPARE(inner.verify(), QString());
     }
-    QCOMPARE(run(*makeDialog(window, "second")).files, QStringList("/data/outer.dat"));
+    QCOMPARE(run(*makeDialog(window, "second")).files, QStringList(at("/data/outer.dat")));
     QCOMPARE(outer.verify(), QString());
     QCOMPARE(outer.dialogs().size(), std::size_t(1));
 }
@@ -280,12 +280,12 @@ void tst_FileDialogScriptNested::scriptWithinADialog()
     std::unique_ptr<FileDialogScript> inner;
     onHelp([&] {
         inner = std::make_unique<FileDialogScript>();
-        inner->accept("/data/inner.dat");
-        QCOMPARE(run(*makeDialog(window, "inner")).files, QStringList("/data/inner.dat"));
+        inner->accept(at("/data/inner.dat"));
+        QCOMPARE(run(*makeDialog(window, "inner")).files, QStringList(at("/data/inner.dat")));
     });
-    outer.press("Help").accept("/data/outer.dat");
+    outer.press("Help").accept(at("/data/outer.dat"));
     // The dialog goes on with its own script, although the other one is in force by then.
-    QCOMPARE(run(*makeDialog(window, "outer")).files, QStringList("/data/outer.dat"));
+    QCOMPARE(run(*makeDialog(window, "outer")).files, QStringList(at("/data/outer.dat")));
     QCOMPARE(inner->verify(), QString());
     inner.reset();
     QCOMPARE(outer.verify(), QString());
@@ -297,7 +297,7 @@ void tst_FileDialogScriptNested::earlierScriptDestroyedFirst()
     auto earlier = std::make_unique<FileDialogScript>();
     FileDialogScript later;
     earlier.reset();
-    later.accept("/data/run1.dat");
+    later.accept(at("/data/run1.dat"));
     QVERIFY(run(*makeDialog(window, "dialog")).accepted);
     QCOMPARE(later.verify(), QString());
 }
@@ -307,9 +307,10 @@ void tst_FileDialogScriptNested::scriptDestroyedWithinADialog()
     QWidget window;
     auto script = std::make_unique<FileDialogScript>();
     onHelp([&] { script.reset(); });
-    script->press("Help").accept("/data/run1.dat");
+    script->press("Help").accept(at("/data/run1.dat"));
     QVERIFY(!run(*makeDialog(window, "dialog")).accepted);
-    QCOMPARE(m_reported, QStringList("The script is not used up. These steps are left:\n  accept \"/data/run1.dat\""));
+    QCOMPARE(m_reported, QStringList("The script is not used up. These steps are left:\n  accept \""
+                                     + at("/data/run1.dat") + "\""));
     m_reported.clear();
 }
 
