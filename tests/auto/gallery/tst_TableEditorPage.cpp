@@ -24,7 +24,7 @@ using Answer = FileDialogScript::Answer;
 
 namespace {
 
-const QString measurements = QStringLiteral(EXAMPLE_DATA "/measurements.csv");
+const QString measurements = QFileInfo(QStringLiteral(EXAMPLE_DATA "/measurements.csv")).absoluteFilePath();
 
 void addKindRows()
 {

@@ -398,6 +398,9 @@ void tst_FileDialogScriptFailures::printsWhileUnwinding()
 void tst_FileDialogScriptFailures::abortsWithoutAHandler()
 {
     QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("QT_FORCE_STDERR_LOGGING", "1"); // Windows has a log of its own.
+    process.setProcessEnvironment(environment);
     process.setProcessChannelMode(QProcess::MergedChannels);
     process.start(QCoreApplication::applicationFilePath(), {useNoHandler});
     QVERIFY(process.waitForFinished(60000));

@@ -61,8 +61,17 @@ struct ScriptedDialogClasses::Registrations
     const Registration<ScriptedSaveDialogObject> save{CLSID_FileSaveDialog};
 };
 
+std::shared_ptr<ScriptedDialogClasses::Registrations> ScriptedDialogClasses::sharedRegistrations()
+{
+    static std::weak_ptr<Registrations> shared;
+    std::shared_ptr<Registrations> registrations = shared.lock();
+    if (!registrations)
+        shared = registrations = std::make_shared<Registrations>();
+    return registrations;
+}
+
 ScriptedDialogClasses::ScriptedDialogClasses()
-    : m_registrations(std::make_unique<Registrations>())
+    : m_registrations(sharedRegistrations())
 {
 }
 

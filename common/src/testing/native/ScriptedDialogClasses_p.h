@@ -4,8 +4,9 @@
 
 namespace zelmar::internal {
 
-/// During the lifetime of an object of this class, CoCreateInstance() creates file dialogs that the script in force
-/// answers. Enters the apartment of the native dialogs meanwhile.
+/// As long as an object of this class exists, CoCreateInstance() creates file dialogs that the script in force answers.
+/// Enters the apartment of the native dialogs meanwhile. All objects share one registration, because the system refuses
+/// a second one for the same class.
 class ScriptedDialogClasses
 {
 public:
@@ -16,7 +17,9 @@ public:
 
 private:
     struct Registrations;
-    const std::unique_ptr<Registrations> m_registrations;
+    static std::shared_ptr<Registrations> sharedRegistrations();
+
+    const std::shared_ptr<Registrations> m_registrations;
 };
 
 /// Returns whether `dialog`, of the class IFileDialog, is such a dialog.
