@@ -35,6 +35,19 @@ function(add_ui_test name)
     common_ui_qt_set_test_properties(${name})
 endfunction()
 
+# add_offscreen_ui_test(<name> <argument of add_ui_test>...)
+#
+# Adds a test program with widgets that needs no screen. It has one nevertheless under Wine, where Qt runs with the system's
+# platform plugin, and under the sanitizers, because Qt's offscreen plugin leaks its screen.
+function(add_offscreen_ui_test name)
+    if(WIN32 OR COMMON_UI_QT_SANITIZERS)
+        add_ui_test(${name} ${ARGN})
+    else()
+        add_ui_test(${name} NO_SCREEN ${ARGN})
+        set_property(TEST ${name} APPEND PROPERTY ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
+    endif()
+endfunction()
+
 # Generates the moc file that a test includes at its end. AUTOMOC would need three build steps for each program, which
 # together take a third of the build time.
 function(common_ui_qt_moc_test name)

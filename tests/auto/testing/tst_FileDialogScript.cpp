@@ -154,6 +154,8 @@ void tst_FileDialogScript::init()
 {
     m_folder = QFileInfo(m_scratch.path()).canonicalFilePath() + "/runs";
     QVERIFY(QDir().mkpath(m_folder));
+    FileDialogScript::setFailureHandler(
+        [](const QString& text) { QTest::qFail(qPrintable(text), __FILE__, __LINE__); });
     if (QTest::currentDataTag()) {
         QFETCH(bool, native);
         ExtendedFileDialog::setUseNativeFileDialog(native);
