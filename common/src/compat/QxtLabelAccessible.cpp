@@ -1,5 +1,6 @@
 #include "compat/QxtLabelAccessible_p.h"
 
+#include "accessibleFactory_p.h"
 #include "compat/QxtLabel.h"
 
 #include <QAccessibleWidget>
@@ -16,11 +17,8 @@ public:
 
     QString text(QAccessible::Text kind) const override
     {
-        QString own = QAccessibleWidget::text(kind);
-        if (kind != QAccessible::Name || !own.isEmpty())
-            return own;
-        const auto* label = qobject_cast<QxtLabel*>(widget());
-        return label ? label->text() : QString();
+        const QString own = QAccessibleWidget::text(kind);
+        return isFullText(kind, own) ? fullText() : own;
     }
 
     QAccessible::State state() const override
@@ -28,6 +26,23 @@ public:
         QAccessible::State state = QAccessibleWidget::state();
         state.readOnly = true;
         return state;
+    }
+
+private:
+    QString fullText() const
+    {
+        const auto* label = qobject_cast<QxtLabel*>(widget());
+        return label ? label->text() : QString();
+    }
+
+    /// Returns whether the full text is what to say, where the base class would say `own`. As the name, the base class
+    /// knows the text of the buddy label in a form row, which does not tell what the row shows.
+    bool isFullText(QAccessible::Text kind, const QString& own) const
+    {
+        const bool isNamed = !widget()->accessibleName().isEmpty();
+        if (kind == QAccessible::Name)
+            return !isNamed && !fullText().isEmpty();
+        return kind == QAccessible::Value || (kind == QAccessible::Description && isNamed && own.isEmpty());
     }
 };
 
@@ -39,17 +54,9 @@ QAccessibleInterface* makeInterface(const QString& className, QObject* object)
     return label ? new QxtLabelAccessible(label) : nullptr;
 }
 
-/// A guard that removes the factory before the library is unloaded, after which Qt must not call it.
-struct InstalledFactory
-{
-    InstalledFactory() { QAccessible::installFactory(makeInterface); }
-    ~InstalledFactory() { QAccessible::removeFactory(makeInterface); }
-    Q_DISABLE_COPY(InstalledFactory)
-};
-
 } // namespace
 
 void zelmar::internal::makeQxtLabelsAccessible()
 {
-    static const InstalledFactory factory;
+    static const AccessibleFactory factory(makeInterface);
 }

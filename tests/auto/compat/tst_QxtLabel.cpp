@@ -519,6 +519,8 @@ void tst_QxtLabel::isAStaticTextForAssistiveTechnology()
     QCOMPARE(accessible->text(QAccessible::Description), QString());
     m_label->setAccessibleName(QStringLiteral("the application's"));
     QCOMPARE(accessible->text(QAccessible::Name), QStringLiteral("the application's"));
+    QCOMPARE(accessible->text(QAccessible::Value), QStringLiteral("other"));
+    QCOMPARE(accessible->text(QAccessible::Description), QStringLiteral("other"));
 }
 
 UI_TEST_MAIN(tst_QxtLabel)

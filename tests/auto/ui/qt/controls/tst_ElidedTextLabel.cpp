@@ -6,6 +6,7 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QFontMetrics>
+#include <QFormLayout>
 #include <QHBoxLayout>
 #include <QTest>
 
@@ -44,6 +45,7 @@ private Q_SLOTS:
     void doesNotRepaintItself();
     void doesNotRepaintForAnUnchangedToolTip();
     void accessibleNameIsTheFullText();
+    void accessibleNameIsTheFullTextInAForm();
 
 private:
     /// Makes the label `pixels` wider than its text needs and paints it.
@@ -287,6 +289,33 @@ void tst_ElidedTextLabel::accessibleNameIsTheFullText()
     QVERIFY(accessible);
     QCOMPARE(accessible->role(), QAccessible::StaticText);
     QCOMPARE(accessible->text(QAccessible::Name), path);
+}
+
+void tst_ElidedTextLabel::accessibleNameIsTheFullTextInAForm()
+{
+    QWidget window;
+    QFormLayout form(&window);
+    auto* label = new ElidedTextLabel;
+    label->setText(path);
+    form.addRow(QStringLiteral("&File"), label);
+    QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(label);
+    QVERIFY(accessible);
+    QCOMPARE(accessible->text(QAccessible::Name), path);
+    QCOMPARE(accessible->text(QAccessible::Value), path);
+    const auto relations = accessible->relations(QAccessible::Label);
+    QCOMPARE(relations.size(), 1);
+    QCOMPARE(relations.first().first->object(), form.labelForField(label));
+
+    label->setAccessibleName(QStringLiteral("Path of the file"));
+    QCOMPARE(accessible->text(QAccessible::Name), QStringLiteral("Path of the file"));
+    QCOMPARE(accessible->text(QAccessible::Value), path);
+    QCOMPARE(accessible->text(QAccessible::Description), path);
+    label->setToolTip(QStringLiteral("The application's"));
+    QCOMPARE(accessible->text(QAccessible::Description), QStringLiteral("The application's"));
+
+    label->setAccessibleName(QString());
+    label->setText(QString());
+    QCOMPARE(accessible->text(QAccessible::Name), QStringLiteral("File")); // as for an empty QLabel
 }
 
 UI_TEST_MAIN(tst_ElidedTextLabel)
