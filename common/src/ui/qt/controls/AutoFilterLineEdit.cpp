@@ -58,6 +58,14 @@ bool AutoFilterLineEdit::isTab(const QEvent& event)
            && !(press.modifiers() & (Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier));
 }
 
+void AutoFilterLineEdit::takeNameOfBox(const QString& name)
+{
+    if (name == m_nameOfBox || accessibleName() != m_nameOfBox)
+        return;
+    m_nameOfBox = name;
+    setAccessibleName(name);
+}
+
 bool AutoFilterLineEdit::event(QEvent* e)
 {
     if (!isTab(*e))

@@ -15,6 +15,9 @@ public:
     /// keyPressEvent().
     static bool isTab(const QEvent& event);
 
+    /// Makes `name`, the name of the box, the accessible name of the field, unless the application has set another one.
+    void takeNameOfBox(const QString& name);
+
 protected:
     bool event(QEvent* e) override;
     void keyPressEvent(QKeyEvent* e) override;
@@ -22,6 +25,8 @@ protected:
 
 private:
     void markCurrentCompletion();
+
+    QString m_nameOfBox; ///< the accessible name that was taken from the box last
 };
 
 } // namespace zelmar::ui

@@ -3,11 +3,13 @@
 #include "compat/ctkCompleter.h"
 #include "textsearch/ModelTexts_p.h"
 #include "textsearch/TextSearch_p.h"
+#include "ui/qt/controls/AutoFilterBoxAccessible_p.h"
 #include "ui/qt/controls/AutoFilterItemView_p.h"
 #include "ui/qt/controls/AutoFilterLineEdit_p.h"
 #include "ui/qt/controls/PopupColumn_p.h"
 #include "ui/qt/controls/PopupFit_p.h"
 
+#include <QAccessible>
 #include <QKeyEvent>
 #include <QStyle>
 #include <QStyleOptionComboBox>
@@ -54,11 +56,32 @@ bool leavesToList(QEvent& event)
     return true;
 }
 
+/// Gives the field the name of `box` if assistive technology is listening, which may meet the field before the box.
+void nameFieldFor(ComboBoxAutoFilter& box)
+{
+    if (!QAccessible::isActive())
+        return;
+    if (const QAccessibleInterface* const accessible = QAccessible::queryAccessibleInterface(&box))
+        accessible->text(QAccessible::Name); // names the field, too
+}
+
+/// Tells assistive technology that the list of `box` opens or closes, if that is the event of the list.
+void reportList(ComboBoxAutoFilter& box, const QEvent& event)
+{
+    if (event.type() != QEvent::Show && event.type() != QEvent::Hide)
+        return;
+    QAccessible::State changed;
+    changed.expanded = true;
+    QAccessibleStateChangeEvent stateChange(&box, changed);
+    QAccessible::updateAccessibility(&stateChange);
+}
+
 } // namespace
 
 ComboBoxAutoFilter::ComboBoxAutoFilter(QWidget* parent)
     : QComboBox(parent)
 {
+    makeAutoFilterBoxesAccessible();
     auto* const list = new AutoFilterItemView;
     setView(list);
     // Event filters are called in reverse order of installation, so this object filters before QComboBox's container.
@@ -272,6 +295,8 @@ void ComboBoxAutoFilter::onCurrentIndexChanged(const QModelIndex& currentIndex)
 
 bool ComboBoxAutoFilter::event(QEvent* e)
 {
+    if (e->type() == QEvent::FocusIn)
+        nameFieldFor(*this);
     if (!AutoFilterLineEdit::isTab(*e) || !dynamic_cast<AutoFilterLineEdit*>(lineEdit()))
         return QComboBox::event(e);
     keyPressEvent(static_cast<QKeyEvent*>(e));
@@ -280,8 +305,10 @@ bool ComboBoxAutoFilter::event(QEvent* e)
 
 bool ComboBoxAutoFilter::eventFilter(QObject* watched, QEvent* e)
 {
-    if (watched == view())
+    if (watched == view()) {
+        reportList(*this, *e);
         return leavesToList(*e);
+    }
     if (e->type() == QEvent::MouseButtonRelease && watched == view()->viewport())
         return takesAsChoice(*watched, *e);
     return QComboBox::eventFilter(watched, e);

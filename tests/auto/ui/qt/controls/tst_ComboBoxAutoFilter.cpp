@@ -3,7 +3,10 @@
 #include "TestHome.h"
 #include "modelTexts.h"
 
+#include <QAccessible>
 #include <QApplication>
+#include <QFormLayout>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListView>
 #include <QMetaMethod>
@@ -57,6 +60,16 @@ public:
     mutable int reads = 0;
 };
 
+QAccessibleInterface& accessible(QWidget& widget)
+{
+    return *QAccessible::queryAccessibleInterface(&widget);
+}
+
+QString accessibleName(QWidget& widget)
+{
+    return accessible(widget).text(QAccessible::Name);
+}
+
 } // namespace
 
 class tst_ComboBoxAutoFilter : public QObject
@@ -87,6 +100,11 @@ private Q_SLOTS:
     void staysOutOfTheRestOfATree();
     void measuresAFewOfManyItems();
     void opensAMillionItemsAtOneOfTheLast();
+    void isNamedForAssistiveTechnology();
+    void isNamedByItsLabelForAssistiveTechnology();
+    void keepsTheNameOfItsField();
+    void opensItsListForAssistiveTechnology();
+    void isAccessibleWithoutATextField();
 };
 
 void tst_ComboBoxAutoFilter::startsWithoutACompleter()
@@ -447,6 +465,88 @@ void tst_ComboBoxAutoFilter::opensAMillionItemsAtOneOfTheLast()
         QVERIFY(!place.isEmpty());
         box.hidePopup();
     }
+}
+
+void tst_ComboBoxAutoFilter::isNamedForAssistiveTechnology()
+{
+    const auto box = makeBox();
+    QCOMPARE(accessible(*box).role(), QAccessible::ComboBox);
+    QCOMPARE(accessibleName(*box), QString());
+    QCOMPARE(accessible(*box).text(QAccessible::Value), QStringLiteral("Red"));
+    box->setAccessibleName(QStringLiteral("Colour"));
+    QCOMPARE(accessibleName(*box), QStringLiteral("Colour"));
+    QCOMPARE(accessibleName(*box->lineEdit()), QStringLiteral("Colour"));
+    box->setAccessibleName(QStringLiteral("Hue"));
+    QCOMPARE(accessible(*box).childCount(), 2);
+    QAccessibleInterface* const field = accessible(*box).child(1);
+    QCOMPARE(field->object(), box->lineEdit());
+    QCOMPARE(accessible(*box).indexOfChild(field), 1);
+    QCOMPARE(field->text(QAccessible::Name), QStringLiteral("Hue"));
+    QCOMPARE(field->text(QAccessible::Value), QStringLiteral("Red"));
+    box->lineEdit()->setText(QStringLiteral("blu"));
+    QCOMPARE(accessible(*box).text(QAccessible::Value), QStringLiteral("blu"));
+    QCOMPARE(accessibleName(*box), QStringLiteral("Hue"));
+
+    setUp(*box); // makes another text field
+    QCOMPARE(accessible(*box).child(1)->text(QAccessible::Name), QStringLiteral("Hue"));
+    QVERIFY(!accessible(*box).child(2));
+}
+
+void tst_ComboBoxAutoFilter::isNamedByItsLabelForAssistiveTechnology()
+{
+    QWidget window;
+    QFormLayout form(&window);
+    auto* box = new ComboBoxAutoFilter(&window);
+    setUp(*box);
+    form.addRow(QStringLiteral("&Colour"), box);
+    QCOMPARE(accessibleName(*box), QStringLiteral("Colour"));
+    QCOMPARE(accessibleName(*box->lineEdit()), QStringLiteral("Colour"));
+    const auto relations = accessible(*box).relations(QAccessible::Label);
+    QCOMPARE(relations.size(), 1);
+    QCOMPARE(relations.first().first->object(), form.labelForField(box));
+}
+
+void tst_ComboBoxAutoFilter::keepsTheNameOfItsField()
+{
+    const auto box = makeBox();
+    box->lineEdit()->setAccessibleName(QStringLiteral("Typed colour"));
+    box->setAccessibleName(QStringLiteral("Colour"));
+    QCOMPARE(accessibleName(*box), QStringLiteral("Colour"));
+    QCOMPARE(accessibleName(*box->lineEdit()), QStringLiteral("Typed colour"));
+}
+
+void tst_ComboBoxAutoFilter::opensItsListForAssistiveTechnology()
+{
+    const auto box = makeBox();
+    box->show();
+    QVERIFY(QTest::qWaitForWindowExposed(box.get()));
+    const QAccessibleInterface& shown = accessible(*box);
+    QAccessibleActionInterface& actions = *accessible(*box).actionInterface();
+    const QString showMenu = QAccessibleActionInterface::showMenuAction();
+    QVERIFY(actions.actionNames().contains(showMenu));
+    QVERIFY(shown.state().expandable && shown.state().hasPopup && shown.state().editable && !shown.state().expanded);
+    actions.doAction(showMenu);
+    QTRY_VERIFY(box->view()->isVisible());
+    QVERIFY(shown.state().expanded);
+    actions.doAction(showMenu);
+    QTRY_VERIFY(!box->view()->isVisible());
+    QVERIFY(!shown.state().expanded);
+    box->setEnabled(false);
+    actions.doAction(showMenu);
+    QVERIFY(!box->view()->isVisible());
+}
+
+void tst_ComboBoxAutoFilter::isAccessibleWithoutATextField()
+{
+    ComboBoxAutoFilter box(nullptr);
+    box.setList(colours);
+    box.setAccessibleName(QStringLiteral("Colour"));
+    QCOMPARE(accessibleName(box), QStringLiteral("Colour"));
+    QCOMPARE(accessible(box).text(QAccessible::Value), QStringLiteral("Red"));
+    QCOMPARE(accessible(box).childCount(), 1);
+    QCOMPARE(accessible(box).child(0)->object(), box.view());
+    QVERIFY(!accessible(box).child(1));
+    QVERIFY(!accessible(box).state().editable);
 }
 
 UI_TEST_MAIN(tst_ComboBoxAutoFilter)
