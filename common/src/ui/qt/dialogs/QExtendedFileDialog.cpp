@@ -100,6 +100,7 @@ void QExtendedFileDialog::init(QFileDialog::AcceptMode mode)
     m_fileTypeCombo = &widgets.fileTypeCombo();
     m_fileNameEdit = &widgets.fileNameEdit();
     QFileSystemModel& model = widgets.model();
+    widgets.relateLabels();
 
     // The tracker must be connected before the dialog, whose slots use it.
     m_folderReadTracker = new FolderReadTracker(model);

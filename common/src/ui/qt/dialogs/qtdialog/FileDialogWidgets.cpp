@@ -5,6 +5,7 @@
 #include <QFileDialog>
 #include <QFileSystemModel>
 #include <QItemSelectionModel>
+#include <QLabel>
 #include <QLayout>
 #include <QLineEdit>
 #include <QListView>
@@ -102,6 +103,12 @@ QModelIndex FileDialogWidgets::shownFolder() const
 QItemSelectionModel& FileDialogWidgets::selection() const
 {
     return *listView().selectionModel();
+}
+
+void FileDialogWidgets::relateLabels() const
+{
+    part<QLabel>("lookInLabel").setBuddy(&part<QComboBox>("lookInCombo"));
+    part<QLabel>("fileTypeLabel").setBuddy(&fileTypeCombo());
 }
 
 QString FileDialogWidgets::openLabel()

@@ -44,6 +44,10 @@ public:
     /// Returns the selection in the list, whose model is QFileDialog::proxyModel() or model().
     QItemSelectionModel& selection() const;
 
+    /// Relates the labels of the two combo boxes to their boxes, as QFileDialog does for the file-name box only.
+    /// Without that, assistive technology knows the boxes by their values alone.
+    void relateLabels() const;
+
     /// Returns the label of the accept button for a typed name that is the name of a folder.
     static QString openLabel();
 

@@ -6,10 +6,12 @@
 #include "IgnoreMessages.h"
 #include "TestHome.h"
 
+#include <QAccessible>
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFileSystemModel>
 #include <QItemSelectionModel>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -73,6 +75,8 @@ private Q_SLOTS:
     void acceptButtonLikeQt();
     void labelForAFolder();
     void fileTypesAreLeftToTheCaller();
+    void boxesHaveLabels_data() { DrawnDialogs::addKindRows(); }
+    void boxesHaveLabels();
 
     // The warnings were tested before, because each is given once.
     void dialogsWorkWithoutAPart_data();
@@ -248,12 +252,31 @@ void tst_FileDialogWidgets::fileTypesAreLeftToTheCaller()
     widgets.leaveFileTypesToCaller(); // QFileDialog no longer reacts to the box.
 }
 
+void tst_FileDialogWidgets::boxesHaveLabels()
+{
+    const auto dialog = m_place->make(QFileDialog::AcceptOpen);
+    DialogDriver driver;
+    driver.onDialog<QFileDialog>("look", [](QFileDialog& shown) {
+        for (const auto& pair : {std::make_pair("lookInCombo", QFileDialog::LookIn),
+                                 std::make_pair("fileTypeCombo", QFileDialog::FileType),
+                                 std::make_pair("fileNameEdit", QFileDialog::FileName)}) {
+            auto* const field = shown.findChild<QWidget*>(QLatin1String(pair.first));
+            const auto labels = QAccessible::queryAccessibleInterface(field)->relations(QAccessible::Label);
+            QCOMPARE(labels.size(), 1);
+            QCOMPARE(qobject_cast<QLabel*>(labels.first().first->object())->text(), shown.labelText(pair.second));
+        }
+        cancel(shown);
+    });
+    QCOMPARE(dialog->exec(), int(QDialog::Rejected));
+}
+
 void tst_FileDialogWidgets::dialogsWorkWithoutAPart_data()
 {
     QTest::addColumn<QString>("part");
     QTest::addColumn<bool>("native");
     QTest::addColumn<QFileDialog::AcceptMode>("mode");
-    for (const char* part : {"fileNameEdit", "fileTypeCombo", "buttonBox", "qt_filesystem_model", "listView"}) {
+    for (const char* part : {"fileNameEdit", "fileTypeCombo", "buttonBox", "qt_filesystem_model", "listView",
+                             "lookInLabel", "lookInCombo", "fileTypeLabel"}) {
         for (const bool native : {false, true}) {
             if (native && systemLimits::nativeDialogIsTheSystems)
                 continue;

@@ -222,6 +222,7 @@ void FileDialogWindow::attachToWidgets()
     m_selection = &widgets.selection();
     m_buttonBox = &widgets.buttonBox();
     m_acceptButton = &widgets.acceptButton();
+    widgets.relateLabels();
     m_plainAcceptText = m_acceptButton->text();
     m_plainFileNameLabel = labelText(FileName);
 
