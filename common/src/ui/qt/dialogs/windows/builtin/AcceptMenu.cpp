@@ -1,77 +1,20 @@
 #include "ui/qt/dialogs/windows/builtin/AcceptMenu_p.h"
 
+#include "ui/qt/dialogs/windows/builtin/AcceptMenuArrow_p.h"
+
 #include <QKeyEvent>
 #include <QMenu>
-#include <QPainter>
 #include <QPushButton>
-#include <QStyleOption>
-#include <QStyleOptionFocusRect>
-#include <QToolButton>
+#include <QStyle>
 
-#include <algorithm>
 #include <utility>
 
 namespace zelmar::internal {
 
-namespace {
-
-/// A tool button that draws an arrow and a separating line instead of a frame, because it lies on another button.
-class Arrow : public QToolButton
-{
-public:
-    explicit Arrow(QWidget* button)
-        : QToolButton(button)
-    {
-        setObjectName(QStringLiteral("acceptMenuArrow"));
-        setPopupMode(QToolButton::InstantPopup);
-        setFocusPolicy(Qt::StrongFocus);
-        setCursor(Qt::ArrowCursor);
-    }
-
-    int widthOnButton() const { return style()->pixelMetric(QStyle::PM_MenuButtonIndicator, nullptr, this) + 8; }
-
-protected:
-    void paintEvent(QPaintEvent* /*event*/) override
-    {
-        QPainter painter(this);
-        if (isEnabled() && (underMouse() || isDown()))
-            painter.fillRect(rect().adjusted(2, 2, -2, -2), shade(isDown() ? 40 : 20));
-        const int x = layoutDirection() == Qt::LeftToRight ? 0 : width() - 1;
-        painter.fillRect(x, 3, 1, height() - 6, shade(70));
-
-        QStyleOption arrow;
-        arrow.initFrom(this);
-        const int side = std::min({width(), height(), widthOnButton()}) / 2;
-        arrow.rect = QStyle::alignedRect(layoutDirection(), Qt::AlignCenter, QSize(side, side), rect());
-        style()->drawPrimitive(QStyle::PE_IndicatorArrowDown, &arrow, &painter, this);
-        if (hasFocus())
-            drawFocus(painter);
-    }
-
-private:
-    QColor shade(int alpha) const
-    {
-        QColor color = palette().color(QPalette::ButtonText);
-        color.setAlpha(alpha);
-        return color;
-    }
-
-    void drawFocus(QPainter& painter)
-    {
-        QStyleOptionFocusRect option;
-        option.initFrom(this);
-        option.rect = rect().adjusted(3, 3, -3, -3);
-        option.backgroundColor = palette().color(QPalette::Button);
-        style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, this);
-    }
-};
-
-} // namespace
-
 AcceptMenu::AcceptMenu(QPushButton& button, const QString& name, std::function<void(DWORD)> picked)
     : QObject(&button)
     , m_button(button)
-    , m_arrow(new Arrow(&button))
+    , m_arrow(new AcceptMenuArrow(&button))
     , m_menu(new QMenu(m_arrow))
     , m_icon(button.icon())
     , m_picked(std::move(picked))
@@ -149,7 +92,7 @@ bool AcceptMenu::opensMenu(const QObject* watched, const QEvent& event) const
 void AcceptMenu::placeArrow()
 {
     const QRect inside = m_button.rect();
-    const int width = static_cast<Arrow*>(m_arrow)->widthOnButton();
+    const int width = m_arrow->widthOnButton();
     const QRect trailing(inside.right() - width, inside.top() + 1, width, inside.height() - 2);
     m_arrow->setGeometry(QStyle::visualRect(m_button.layoutDirection(), inside, trailing));
 }
@@ -160,7 +103,7 @@ void AcceptMenu::reserveRoom()
 {
     const bool iconInTheWay = m_needed && m_button.layoutDirection() == Qt::RightToLeft;
     m_button.setIcon(iconInTheWay ? QIcon() : m_icon);
-    const int arrowWidth = static_cast<Arrow*>(m_arrow)->widthOnButton();
+    const int arrowWidth = m_arrow->widthOnButton();
     m_button.setMinimumWidth(m_needed ? m_button.sizeHint().width() + 2 * arrowWidth : 0);
 }
 

@@ -10,9 +10,10 @@
 
 class QMenu;
 class QPushButton;
-class QToolButton;
 
 namespace zelmar::internal {
+
+class AcceptMenuArrow;
 
 /// A menu with further ways to accept a dialog. It is opened by a narrow arrow at the trailing edge of the accept
 /// button, or by the Down key on the button. The arrow is disabled while the button is disabled.
@@ -38,7 +39,7 @@ private:
     void reserveRoom();
 
     QPushButton& m_button;
-    QToolButton* m_arrow;
+    AcceptMenuArrow* m_arrow;
     QMenu* m_menu;
     QIcon m_icon;
     std::function<void(DWORD)> m_picked;

@@ -6,6 +6,7 @@
 #include "Keyboard.h"
 #include "TestHome.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QFileDialog>
 #include <QMenu>
@@ -44,6 +45,7 @@ private Q_SLOTS:
     void labelOfTheAcceptButton();
     void closedUnderTheMenu();
     void ownerDestroyedUnderTheMenu();
+    void arrowIsAButtonForAssistiveTechnology();
 };
 
 void tst_FileDialogAcceptMenu::menuByMouse()
@@ -297,6 +299,38 @@ void tst_FileDialogAcceptMenu::ownerDestroyedUnderTheMenu()
     });
     QCOMPARE(dialog->show(m_window.get()), cancelledResult);
     QVERIFY(!QApplication::activePopupWidget());
+}
+
+void tst_FileDialogAcceptMenu::arrowIsAButtonForAssistiveTechnology()
+{
+    const auto dialog = makeDialog();
+    addItems(*dialog);
+    DialogDriver driver;
+    driver.onDialog<QFileDialog>("open the menu", [](QFileDialog& shown) {
+        QAccessibleInterface* const accessible = QAccessible::queryAccessibleInterface(&acceptMenuArrow(shown));
+        QVERIFY(accessible);
+        QCOMPARE(accessible->role(), QAccessible::ButtonMenu);
+        QCOMPARE(accessible->text(QAccessible::Name), QStringLiteral("More ways to open"));
+        const auto states = [accessible] { return accessible->state(); };
+        QAccessibleActionInterface& actions = *accessible->actionInterface();
+        const QString showMenu = QAccessibleActionInterface::showMenuAction();
+        QVERIFY(states().hasPopup && states().expandable && !states().expanded && states().disabled);
+        QVERIFY(!actions.actionNames().contains(showMenu));
+        actions.doAction(showMenu);
+
+        typeName(shown, QStringLiteral("a.dat"));
+        QVERIFY(!states().disabled && !states().expanded);
+        QVERIFY(actions.actionNames().contains(showMenu));
+        bool wasExpanded = false;
+        whenMenuIsOpen([&](QMenu&) {
+            wasExpanded = states().expanded;
+            actions.doAction(showMenu);
+        });
+        actions.doAction(showMenu);
+        QTRY_VERIFY(wasExpanded && !states().expanded);
+        cancel(shown);
+    });
+    QCOMPARE(dialog->show(m_window.get()), cancelledResult);
 }
 
 UI_TEST_MAIN(tst_FileDialogAcceptMenu)
