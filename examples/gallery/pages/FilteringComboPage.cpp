@@ -16,7 +16,7 @@
 #include <QLineEdit>
 #include <QLocale>
 #include <QPushButton>
-#include <QStackedWidget>
+#include <QStackedLayout>
 #include <QStandardItemModel>
 #include <QStringListModel>
 #include <QTableView>
@@ -53,7 +53,8 @@ FilteringComboPage::FilteringComboPage()
                      "Press the value to change it, or a name in the table twice."))
     , m_names(new QStringListModel(this))
     , m_counts(new QComboBox)
-    , m_field(new QStackedWidget)
+    , m_label(new QLabel(tr("&Signal")))
+    , m_field(new QStackedLayout)
     , m_value(new QPushButton)
     , m_end(new QLabel)
     , m_table(new QTableView)
@@ -74,14 +75,13 @@ void FilteringComboPage::addForm()
     connect(m_value, &QPushButton::clicked, this, &FilteringComboPage::edit);
     m_value->setText(m_names->index(0).data().toString());
     m_field->addWidget(m_value);
-    m_field->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     m_end->setTextFormat(Qt::PlainText);
 
     auto* form = new QFormLayout;
     form->addRow(tr("&Names"), m_counts);
-    auto* label = new QLabel(tr("&Signal"));
-    label->setBuddy(m_value);
-    form->addRow(label, m_field);
+    // The value and the box are beside the label, not in a widget of their own, because Qt looks for labels there.
+    m_label->setBuddy(m_value);
+    form->addRow(m_label, m_field);
     form->addRow(tr("Ended by"), m_end);
     contents().addLayout(form);
 }
@@ -114,14 +114,14 @@ void FilteringComboPage::setNames(int count)
 
 void FilteringComboPage::edit()
 {
-    m_box = new ComboBoxAutoFilter(m_field);
+    m_box = new ComboBoxAutoFilter(this);
     m_box->setListModel(m_names, true, QCompleter::PopupCompletion, Qt::CaseInsensitive, Qt::ElideRight,
                         Qt::MatchContains);
-    m_box->setAccessibleName(tr("Signal"));
     m_box->setSelectedText(m_value->text());
     connect(m_box, SIGNAL(selectionComplete()), this, SLOT(takeName()));
     connect(m_box, SIGNAL(editingCanceled()), this, SLOT(keepName()));
     m_field->setCurrentIndex(m_field->addWidget(m_box));
+    m_label->setBuddy(m_box);
     m_box->setFocus();
 }
 
@@ -142,6 +142,7 @@ void FilteringComboPage::showValue(const QString& end)
 {
     m_end->setText(end);
     m_field->removeWidget(m_box);
+    m_label->setBuddy(m_value);
     m_box->deleteLater();
     m_box = nullptr;
     m_value->setFocus();

@@ -5,7 +5,7 @@
 class QComboBox;
 class QLabel;
 class QPushButton;
-class QStackedWidget;
+class QStackedLayout;
 class QStringListModel;
 class QTableView;
 
@@ -42,7 +42,8 @@ private:
 
     QStringListModel* m_names;
     QComboBox* m_counts;
-    QStackedWidget* m_field; ///< shows the value, or the combo box during editing
+    QLabel* m_label;
+    QStackedLayout* m_field; ///< shows the value, or the combo box during editing
     QPushButton* m_value;
     QLabel* m_end;
     zelmar::ui::ComboBoxAutoFilter* m_box = nullptr; ///< null unless the value is being edited

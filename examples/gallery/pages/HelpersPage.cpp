@@ -179,7 +179,7 @@ void HelpersPage::showMainWindow()
 void HelpersPage::addFonts()
 {
     QFormLayout* form = addGroup(tr("Fonts"));
-    form->addRow(tr("&Path"), m_path);
+    form->addRow(tr("Pat&h"), m_path);
     auto* row = new QHBoxLayout;
     row->addWidget(m_addFile);
     row->addWidget(m_addFolder);

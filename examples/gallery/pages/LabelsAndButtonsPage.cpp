@@ -33,7 +33,7 @@ LabelsAndButtonsPage::LabelsAndButtonsPage()
     , m_toolTip(new QLabel)
     , m_title(new QLineEdit(tr("Open a run")))
     , m_description(new QLineEdit(tr("Reads the files of one run.")))
-    , m_pressed(new QCheckBox(tr("The buttons are &pressed")))
+    , m_pressed(new QCheckBox(tr("The &buttons are pressed")))
 {
     auto* form = new QFormLayout;
     addLabels(*form);

@@ -36,6 +36,7 @@ QWidget* NameDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&
     if (!names)
         return TableDelegate::createEditor(parent, option, index);
     box->setListModel(names, true, QCompleter::PopupCompletion, Qt::CaseInsensitive, Qt::ElideRight, Qt::MatchContains);
+    box->setAccessibleName(index.model()->headerData(index.column(), Qt::Horizontal).toString());
     connect(box.get(), SIGNAL(selectionComplete()), this, SLOT(commit()));
     connect(box.get(), SIGNAL(editingCanceled()), this, SLOT(revert()));
     followText(*box);

@@ -94,8 +94,8 @@ void NumberFieldsPage::addSettings(QFormLayout& form)
     m_value->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
 
     form.addRow(tr("&Range"), m_range);
-    form.addRow(tr("Di&gits shown"), m_digits);
-    form.addRow(tr("&Prefix"), m_prefix);
+    form.addRow(tr("Digi&ts shown"), m_digits);
+    form.addRow(tr("Prefi&x"), m_prefix);
     form.addRow(tr("&Suffix"), m_suffix);
     form.addRow(m_ownSteps);
 }
