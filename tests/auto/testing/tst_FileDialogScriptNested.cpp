@@ -16,7 +16,6 @@
 
 using namespace scriptedApplication;
 using zelmar::testing::FileDialogScript;
-using zelmar::testing::ShownFileDialog;
 using Answer = FileDialogScript::Answer;
 
 namespace {
@@ -225,10 +224,9 @@ void tst_FileDialogScriptNested::flowDeletedByItsHandler()
     auto handler = std::make_unique<RecordingMessageHandler>(calls);
     std::unique_ptr<SaveFileDialog> flow;
     handler->whenChecked = [&](const std::string& name) {
-        const std::string copy = name;
         if (call == "check")
             flow.reset();
-        return copy;
+        return name;
     };
     handler->whenAsked = [&](const std::string& asked) {
         if (asked == call.toStdString())
