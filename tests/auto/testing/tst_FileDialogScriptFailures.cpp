@@ -413,8 +413,8 @@ void tst_FileDialogScriptFailures::abortsWithoutAHandler()
 int main(int argc, char* argv[])
 {
     const TestHome home;
-    QApplication application(argc, argv);
-    if (application.arguments().contains(useNoHandler)) {
+    const QApplication application(argc, argv);
+    if (QCoreApplication::arguments().contains(useNoHandler)) {
         {
             const FileDialogScript script;
             open();
