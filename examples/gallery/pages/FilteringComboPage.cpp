@@ -114,6 +114,8 @@ void FilteringComboPage::setNames(int count)
 
 void FilteringComboPage::edit()
 {
+    if (m_box)
+        return;
     m_box = new ComboBoxAutoFilter(this);
     m_box->setListModel(m_names, true, QCompleter::PopupCompletion, Qt::CaseInsensitive, Qt::ElideRight,
                         Qt::MatchContains);

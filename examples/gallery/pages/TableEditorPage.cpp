@@ -173,6 +173,7 @@ void TableEditorPage::openTable()
 
 bool TableEditorPage::mayLeave()
 {
+    m_view->finishEditing();
     return !m_model->isModified()
            || QMessageBox::question(window(), tr("Table editor"),
                                     tr("The table has edits that are not saved. Do you want to lose them?"),
@@ -274,6 +275,7 @@ void TableEditorPage::reportProblem(const QString& path, const QString& problem)
 
 void TableEditorPage::saveTable()
 {
+    m_view->finishEditing();
     const QFileInfo shown(m_path);
     SaveFileDialog flow(window(), tr("Save the table").toStdString(), shown.path().toStdString(),
                         shown.completeBaseName().toStdString(), saveFilters(), indexOfFormat(m_path),

@@ -62,6 +62,15 @@ bool TableView::canShow(int rows, int columns) const
     return fits(*verticalHeader(), rows) && fits(*horizontalHeader(), columns);
 }
 
+void TableView::finishEditing()
+{
+    QWidget* const editor = state() == EditingState ? indexWidget(currentIndex()) : nullptr;
+    if (!editor)
+        return;
+    commitData(editor);
+    closeEditor(editor, QAbstractItemDelegate::NoHint);
+}
+
 void TableView::fitColumns()
 {
     const int columns = model() != nullptr ? qMin(model()->columnCount(), fittedColumns) : 0;

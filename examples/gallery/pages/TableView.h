@@ -25,6 +25,9 @@ public:
     /// Adjusts the widths of the first columns to the texts of their first rows, up to a limit.
     void fitColumns();
 
+    /// Takes over the text of an editor that is open, and closes it.
+    void finishEditing();
+
     [[nodiscard]] zelmar::ui::TableCopyHandler& copyHandler() const { return *m_copyHandler; }
 
 private:

@@ -10,9 +10,12 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QJsonDocument>
+#include <QLineEdit>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QTableView>
 #include <QTemporaryDir>
+#include <QTimer>
 #include <QtTest>
 
 #include <memory>
@@ -54,12 +57,17 @@ private Q_SLOTS:
     void asksBeforeAFileIsReplaced();
     void savesNothingInARefusedPlace_data() { addKindRows(); }
     void savesNothingInARefusedPlace();
+    void asksAboutATextThatIsBeingTyped_data() { addKindRows(); }
+    void asksAboutATextThatIsBeingTyped();
+    void savesATextThatIsBeingTyped_data() { addKindRows(); }
+    void savesATextThatIsBeingTyped();
 
 private:
     QPushButton& button(const QString& text) const;
     QAbstractItemModel& table() const { return *m_page->findChild<QTableView*>()->model(); }
     void openMeasurements(FileDialogScript& script) const;
     void save() const;
+    QModelIndex typeIntoFirstCell(const QString& text) const;
     QString path(const QString& name) const { return m_folder->filePath(name); }
 
     std::unique_ptr<QTemporaryDir> m_folder;
@@ -172,6 +180,53 @@ void tst_TableEditorPage::savesNothingInARefusedPlace()
     save();
     QCOMPARE(script.verify(), QString());
     QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files), QStringList());
+}
+
+/// Types a text into the editor of the first cell and leaves the editor open.
+QModelIndex tst_TableEditorPage::typeIntoFirstCell(const QString& text) const
+{
+    auto& view = *m_page->findChild<QTableView*>();
+    const QModelIndex cell = table().index(0, 0);
+    view.setCurrentIndex(cell);
+    view.edit(cell);
+    auto* const field = view.indexWidget(cell) ? view.indexWidget(cell)->findChild<QLineEdit*>() : nullptr;
+    if (!field)
+        qFatal("the cell has no editor");
+    field->selectAll();
+    QTest::keyClicks(field, text);
+    return cell;
+}
+
+void tst_TableEditorPage::asksAboutATextThatIsBeingTyped()
+{
+    FileDialogScript script;
+    openMeasurements(script);
+    const QModelIndex cell = typeIntoFirstCell("typed");
+    int questions = 0;
+    QTimer::singleShot(0, m_page.get(), [&] {
+        auto* const question = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        if (!question)
+            return;
+        ++questions;
+        question->button(QMessageBox::No)->click();
+    });
+    QVERIFY(!m_page->mayLeave());
+    QCOMPARE(questions, 1);
+    QCOMPARE(cell.data().toString(), QString("typed"));
+}
+
+void tst_TableEditorPage::savesATextThatIsBeingTyped()
+{
+    FileDialogScript script;
+    openMeasurements(script);
+    typeIntoFirstCell("typed");
+    script.accept(path("saved.csv"));
+    save();
+    QCOMPARE(script.verify(), QString());
+    QFile file(path("saved.csv"));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QVERIFY(file.readAll().contains("typed"));
+    QVERIFY(m_page->mayLeave());
 }
 
 UI_TEST_MAIN(tst_TableEditorPage)
