@@ -24,7 +24,7 @@ public:
 
     [[nodiscard]] const QString& title() const { return m_title; }
 
-    /// Returns whether this page allows the program to end. May ask the user.
+    /// Returns whether this page allows the window to close. May ask the user, or close the window itself later.
     virtual bool mayLeave() { return true; }
 
     /// Acts as a user of this page, which the window shows: presses keys and buttons, types, takes at least one picture

@@ -34,6 +34,8 @@
 #include <QStringListModel>
 #include <QTest>
 
+#include <utility>
+
 namespace gallery {
 
 namespace {
@@ -84,6 +86,17 @@ QAbstractItemModel* otherTexts(const TableModel& model, const QModelIndex& index
     QStringList names(texts.cbegin(), texts.cend());
     names.sort(Qt::CaseInsensitive);
     return new QStringListModel(names, editor);
+}
+
+QString rowsText(int count)
+{
+    return count == 1 ? TableEditorPage::tr("1 row") : TableEditorPage::tr("%1 rows").arg(QLocale().toString(count));
+}
+
+QString columnsText(int count)
+{
+    return count == 1 ? TableEditorPage::tr("1 column")
+                      : TableEditorPage::tr("%1 columns").arg(QLocale().toString(count));
 }
 
 QVector<QStringList> textsOf(const QAbstractItemModel& model)
@@ -174,6 +187,11 @@ void TableEditorPage::openTable()
 bool TableEditorPage::mayLeave()
 {
     m_view->finishEditing();
+    if (m_saver->isSaving()) {
+        m_closeWhenSaved = true;
+        showFacts();
+        return false;
+    }
     return !m_model->isModified()
            || QMessageBox::question(window(), tr("Table editor"),
                                     tr("The table has edits that are not saved. Do you want to lose them?"),
@@ -204,6 +222,7 @@ void TableEditorPage::startLoading(const QString& path)
     m_view->setEditTriggers(QAbstractItemView::NoEditTriggers);
     // Not an override cursor, because loading may end while a dialog has its own entry on the override cursor stack.
     m_view->setCursor(Qt::BusyCursor);
+    m_view->setFocus(); // now, because the user may be somewhere else when the table is loaded
     m_loader->load(path);
 }
 
@@ -245,6 +264,7 @@ void TableEditorPage::showTable(const std::shared_ptr<TableDocument>& document)
     m_view->setCurrentIndex(m_model->index(0, 0));
     m_view->scrollToTop();
     m_saveButton->setEnabled(true);
+    m_messages->clear();
     showPath(m_loadingPath);
     showFacts();
 }
@@ -259,11 +279,15 @@ void TableEditorPage::showPath(const QString& path)
 
 void TableEditorPage::showFacts()
 {
-    const QLocale locale;
-    const QString facts = tr("%1 rows, %2 columns, %3")
-                              .arg(locale.toString(m_model->rowCount()), locale.toString(m_model->columnCount()),
-                                   m_model->document()->encodingName());
-    m_facts->setText(m_model->isModified() ? tr("%1, edited").arg(facts) : facts);
+    const QString facts = QStringList{rowsText(m_model->rowCount()), columnsText(m_model->columnCount()),
+                                      m_model->document()->encodingName()}
+                              .join(QStringLiteral(", "));
+    if (!m_saver->isSaving())
+        m_facts->setText(m_model->isModified() ? tr("%1, edited").arg(facts) : facts);
+    else if (m_closeWhenSaved)
+        m_facts->setText(tr("Saving %1… The window closes when it is saved.").arg(m_savingName));
+    else
+        m_facts->setText(tr("Saving %1…").arg(m_savingName));
 }
 
 void TableEditorPage::reportProblem(const QString& path, const QString& problem)
@@ -287,8 +311,10 @@ void TableEditorPage::saveTable()
     m_editedWhileSaved = false;
     m_whileSaving = std::make_unique<zelmar::ui::QtSignalConnectionCollection>();
     m_whileSaving->add(connect(m_model, &TableModel::dataChanged, this, [this] { m_editedWhileSaved = true; }));
-    m_saver->save(*m_model->document(), QString::fromStdString(flow.selectedFilename()),
-                  tableFormats()[flow.selectedWriter()]);
+    const QString path = QString::fromStdString(flow.selectedFilename());
+    m_savingName = QFileInfo(path).fileName();
+    m_saver->save(*m_model->document(), path, tableFormats()[flow.selectedWriter()]);
+    showFacts();
 }
 
 void TableEditorPage::onSaved(const QString& path, const QString& error)
@@ -296,13 +322,19 @@ void TableEditorPage::onSaved(const QString& path, const QString& error)
     m_whileSaving.reset();
     m_saveButton->setEnabled(true);
     m_openButton->setEnabled(true);
+    const bool close = std::exchange(m_closeWhenSaved, false);
     if (!error.isEmpty()) {
         reportProblem(path, error);
+        showFacts();
         return;
     }
+    m_messages->clear();
     showPath(path);
     if (!m_editedWhileSaved)
         m_model->markSaved();
+    showFacts();
+    if (close)
+        window()->close();
 }
 
 // Tour

@@ -28,7 +28,8 @@ class TableView;
 
 /// A page with a small real application: it opens a table of any size with a file dialog, reads it in the background,
 /// shows it for editing, and saves it with the save flow, with one writer per file format. The current table stays
-/// until the next one is complete, and edits are never lost without a question.
+/// until the next one is complete, and edits are never lost without a question. If the user closes
+/// the window while a table is being saved, it stays until the table is saved, and further if that fails.
 class TableEditorPage : public GalleryPage
 {
     Q_OBJECT
@@ -82,6 +83,8 @@ private:
     QString m_loadingPath; ///< the path of the running or the last load
     QString m_path;        ///< the path of the shown table; empty if there is none
     std::unique_ptr<zelmar::ui::QtSignalConnectionCollection> m_whileSaving; ///< null unless a table is being saved
+    QString m_savingName;            ///< the file name of the running or the last save
+    bool m_closeWhenSaved = false;   ///< the user has closed the window while the table is being saved
     bool m_editedWhileSaved = false; ///< the saved table is older than the shown one
 };
 

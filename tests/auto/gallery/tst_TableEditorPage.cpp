@@ -10,14 +10,17 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QJsonDocument>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTableView>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <QtTest>
 
+#include <algorithm>
 #include <memory>
 
 using gallery::TableEditorPage;
@@ -61,12 +64,19 @@ private Q_SLOTS:
     void asksAboutATextThatIsBeingTyped();
     void savesATextThatIsBeingTyped_data() { addKindRows(); }
     void savesATextThatIsBeingTyped();
+    void closesWhenTheTableIsSaved_data() { addKindRows(); }
+    void closesWhenTheTableIsSaved();
+    void staysWhenTheTableCannotBeSaved_data() { addKindRows(); }
+    void staysWhenTheTableCannotBeSaved();
+    void givesTheKeyboardToTheTable_data() { addKindRows(); }
+    void givesTheKeyboardToTheTable();
 
 private:
     QPushButton& button(const QString& text) const;
     QAbstractItemModel& table() const { return *m_page->findChild<QTableView*>()->model(); }
     void openMeasurements(FileDialogScript& script) const;
     void save() const;
+    bool shows(const QString& text) const;
     QModelIndex typeIntoFirstCell(const QString& text) const;
     QString path(const QString& name) const { return m_folder->filePath(name); }
 
@@ -227,6 +237,60 @@ void tst_TableEditorPage::savesATextThatIsBeingTyped()
     QVERIFY(file.open(QIODevice::ReadOnly));
     QVERIFY(file.readAll().contains("typed"));
     QVERIFY(m_page->mayLeave());
+}
+
+/// Returns whether a visible label contains the text.
+bool tst_TableEditorPage::shows(const QString& text) const
+{
+    const QList<QLabel*> labels = m_page->findChildren<QLabel*>();
+    return std::any_of(labels.begin(), labels.end(),
+                       [&](const QLabel* label) { return label->isVisible() && label->text().contains(text); });
+}
+
+void tst_TableEditorPage::closesWhenTheTableIsSaved()
+{
+    FileDialogScript script;
+    m_page->show();
+    openMeasurements(script);
+    script.accept(path("saved.csv"));
+    button("&Save as…").click();
+    QVERIFY(shows("Saving saved.csv"));
+    QVERIFY(!m_page->mayLeave());
+    QVERIFY(m_page->isVisible());
+    QTRY_VERIFY(!m_page->isVisible());
+    QVERIFY(QFileInfo(path("saved.csv")).size() > 1000);
+    QVERIFY(m_page->mayLeave());
+}
+
+void tst_TableEditorPage::staysWhenTheTableCannotBeSaved()
+{
+    FileDialogScript script;
+    m_page->show();
+    openMeasurements(script);
+    script.accept(path("missing folder/saved.csv"));
+    button("&Save as…").click();
+    QVERIFY(!m_page->mayLeave());
+    auto* const messages = m_page->findChild<QPlainTextEdit*>();
+    QTRY_VERIFY(messages->isVisible());
+    QVERIFY2(messages->toPlainText().contains("saved.csv"), qPrintable(messages->toPlainText()));
+    QVERIFY(m_page->isVisible());
+    QVERIFY(!shows("Saving"));
+
+    // The messages of a former attempt do not stay beside a success.
+    script.accept(path("saved.csv"));
+    save();
+    QVERIFY(!messages->isVisible());
+    QVERIFY(m_page->isVisible());
+}
+
+void tst_TableEditorPage::givesTheKeyboardToTheTable()
+{
+    FileDialogScript script;
+    m_page->show();
+    button("&Open a table…").setFocus();
+    openMeasurements(script);
+    QCOMPARE(m_page->focusWidget(), m_page->findChild<QTableView*>());
+    QVERIFY(shows("24 rows, 6 columns"));
 }
 
 UI_TEST_MAIN(tst_TableEditorPage)
