@@ -2,8 +2,11 @@
 
 #include "ui/qt/controls/ComboBoxAutoFilter.h"
 
+#include <QAbstractItemView>
 #include <QEvent>
+#include <QItemSelectionModel>
 #include <QLineEdit>
+#include <QSignalBlocker>
 
 #include <memory>
 #include <utility>
@@ -17,6 +20,19 @@ namespace {
 /// The property of the editor with the text that the user has typed or selected last. When the combo box closes, it
 /// takes the first name that contains this text, which must not become the value of a cell that accepts any text.
 const char* const ownText = "ownText";
+
+/// Removes the mark from the completion that the combo box marks after each key. The cell takes the text as typed, and
+/// so no other one may look chosen.
+void unmarkCompletion(const ComboBoxAutoFilter& box)
+{
+    if (!box.completer() || !box.completer()->popup())
+        return;
+    QAbstractItemView& list = *box.completer()->popup();
+    // The completer would answer by setting the typed text once more, with the cursor at its end.
+    const QSignalBlocker blocker(list.selectionModel());
+    list.selectionModel()->clear();
+    list.viewport()->update();
+}
 
 } // namespace
 
@@ -47,6 +63,11 @@ void NameDelegate::followText(ComboBoxAutoFilter& box) const
 {
     const auto follow = [&box](const QString& text) { box.setProperty(ownText, text); };
     connect(box.lineEdit(), &QLineEdit::textEdited, &box, follow);
+    if (m_entry == Entry::AnyText) {
+        // Queued until the box has marked the completion.
+        connect(
+            box.lineEdit(), &QLineEdit::textEdited, &box, [&box] { unmarkCompletion(box); }, Qt::QueuedConnection);
+    }
     connect(box.completer(), QOverload<const QString&>::of(&QCompleter::highlighted), &box, [&box, follow] {
         // Queued until the line edit contains the text. The first completion is only highlighted.
         QMetaObject::invokeMethod(

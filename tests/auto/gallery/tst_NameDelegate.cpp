@@ -37,6 +37,7 @@ private Q_SLOTS:
     void edits_data();
     void edits();
     void beginsWithTheCellsText();
+    void marksNoCompletionOfAnyText();
     void leavesOtherCellsAlone();
 
 private:
@@ -138,7 +139,11 @@ void tst_NameDelegate::edits_data()
     QTest::newRow("any text: a name within another")
         << Entry::AnyText << typeAnd("Blue", {Qt::Key_Tab}) << "Blue" << 1 << 0;
     QTest::newRow("any text: a completion")
-        << Entry::AnyText << typeAnd("blu", {Qt::Key_Down, Qt::Key_Return}) << "Blue" << 1 << 0;
+        << Entry::AnyText << typeAnd("blu", {Qt::Key_Down, Qt::Key_Return}) << "Light Blue" << 1 << 0;
+    QTest::newRow("any text: the second completion")
+        << Entry::AnyText << typeAnd("blu", {Qt::Key_Down, Qt::Key_Down, Qt::Key_Return}) << "Blue" << 1 << 0;
+    QTest::newRow("any text: back from the completions")
+        << Entry::AnyText << typeAnd("blu", {Qt::Key_Down, Qt::Key_Up, Qt::Key_Return}) << "blu" << 1 << 0;
     QTest::newRow("any text: from the list")
         << Entry::AnyText << typeAnd("", {Qt::Key_F4, Qt::Key_Up, Qt::Key_Return}) << "Blue" << 1 << 0;
     QTest::newRow("any text: nothing") << Entry::AnyText << typeAnd("", {Qt::Key_Backspace, Qt::Key_Return}) << "" << 1
@@ -190,6 +195,24 @@ void tst_NameDelegate::beginsWithTheCellsText()
     QCOMPARE(box->lineEdit()->selectedText(), QStringLiteral("not one of them"));
     QCOMPARE(box->currentIndex(), -1);
     QVERIFY(!box->completer()->popup()->isVisible());
+}
+
+/// What is marked in the list is what Return takes.
+void tst_NameDelegate::marksNoCompletionOfAnyText()
+{
+    for (const auto entry : {NameDelegate::Entry::Name, NameDelegate::Entry::AnyText}) {
+        show(entry);
+        const ComboBoxAutoFilter* box = beginEditing();
+        QVERIFY(box);
+        type(QStringLiteral("blu"));
+        const QAbstractItemView& list = *box->completer()->popup();
+        QVERIFY(list.isVisible());
+        const bool isMarked = entry == NameDelegate::Entry::Name;
+        QTRY_COMPARE(list.currentIndex().isValid(), isMarked);
+        QCOMPARE(list.selectionModel()->hasSelection(), isMarked);
+        QCOMPARE(box->lineEdit()->text(), QStringLiteral("blu"));
+        press(Qt::Key_Escape);
+    }
 }
 
 void tst_NameDelegate::leavesOtherCellsAlone()
