@@ -34,6 +34,9 @@ public:
 
     void tour(Tour& tour) override;
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     void addLabels(QFormLayout& form);
     void addButtons(QFormLayout& form);

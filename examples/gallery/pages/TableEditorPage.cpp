@@ -71,6 +71,15 @@ int indexOfFormat(const QString& path)
     return int(&tableFormatForPath(path) - tableFormats().constData());
 }
 
+/// Returns the format in which to write a table: that of the name, so that the file can be opened again, or else that
+/// of the selected name filter.
+const TableFormat& writerFor(const QString& path, int filter)
+{
+    const TableFormat& named = tableFormatForPath(path);
+    const bool isCertain = QFileInfo(path).suffix().compare(named.extension, Qt::CaseInsensitive) == 0;
+    return isCertain ? named : tableFormats()[qMax(0, filter)];
+}
+
 /// Returns suggestions for a cell of a text column: the texts of the other cells in the column.
 QAbstractItemModel* otherTexts(const TableModel& model, const QModelIndex& index, QObject* editor)
 {
@@ -313,7 +322,7 @@ void TableEditorPage::saveTable()
     m_whileSaving->add(connect(m_model, &TableModel::dataChanged, this, [this] { m_editedWhileSaved = true; }));
     const QString path = QString::fromStdString(flow.selectedFilename());
     m_savingName = QFileInfo(path).fileName();
-    m_saver->save(*m_model->document(), path, tableFormats()[flow.selectedWriter()]);
+    m_saver->save(*m_model->document(), path, writerFor(path, flow.selectedWriter()));
     showFacts();
 }
 

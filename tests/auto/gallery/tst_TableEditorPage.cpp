@@ -56,6 +56,8 @@ private Q_SLOTS:
     void keepsTheTableWhenCancelled();
     void savesWithTheWriterOfTheFilter_data() { addKindRows(); }
     void savesWithTheWriterOfTheFilter();
+    void savesWithTheWriterOfTheName_data() { addKindRows(); }
+    void savesWithTheWriterOfTheName();
     void asksBeforeAFileIsReplaced_data() { addKindRows(); }
     void asksBeforeAFileIsReplaced();
     void savesNothingInARefusedPlace_data() { addKindRows(); }
@@ -163,6 +165,23 @@ void tst_TableEditorPage::savesWithTheWriterOfTheFilter()
     QVERIFY(file.open(QIODevice::ReadOnly));
     QVERIFY(!QJsonDocument::fromJson(file.readAll()).isNull());
     QVERIFY(script.questions().empty());
+}
+
+/// A file is opened by the extension of its name, whatever filter was selected when it was saved.
+void tst_TableEditorPage::savesWithTheWriterOfTheName()
+{
+    FileDialogScript script;
+    openMeasurements(script);
+    script.accept(path("saved.JSON"), "CSV table");
+    save();
+    QFile file(path("saved.JSON"));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QVERIFY(!QJsonDocument::fromJson(file.readAll()).isNull());
+    script.accept(path("saved.JSON"));
+    button("&Open a table…").click();
+    QTRY_COMPARE(table().rowCount(), 24);
+    QCOMPARE(table().columnCount(), 6);
+    QCOMPARE(script.verify(), QString());
 }
 
 void tst_TableEditorPage::asksBeforeAFileIsReplaced()
