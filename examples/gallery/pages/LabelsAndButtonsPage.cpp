@@ -8,6 +8,7 @@
 #include "RoomyStyle.h"
 
 #include <QCheckBox>
+#include <QEvent>
 #include <QFormLayout>
 #include <QGridLayout>
 #include <QLabel>
