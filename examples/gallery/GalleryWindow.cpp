@@ -46,9 +46,11 @@ void GalleryWindow::showPage(GalleryPage& page)
 
 void GalleryWindow::closeEvent(QCloseEvent* event)
 {
-    const bool mayClose =
-        std::all_of(m_pages.begin(), m_pages.end(), [](GalleryPage* page) { return page->mayLeave(); });
-    event->setAccepted(mayClose);
+    const auto refusing =
+        std::find_if(m_pages.begin(), m_pages.end(), [](GalleryPage* page) { return !page->mayLeave(); });
+    if (refusing != m_pages.end())
+        showPage(**refusing); // which tells why
+    event->setAccepted(refusing == m_pages.end());
 }
 
 void GalleryWindow::addPage(std::unique_ptr<GalleryPage> page)

@@ -1,6 +1,7 @@
 #include "testing/DrawnScriptedDialog_p.h"
 
 #include "testing/ScriptStep_p.h"
+#include "ui/qt/dialogs/ScriptedUser_p.h"
 
 #include <QDialogButtonBox>
 #include <QDir>
@@ -53,7 +54,7 @@ ShownFileDialog DrawnScriptedDialog::shown() const
         shown.acceptMode == QFileDialog::AcceptSave && !m_dialog->testOption(QFileDialog::DontConfirmOverwrite);
     if (const QPushButton* const help = helpButton()) {
         ShownControl control;
-        control.label = withoutMnemonic(help->text());
+        control.label = shownLabel(help->text());
         control.enabled = help->isEnabled();
         control.visible = !help->isHidden();
         shown.controls.push_back(control);
@@ -78,11 +79,21 @@ QString DrawnScriptedDialog::accept(const QStringList& files, int nameFilter)
     if (!isOpen()) // A slot of the application has closed the dialog.
         return {};
     selectFiles(files);
+    if (!isOpen() || !isScripted())
+        return {};
     if (!hasSelected(files))
         return QStringLiteral("A dialog that Qt draws cannot return these files. It would return %1.")
             .arg(m_dialog->selectedFiles().join(QStringLiteral(", ")));
     static_cast<QDialog&>(*m_dialog).accept();
     return isOpen() ? QStringLiteral("The dialog stays open, because it does not accept the files.") : QString();
+}
+
+/// Returns whether a script still takes the place of the user. If a slot of the application has destroyed it, the
+/// dialog would ask a user who is not there.
+bool DrawnScriptedDialog::isScripted() const
+{
+    const ScriptedUser* const user = ScriptedUser::current();
+    return user && user->isRunning(*m_dialog);
 }
 
 void DrawnScriptedDialog::selectNameFilter(int index)
@@ -103,8 +114,9 @@ void DrawnScriptedDialog::selectFiles(const QStringList& files) const
     const bool folderExists = QFileInfo(folder).isDir();
     if (folderExists)
         m_dialog->setDirectory(folder);
-    m_dialog->selectFile(text); // deselects all other files
-    if (!folderExists)
+    if (isOpen())
+        m_dialog->selectFile(text); // deselects all other files
+    if (isOpen() && !folderExists)
         m_fileNameEdit.setText(text); // selectFile() takes the path for a relative one
 }
 

@@ -37,6 +37,7 @@ private:
     void selectNameFilter(int index);
     void selectFiles(const QStringList& files) const;
     bool hasSelected(const QStringList& files) const;
+    bool isScripted() const;
 
     const QPointer<QExtendedFileDialog> m_dialog;
     QLineEdit& m_fileNameEdit; ///< exists as long as the dialog

@@ -90,12 +90,12 @@ FileDialogScript& FileDialogScript::useFileSystem(bool on)
     return *this;
 }
 
-const std::vector<ShownFileDialog>& FileDialogScript::dialogs() const
+const std::deque<ShownFileDialog>& FileDialogScript::dialogs() const
 {
     return m_impl->dialogs;
 }
 
-const std::vector<ShownQuestion>& FileDialogScript::questions() const
+const std::deque<ShownQuestion>& FileDialogScript::questions() const
 {
     return m_impl->questions;
 }

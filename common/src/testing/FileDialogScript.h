@@ -6,6 +6,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <deque>
 #include <functional>
 #include <iosfwd>
 #include <memory>
@@ -172,10 +173,11 @@ public:
     /// overwrite() and refuse() only answer their questions, and open dialogs accept existing files only.
     FileDialogScript& useFileSystem(bool on = true);
 
-    /// Returns the dialogs that were opened so far, in the order of their opening. Includes those that have failed.
-    const std::vector<ShownFileDialog>& dialogs() const;
-    /// Returns the questions that were asked so far. Includes those that have failed.
-    const std::vector<ShownQuestion>& questions() const;
+    /// Returns the dialogs that were opened so far, in the order of their opening. Includes those that have failed. A
+    /// reference to an element stays valid while the script exists.
+    const std::deque<ShownFileDialog>& dialogs() const;
+    /// Returns the questions that were asked so far, in the same way.
+    const std::deque<ShownQuestion>& questions() const;
 
     /// Returns the texts of all failures since the last call, and the steps that are left, which it removes. Empty if
     /// all is well.

@@ -39,11 +39,12 @@ QStringList absolutePaths(const QStringList& files, const QString& folder)
     return paths;
 }
 
-/// Returns the first of the paths that does not exist, or an empty text.
-QString missingFile(const QStringList& paths)
+/// Returns the first of the paths at which there is no file, or no folder for QFileDialog::Directory, or an empty text.
+QString missingFile(const QStringList& paths, QFileDialog::FileMode mode)
 {
-    const auto missing =
-        std::find_if(paths.begin(), paths.end(), [](const QString& path) { return !QFileInfo::exists(path); });
+    const auto missing = std::find_if(paths.begin(), paths.end(), [mode](const QString& path) {
+        return mode == QFileDialog::Directory ? !QFileInfo(path).isDir() : !QFileInfo::exists(path);
+    });
     return missing == paths.end() ? QString() : *missing;
 }
 
@@ -205,7 +206,8 @@ QString FileDialogScript::Impl::accept(const ScriptStep& step, ScriptedDialog& d
     if (!step.text.isEmpty() && filter < 0)
         return QStringLiteral("The dialog does not have this name filter.");
     const QStringList paths = absolutePaths(step.files, shown.folder);
-    const QString missing = usesFileSystem && shown.fileMode != QFileDialog::AnyFile ? missingFile(paths) : QString();
+    const QString missing =
+        usesFileSystem && shown.fileMode != QFileDialog::AnyFile ? missingFile(paths, shown.fileMode) : QString();
     if (!missing.isEmpty())
         return QStringLiteral("%1 does not exist.").arg(missing);
     return dialog.accept(paths, filter);
@@ -216,7 +218,8 @@ QString FileDialogScript::Impl::operate(const ScriptStep& step, ScriptedDialog& 
 {
     const std::vector<ShownControl> controls = dialog.shown().controls;
     const auto found = std::find_if(controls.begin(), controls.end(), [&step](const ShownControl& control) {
-        return control.kind == controlOf(step.kind) && control.label == internal::withoutMnemonic(step.text);
+        return control.kind == controlOf(step.kind)
+               && (control.label == step.text || control.label == internal::shownLabel(step.text));
     });
     if (found == controls.end())
         return QStringLiteral("The dialog does not have this control.");

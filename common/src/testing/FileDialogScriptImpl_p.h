@@ -38,8 +38,8 @@ public:
     std::optional<bool> canBeWritten(const QString& name) const override;
     void play(internal::ScriptedDialog& dialog) override;
 
-    std::vector<ShownFileDialog> dialogs;
-    std::vector<ShownQuestion> questions;
+    std::deque<ShownFileDialog> dialogs;
+    std::deque<ShownQuestion> questions;
     bool usesFileSystem = false;
 
 private:

@@ -25,7 +25,7 @@ QString yesOrNo(const ScriptStep& step)
     return step.yes ? QStringLiteral("Yes") : QStringLiteral("No");
 }
 
-/// Returns what of a filter precedes its patterns.
+/// Returns the text before the patterns of a name filter.
 QString description(const QString& filter)
 {
     return filter.left(filter.lastIndexOf(QLatin1Char('('))).simplified();
@@ -71,7 +71,7 @@ QString describe(const ScriptStep& step)
     return {};
 }
 
-QString withoutMnemonic(const QString& label)
+QString shownLabel(const QString& label)
 {
     QString shown;
     for (int i = 0; i < label.size(); ++i) {

@@ -25,8 +25,8 @@ bool isAnswer(const ScriptStep& step);
 /// Returns the step as it stands in a test, for example: accept "/data/run1.csv".
 QString describe(const ScriptStep& step);
 
-/// Returns `label` without the "&" that marks a mnemonic.
-QString withoutMnemonic(const QString& label);
+/// Returns `label` as the user sees it: without the "&" that marks a mnemonic.
+QString shownLabel(const QString& label);
 
 /// Returns the index in `filters` of the filter that a script means by `wanted`: the whole filter, or only the
 /// description before its patterns. Returns -1 if there is none.

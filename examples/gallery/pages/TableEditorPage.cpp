@@ -20,6 +20,7 @@
 #include "ui/qt/dialogs/SaveFileDialog.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QClipboard>
 #include <QDir>
 #include <QFileInfo>
@@ -342,7 +343,7 @@ void TableEditorPage::onSaved(const QString& path, const QString& error)
     if (!m_editedWhileSaved)
         m_model->markSaved();
     showFacts();
-    if (close)
+    if (close && !QApplication::activeModalWidget()) // The user has started something else meanwhile.
         window()->close();
 }
 

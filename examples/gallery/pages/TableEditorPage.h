@@ -29,7 +29,7 @@ class TableView;
 /// A page with a small real application: it opens a table of any size with a file dialog, reads it in the background,
 /// shows it for editing, and saves it with the save flow, with one writer per file format. The current table stays
 /// until the next one is complete, and edits are never lost without a question. If the user closes
-/// the window while a table is being saved, it stays until the table is saved, and further if that fails.
+/// the window while a table is being saved, it closes when the table is saved, and stays if that fails.
 class TableEditorPage : public GalleryPage
 {
     Q_OBJECT

@@ -410,12 +410,15 @@ void tst_FileDialogScript::usesControls()
     QWidget window;
     FileDialogScript script;
     script.press("Columns ...").tick("Preview").tick("All", false).tick("&All", false).pick("Open read-only");
+    script.press("Rows & cells").press("&Rows && cells");
     script.accept(at("/data/run1.dat"));
     ExtendedWinFileDialog dialog(window, "Open", folder(), joinedFilters, "", QFileDialog::AcceptOpen, true);
     const auto preview = boost::make_shared<zelmar::Property<bool>>(false);
     const auto all = boost::make_shared<zelmar::Property<bool>>(true);
     int presses = 0;
     dialog.addCustomButton("&Columns ...", [&presses] { ++presses; });
+    int rows = 0;
+    dialog.addCustomButton("&Rows && cells", [&rows] { ++rows; });
     dialog.addCustomCheckBox("&Preview", preview);
     dialog.addCustomCheckBox("&All", all);
     dialog.addAcceptButtonOption("&Open", 7);
@@ -423,6 +426,7 @@ void tst_FileDialogScript::usesControls()
     QVERIFY(run(dialog).accepted);
     QCOMPARE(script.verify(), QString());
     QCOMPARE(presses, 1);
+    QCOMPARE(rows, 2);
     QVERIFY(preview->value());
     QVERIFY(!all->value());
     QCOMPARE(dialog.selectedAcceptMenuOption(), 8);

@@ -8,6 +8,8 @@
 
 #include <QApplication>
 #include <QPointer>
+#include <QTemporaryFile>
+#include <QTimer>
 #include <QtTest>
 
 #include <functional>
@@ -76,6 +78,7 @@ private Q_SLOTS:
     void scriptWithinADialog();
     void earlierScriptDestroyedFirst();
     void scriptDestroyedWithinADialog_data() { addKindRows(); }
+    void scriptDestroyedByAFilter();
     void scriptDestroyedWithinADialog();
 
 private:
@@ -298,6 +301,27 @@ void tst_FileDialogScriptNested::earlierScriptDestroyedFirst()
     later.accept(at("/data/run1.dat"));
     QVERIFY(run(*makeDialog(window, "dialog")).accepted);
     QCOMPARE(later.verify(), QString());
+}
+
+/// Without a script, the dialog would ask a user who is not there whether to replace the file.
+void tst_FileDialogScriptNested::scriptDestroyedByAFilter()
+{
+    QTemporaryFile file;
+    QVERIFY(file.open());
+    QExtendedFileDialog dialog(nullptr, "Save", root(), joinedFilters, "", QFileDialog::AcceptSave);
+    auto script = std::make_unique<FileDialogScript>();
+    QObject::connect(&dialog, &QFileDialog::filterSelected, [&] { script.reset(); });
+    script->accept(file.fileName(), "Tables");
+    QTimer deadline;
+    int questions = 0;
+    QObject::connect(&deadline, &QTimer::timeout, [&] {
+        ++questions;
+        QApplication::activeModalWidget()->close();
+    });
+    deadline.start(500);
+    QCOMPARE(dialog.exec(), int(QDialog::Rejected));
+    QCOMPARE(questions, 0);
+    QVERIFY(m_reported.isEmpty());
 }
 
 void tst_FileDialogScriptNested::scriptDestroyedWithinADialog()

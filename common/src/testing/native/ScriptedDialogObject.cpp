@@ -47,7 +47,7 @@ ShownControl shownControl(ShownControl::Kind kind, const QString& label, CDCONTR
 {
     ShownControl shown;
     shown.kind = kind;
-    shown.label = withoutMnemonic(label);
+    shown.label = shownLabel(label);
     shown.enabled = isUsable(state);
     shown.visible = isShown(state);
     return shown;

@@ -84,7 +84,7 @@ bool hasMisplacedSeparator(QString& text, int position)
     return hasSeparatorBehind(text, point);
 }
 
-/// Returns whether English and C write a number with this character alike.
+/// Returns whether the character means the same in numbers of the English and of the C locale.
 bool isCommonToEnglishAndC(QChar character)
 {
     return (character >= QLatin1Char('0') && character <= QLatin1Char('9')) || character == decimalPoint

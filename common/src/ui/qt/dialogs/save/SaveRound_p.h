@@ -43,8 +43,8 @@ public:
     Outcome examine(const std::string& name) const;
 
 private:
-    /// The answer to one question. None means that the question was closed because its parent or the flow was
-    /// destroyed, or because the application quits, or that a script has no answer.
+    /// The answer to one question. None means that the question was closed, because its parent or the flow was
+    /// destroyed or the application quits, or that the script of a test has no answer.
     enum class Answer { Yes, No, None };
 
     Outcome examine(const std::string& name, const std::string& nameToCheck) const;

@@ -70,8 +70,8 @@ QAccessibleInterface* makeInterface(const QString& className, QObject* object)
 AcceptMenuArrow::AcceptMenuArrow(QWidget* button)
 {
     static const AccessibleFactory factory(makeInterface);
-    // The constructor of QWidget must not set the parent. If that is disabled, Qt would make the interface for
-    // assistive technology there, of a mere widget.
+    // The constructor of QWidget must not set the parent. While it runs, the object is a mere widget, and Qt would keep
+    // an accessible interface for that if the parent is disabled.
     setParent(button);
     setObjectName(QStringLiteral("acceptMenuArrow"));
     setPopupMode(QToolButton::InstantPopup);
