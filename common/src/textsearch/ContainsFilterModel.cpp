@@ -279,7 +279,8 @@ bool ContainsFilterModel::staysShown()
     const int end = change->first + change->inserted;
     const QVector<int> found = m_results.back().search.allIn(m_texts->texts(), change->first, end).rows;
     const auto [begin, behind] = shownAmong(change->first, end);
-    if (shownRows()->mid(begin, behind - begin) != found)
+    const auto shown = shownRows()->cbegin();
+    if (!std::equal(shown + begin, shown + behind, found.cbegin(), found.cend()))
         return false;
     keepShownResultOnly();
     m_generation = m_texts->generation();
