@@ -44,10 +44,10 @@ if(NOT MSVC)
     install(FILES "${PROJECT_BINARY_DIR}/${COMMON_UI_QT_NAME}.pc" DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig" COMPONENT development)
 endif()
 
-# Removes what the latest installation from this build folder has installed.
+# Removes what was installed from this build folder.
 if(IS_MAIN_PROJECT)
     add_custom_target(uninstall
-        COMMAND "${CMAKE_COMMAND}" -D "MANIFEST=${CMAKE_BINARY_DIR}/install_manifest.txt"
+        COMMAND "${CMAKE_COMMAND}" -D "FOLDER=${CMAKE_BINARY_DIR}"
             -P "${PROJECT_SOURCE_DIR}/cmake/uninstall.cmake"
         COMMENT "Uninstalling" VERBATIM)
 endif()

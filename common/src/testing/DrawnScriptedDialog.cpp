@@ -5,6 +5,7 @@
 
 #include <QDialogButtonBox>
 #include <QDir>
+#include <QEvent>
 #include <QFileInfo>
 #include <QLineEdit>
 #include <QPushButton>
@@ -22,14 +23,24 @@ DrawnScriptedDialog::DrawnScriptedDialog(QExtendedFileDialog& dialog, QLineEdit&
     // Closing the only window would end the application, but this one is never shown.
     dialog.setAttribute(Qt::WA_QuitOnClose, false);
     dialog.setResult(QDialog::Rejected);
-    m_whenFinished = QObject::connect(&dialog, &QDialog::finished, [this] { m_open = false; });
+    // Without this, a dialog that was hidden before would send no event when it is hidden once more.
+    dialog.setAttribute(Qt::WA_WState_ExplicitShowHide, false);
+    dialog.installEventFilter(this);
+    connect(&dialog, &QDialog::finished, this, [this] { m_open = false; });
 }
 
 DrawnScriptedDialog::~DrawnScriptedDialog()
 {
-    QObject::disconnect(m_whenFinished);
     if (m_dialog)
         m_dialog->setAttribute(Qt::WA_QuitOnClose, m_quitsOnClose);
+}
+
+/// Notices that the application closes or hides the dialog, which ends a dialog that is shown.
+bool DrawnScriptedDialog::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::Close || event->type() == QEvent::HideToParent)
+        m_open = false;
+    return QObject::eventFilter(watched, event);
 }
 
 int DrawnScriptedDialog::result() const
@@ -105,6 +116,15 @@ void DrawnScriptedDialog::selectNameFilter(int index)
     Q_EMIT m_dialog->filterSelected(filter);
 }
 
+void DrawnScriptedDialog::enterFolder(const QString& folder) const
+{
+    if (m_dialog->directory() == QDir(folder))
+        return;
+    m_dialog->setDirectory(folder);
+    if (isOpen())
+        Q_EMIT m_dialog->directoryEntered(folder);
+}
+
 void DrawnScriptedDialog::selectFiles(const QStringList& files) const
 {
     const QString& first = files.first();
@@ -113,7 +133,7 @@ void DrawnScriptedDialog::selectFiles(const QStringList& files) const
     const QString folder = QFileInfo(first).path();
     const bool folderExists = QFileInfo(folder).isDir();
     if (folderExists)
-        m_dialog->setDirectory(folder);
+        enterFolder(folder);
     if (isOpen())
         m_dialog->selectFile(text); // deselects all other files
     if (isOpen() && !folderExists)

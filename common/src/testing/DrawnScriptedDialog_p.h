@@ -3,7 +3,7 @@
 #include "testing/ScriptedDialog_p.h"
 #include "ui/qt/dialogs/QExtendedFileDialog.h"
 
-#include <QMetaObject>
+#include <QObject>
 #include <QPointer>
 #include <QString>
 
@@ -14,7 +14,7 @@ namespace zelmar::internal {
 
 /// One run of a dialog that Qt draws. Sets up the dialog by its public functions as the user would leave it, and
 /// accepts it. The dialog is never shown.
-class DrawnScriptedDialog : public ScriptedDialog
+class DrawnScriptedDialog : public QObject, public ScriptedDialog
 {
 public:
     DrawnScriptedDialog(QExtendedFileDialog& dialog, QLineEdit& fileNameEdit);
@@ -33,8 +33,10 @@ public:
     void cancel() override;
 
 private:
+    bool eventFilter(QObject* watched, QEvent* event) override;
     QPushButton* helpButton() const;
     void selectNameFilter(int index);
+    void enterFolder(const QString& folder) const;
     void selectFiles(const QStringList& files) const;
     bool hasSelected(const QStringList& files) const;
     bool isScripted() const;
@@ -43,7 +45,6 @@ private:
     QLineEdit& m_fileNameEdit; ///< exists as long as the dialog
     const bool m_quitsOnClose;
     bool m_open = true;
-    QMetaObject::Connection m_whenFinished;
 };
 
 } // namespace zelmar::internal

@@ -6,11 +6,6 @@ namespace zelmar::internal {
 
 namespace {
 
-QString quoted(const QString& text)
-{
-    return QLatin1Char('"') + text + QLatin1Char('"');
-}
-
 QString describeAccept(const ScriptStep& step)
 {
     QStringList files;
@@ -39,6 +34,11 @@ int indexOf(const QStringList& filters, const Matches& matches)
 }
 
 } // namespace
+
+QString quoted(const QString& text)
+{
+    return QLatin1Char('"') + text + QLatin1Char('"');
+}
 
 bool endsDialog(const ScriptStep& step)
 {

@@ -18,6 +18,9 @@ struct ScriptStep
     bool yes = false;  ///< the answer, or for Tick the new state
 };
 
+/// Returns `text` in double quotes.
+QString quoted(const QString& text);
+
 /// Returns whether a dialog is closed after this step.
 bool endsDialog(const ScriptStep& step);
 /// Returns whether this step answers a question.

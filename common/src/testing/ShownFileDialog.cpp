@@ -1,5 +1,7 @@
 #include "testing/FileDialogScript.h"
 
+#include "testing/ScriptStep_p.h"
+
 #include <QDebug>
 
 #include <ostream>
@@ -8,12 +10,9 @@
 
 namespace zelmar::testing {
 
-namespace {
+using internal::quoted;
 
-QString quoted(const QString& text)
-{
-    return QLatin1Char('"') + text + QLatin1Char('"');
-}
+namespace {
 
 auto members(const ShownControl& control)
 {

@@ -142,7 +142,7 @@ void LabelsAndButtonsPage::useOwnToolTip(bool on)
 void LabelsAndButtonsPage::showToolTip()
 {
     const ElidedTextLabel* label = m_labels.last();
-    m_toolTip->setText(label->toolTip().isEmpty() ? tr("none") : label->toolTip());
+    m_toolTip->setText(label->toolTip().isEmpty() ? tr("none") : tr("\"%1\"").arg(label->toolTip()));
 }
 
 // Tour

@@ -33,7 +33,7 @@ void tst_LabelsAndButtonsPage::tellsTheToolTipOfTheLastLabel()
     page.resize(700, 600);
     page.show();
     QTRY_COMPARE(label.toolTip(), label.text());
-    QVERIFY(isTold(label.text()));
+    QVERIFY(isTold('"' + label.text() + '"'));
 
     page.resize(1200, 600);
     page.findChild<QSplitter*>()->setSizes({10000, 0});

@@ -68,6 +68,8 @@ private Q_SLOTS:
     void savesATextThatIsBeingTyped();
     void closesWhenTheTableIsSaved_data() { addKindRows(); }
     void closesWhenTheTableIsSaved();
+    void staysBelowADialog_data() { addKindRows(); }
+    void staysBelowADialog();
     void staysWhenTheTableCannotBeSaved_data() { addKindRows(); }
     void staysWhenTheTableCannotBeSaved();
     void givesTheKeyboardToTheTable_data() { addKindRows(); }
@@ -278,6 +280,24 @@ void tst_TableEditorPage::closesWhenTheTableIsSaved()
     QVERIFY(m_page->isVisible());
     QTRY_VERIFY(!m_page->isVisible());
     QVERIFY(QFileInfo(path("saved.csv")).size() > 1000);
+    QVERIFY(m_page->mayLeave());
+}
+
+void tst_TableEditorPage::staysBelowADialog()
+{
+    FileDialogScript script;
+    m_page->show();
+    openMeasurements(script);
+    script.accept(path("saved.csv"));
+    QPushButton& saveButton = button("&Save as…");
+    saveButton.click();
+    QVERIFY(!m_page->mayLeave());
+    QMessageBox box(m_page.get());
+    box.open();
+    QTRY_VERIFY(saveButton.isEnabled());
+    QVERIFY(m_page->isVisible());
+    QVERIFY(!shows("Saving"));
+    box.close();
     QVERIFY(m_page->mayLeave());
 }
 

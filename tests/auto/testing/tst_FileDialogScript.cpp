@@ -11,6 +11,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QScopeGuard>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QtTest>
@@ -126,6 +127,7 @@ private Q_SLOTS:
     void takesNamesInTheShownFolder_data() { addKindRows(); }
     void takesNamesInTheShownFolder();
     void selectsByDescription_data() { addKindRows(); }
+    void tellsOfTheFolderItEnters();
     void selectsByDescription();
     void pressesHelp_data() { addRowsWithHelp(); }
     void pressesHelp();
@@ -378,6 +380,23 @@ void tst_FileDialogScript::takesNamesInTheShownFolder()
     QCOMPARE(first.folder, m_folder);
     const QString parent = QFileInfo(m_folder).path();
     QCOMPARE(run(dialog).files, QStringList(parent + "/other/run2.dat"));
+    QCOMPARE(script.verify(), QString());
+}
+
+void tst_FileDialogScript::tellsOfTheFolderItEnters()
+{
+    QDir(m_folder).mkdir("further");
+    const auto removed = qScopeGuard([this] { QDir(m_folder).rmdir("further"); });
+    FileDialogScript script;
+    script.accept("run1.dat").accept("further/run1.dat");
+    QWidget window;
+    QExtendedFileDialog dialog(window, "Open", folder(), joinedFilters, "", QFileDialog::AcceptOpen);
+    QSignalSpy entered(&dialog, &QFileDialog::directoryEntered);
+    dialog.exec();
+    QCOMPARE(entered.count(), 0);
+    dialog.exec();
+    QCOMPARE(entered.count(), 1);
+    QCOMPARE(entered.first().first().toString(), m_folder + "/further");
     QCOMPARE(script.verify(), QString());
 }
 

@@ -46,7 +46,11 @@ void onHelp(const std::function<void()>& action)
     });
 }
 
+using Action = void (*)(QExtendedFileDialog&);
+
 } // namespace
+
+Q_DECLARE_METATYPE(Action)
 
 class tst_FileDialogScriptNested : public QObject
 {
@@ -78,6 +82,8 @@ private Q_SLOTS:
     void scriptWithinADialog();
     void earlierScriptDestroyedFirst();
     void scriptDestroyedWithinADialog_data() { addKindRows(); }
+    void drawnDialogClosedByAnAction_data();
+    void drawnDialogClosedByAnAction();
     void scriptDestroyedByAFilter();
     void scriptDestroyedWithinADialog();
 
@@ -301,6 +307,29 @@ void tst_FileDialogScriptNested::earlierScriptDestroyedFirst()
     later.accept(at("/data/run1.dat"));
     QVERIFY(run(*makeDialog(window, "dialog")).accepted);
     QCOMPARE(later.verify(), QString());
+}
+
+void tst_FileDialogScriptNested::drawnDialogClosedByAnAction_data()
+{
+    QTest::addColumn<Action>("action");
+    QTest::newRow("close()") << Action([](QExtendedFileDialog& dialog) { dialog.close(); });
+    QTest::newRow("hide()") << Action([](QExtendedFileDialog& dialog) { dialog.hide(); });
+    QTest::newRow("reject()") << Action([](QExtendedFileDialog& dialog) { dialog.reject(); });
+}
+
+void tst_FileDialogScriptNested::drawnDialogClosedByAnAction()
+{
+    QFETCH(Action, action);
+    FileDialogScript script;
+    QWidget window;
+    QExtendedFileDialog dialog(window, "Open", root(), "", "help.html", QFileDialog::AcceptOpen);
+    for (int run = 0; run < 2; ++run) {
+        onHelp([&] { action(dialog); });
+        script.press("Help").accept(at("/data/next.dat"));
+        QCOMPARE(dialog.exec(), int(QDialog::Rejected));
+        QVERIFY(scriptedApplication::run(*makeDialog(window, "next")).accepted);
+    }
+    QCOMPARE(script.verify(), QString());
 }
 
 /// Without a script, the dialog would ask a user who is not there whether to replace the file.

@@ -84,10 +84,12 @@ struct QxtLabel::Impl
 };
 
 QxtLabel::QxtLabel(QWidget* parent, Qt::WindowFlags flags)
-    : QFrame(parent, flags)
-    , m_impl(new Impl{*this})
+    : m_impl(new Impl{*this})
 {
     zelmar::internal::makeQxtLabelsAccessible();
+    // The constructor of QFrame must not set the parent. While it runs, the object is a mere frame, and Qt would keep
+    // an accessible interface for that if the parent is disabled.
+    setParent(parent, flags);
 }
 
 QxtLabel::~QxtLabel() = default;

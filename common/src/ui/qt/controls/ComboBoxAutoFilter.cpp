@@ -79,9 +79,11 @@ void reportList(ComboBoxAutoFilter& box, const QEvent& event)
 } // namespace
 
 ComboBoxAutoFilter::ComboBoxAutoFilter(QWidget* parent)
-    : QComboBox(parent)
 {
     makeAutoFilterBoxesAccessible();
+    // The constructor of QComboBox must not set the parent. While it runs, the object is a mere combo box, and Qt would
+    // keep an accessible interface for that if the parent is disabled.
+    setParent(parent);
     auto* const list = new AutoFilterItemView;
     setView(list);
     // Event filters are called in reverse order of installation, so this object filters before QComboBox's container.

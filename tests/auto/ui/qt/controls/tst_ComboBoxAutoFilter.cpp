@@ -10,6 +10,7 @@
 #include <QLineEdit>
 #include <QListView>
 #include <QMetaMethod>
+#include <QScopeGuard>
 #include <QSignalSpy>
 #include <QStandardItemModel>
 #include <QStringListModel>
@@ -101,6 +102,7 @@ private Q_SLOTS:
     void measuresAFewOfManyItems();
     void opensAMillionItemsAtOneOfTheLast();
     void isNamedForAssistiveTechnology();
+    void isNamedInADisabledParent();
     void isNamedByItsLabelForAssistiveTechnology();
     void keepsTheNameOfItsField();
     void opensItsListForAssistiveTechnology();
@@ -490,6 +492,24 @@ void tst_ComboBoxAutoFilter::isNamedForAssistiveTechnology()
     setUp(*box); // makes another text field
     QCOMPARE(accessible(*box).child(1)->text(QAccessible::Name), QStringLiteral("Hue"));
     QVERIFY(!accessible(*box).child(2));
+}
+
+/// Qt asks for the interface of a widget while it is constructed in a disabled parent.
+void tst_ComboBoxAutoFilter::isNamedInADisabledParent()
+{
+    QAccessible::setActive(true);
+    const auto inactive = qScopeGuard([] { QAccessible::setActive(false); });
+    QWidget window;
+    window.setEnabled(false);
+    ComboBoxAutoFilter box(&window);
+    box.setList(colours);
+    setUp(box);
+    QVERIFY(!box.isEnabled());
+    QCOMPARE(box.parentWidget(), &window);
+    QCOMPARE(accessible(box).role(), QAccessible::ComboBox);
+    box.setAccessibleName(QStringLiteral("Colour"));
+    QCOMPARE(accessibleName(box), QStringLiteral("Colour"));
+    QCOMPARE(accessible(box).text(QAccessible::Value), QStringLiteral("Red"));
 }
 
 void tst_ComboBoxAutoFilter::isNamedByItsLabelForAssistiveTechnology()

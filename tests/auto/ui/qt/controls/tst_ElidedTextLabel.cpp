@@ -8,6 +8,7 @@
 #include <QFontMetrics>
 #include <QFormLayout>
 #include <QHBoxLayout>
+#include <QScopeGuard>
 #include <QTest>
 
 #include <memory>
@@ -45,6 +46,7 @@ private Q_SLOTS:
     void doesNotRepaintItself();
     void doesNotRepaintForAnUnchangedToolTip();
     void accessibleNameIsTheFullText();
+    void accessibleNameIsTheFullTextInADisabledParent();
     void accessibleNameIsTheFullTextInAForm();
 
 private:
@@ -287,6 +289,22 @@ void tst_ElidedTextLabel::accessibleNameIsTheFullText()
     paintWithSpareWidth(-100);
     QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(m_label.get());
     QVERIFY(accessible);
+    QCOMPARE(accessible->role(), QAccessible::StaticText);
+    QCOMPARE(accessible->text(QAccessible::Name), path);
+}
+
+/// Qt asks for the interface of a widget while it is constructed in a disabled parent.
+void tst_ElidedTextLabel::accessibleNameIsTheFullTextInADisabledParent()
+{
+    QAccessible::setActive(true);
+    const auto inactive = qScopeGuard([] { QAccessible::setActive(false); });
+    QWidget window;
+    window.setEnabled(false);
+    ElidedTextLabel label(&window);
+    label.setText(path);
+    QVERIFY(!label.isEnabled());
+    QCOMPARE(label.parentWidget(), &window);
+    const QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(&label);
     QCOMPARE(accessible->role(), QAccessible::StaticText);
     QCOMPARE(accessible->text(QAccessible::Name), path);
 }
