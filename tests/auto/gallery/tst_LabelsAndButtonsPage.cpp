@@ -30,12 +30,12 @@ void tst_LabelsAndButtonsPage::tellsTheToolTipOfTheLastLabel()
             return told->textFormat() == Qt::PlainText && told->text() == toolTip;
         });
     };
-    page.resize(700, 600);
+    page.resize(1200, 600);
     page.show();
+    page.findChild<QSplitter*>()->setSizes({0, 10000});
     QTRY_COMPARE(label.toolTip(), label.text());
     QVERIFY(isTold('"' + label.text() + '"'));
 
-    page.resize(1200, 600);
     page.findChild<QSplitter*>()->setSizes({10000, 0});
     QTRY_COMPARE(label.toolTip(), QString());
     QVERIFY(isTold("none"));
