@@ -30,4 +30,7 @@ protected Q_SLOTS:
     void init();
     /// Fails the test when the driver could not take all of its steps.
     void cleanup();
+
+private:
+    bool showWindow();
 };
