@@ -11,7 +11,9 @@ from gi.repository import Atspi, GLib  # noqa: E402
 
 from controls import Control  # noqa: E402
 
-ALT_KEY_CODE = 64  # of the left Alt key on an X server, as evdev numbers it
+# Of an X server, as evdev numbers the keys; the left Alt key.
+ALT_KEY_CODE = 64
+KEY_CODES = {"Escape": 9, "F2": 68, "Right": 114}
 ITEM_VIEWS = {"list", "table", "tree", "tree table"}
 
 
@@ -23,6 +25,8 @@ def wait_until(what, condition, seconds=15):
     """Returns the first result of `condition` that is true. Fails if there is none in time."""
     end = time.monotonic() + seconds
     while True:
+        while GLib.MainContext.default().iteration(False):  # Delivers the events that listeners wait for.
+            pass
         result = condition()
         if result:
             return result
@@ -50,6 +54,22 @@ class Program:
     def __init__(self, desktop, command, environment, folder):
         self.process, self.remote = start(desktop, command, environment, folder)
         self.remote.set_cache_mask(Atspi.Cache.NONE)
+        self.focus_listener = Atspi.EventListener.new(self.on_focus)
+        self.latest_focus = None
+
+    def follow_focus(self, on):
+        """Makes focused() follow the keyboard focus, or no longer."""
+        register = self.focus_listener.register if on else self.focus_listener.deregister
+        register("object:state-changed:focused")
+
+    def on_focus(self, event):
+        if event.detail1:
+            self.latest_focus = event.source
+
+    def focused(self):
+        """Returns the control that got the keyboard focus last, or None. Unlike a tree of a window, this finds the editors
+        of cells, which Qt does not count among the children of a table."""
+        return tree_if_there(Control("", remote=self.latest_focus)) if self.latest_focus else None
 
     def windows(self):
         """Returns the windows that are shown, each without what is in it."""
@@ -114,6 +134,14 @@ def tree(window):
     return root
 
 
+def tree_if_there(window):
+    """Returns the tree of the window, or None if something in it goes meanwhile."""
+    try:
+        return tree(window)
+    except GLib.GError:
+        return None
+
+
 def states_of(remote):
     return frozenset(state.value_nick for state in remote.get_state_set().get_states())
 
@@ -167,6 +195,11 @@ def press_mnemonic(key):
     Atspi.generate_keyboard_event(ALT_KEY_CODE, None, Atspi.KeySynthType.PRESS)
     Atspi.generate_keyboard_event(ord(key[-1].lower()), None, Atspi.KeySynthType.SYM)
     Atspi.generate_keyboard_event(ALT_KEY_CODE, None, Atspi.KeySynthType.RELEASE)
+
+
+def press_key(name):
+    """Presses and releases a key by its name in KEY_CODES."""
+    Atspi.generate_keyboard_event(KEY_CODES[name], None, Atspi.KeySynthType.PRESSRELEASE)
 
 
 def own_environment(folder):

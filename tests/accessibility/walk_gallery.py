@@ -9,7 +9,7 @@ import os
 import sys
 import tempfile
 
-from program import Failure, Program, act, connect, has_state, own_environment, press_mnemonic, tree, type_text, wait_until
+from program import Failure, Program, act, connect, has_state, own_environment, press_key, press_mnemonic, tree_if_there, type_text, wait_until
 from rules import faults, is_operated
 
 MAIN_WINDOW = "Gallery of common_ui_qt"
@@ -20,9 +20,14 @@ EMPTY_AT_FIRST = {"Ended by", "Heard", "Its title is", "New families", "They wer
 # The buttons that open a dialog although no ellipsis says so.
 OPENS_DIALOG = {"Work, and ask in between"}
 
+EDITORS = {"combo box", "spin button", "text"}
 FOCUSED_AT_WILL = {"check box", "push button", "spin button", "text"}
 # Names that enable the accept button.
 NAMES = {"Open one file": "run-1.dat", "Save a file": "new.dat", "Native dialog": "run-1.dat"}
+# The table that the table editor opens, and a name and a number in its rows.
+TABLE = "table.csv"
+TABLE_CELLS = {"material": 0, "pressure": 1}
+
 
 class Walk:
     """A walk through the gallery."""
@@ -71,7 +76,7 @@ class Walk:
 
     def window(self, name):
         """Waits until the window is active and returns it."""
-        return tree(self.wait_for(name))
+        return wait_until(f"what is in {name}", lambda: tree_if_there(self.wait_for(name)))
 
     def judge(self, place, name, visible=None):
         """Applies the rules to the active window and returns it. `visible` is the name of a control that it must show."""
@@ -109,6 +114,12 @@ class Walk:
             self.compare_labels(page, root)
         for button in opening_buttons(root):
             self.walk_dialog(page, button)
+        if page == "Save with a writer":
+            self.walk_question(page, root)
+        if page == "Native dialog":
+            self.walk_saving_dialog(page, root)
+        if page == "Table editor":
+            self.edit_table(page, root)
 
     def press_keys(self, place, root):
         """Presses the mnemonic of each field twice, which must get the keyboard focus each time. Qt gives it to each control
@@ -165,7 +176,56 @@ class Walk:
         if len(labels) != 4:
             self.blame(page, f'{len(labels)} of 4 labels tell their whole text "{whole}"')
 
+    def edit_table(self, page, root):
+        """Opens a table and the editors of a name and of a number in it, each of which is named by its column."""
+        self.accept_name(next(button for button in opening_buttons(root) if "Open" in button.name), TABLE)
+        wait_until("the table is loaded, and has the keyboard", lambda: loaded_table(self.window(MAIN_WINDOW)))
+        self.program.follow_focus(True)
+        for column, index in TABLE_CELLS.items():
+            for _ in range(index):
+                press_key("Right")
+            press_key("F2")
+            editor = wait_until(f"the editor of {column} has the keyboard", lambda: self.focused_editor(column))
+            for fault in faults(editor):
+                self.blame(f"{page}, {column}", fault)
+            self.controls += 1
+            press_key("Escape")
+            wait_until(f"the editor of {column} is closed", lambda: not self.focused_editor(column))
+        self.program.follow_focus(False)
+
+    def focused_editor(self, name):
+        focused = self.program.focused()
+        return focused if focused is not None and focused.role in EDITORS and focused.name == name else None
+
     # Dialogs
+
+    def accept_name(self, button, name):
+        """Opens the dialog of the button, types the name, and accepts it. Returns the dialog, which may still be open."""
+        act(button, "Press")
+        dialog = self.window(wait_until(f"a dialog of {button.path()}", self.dialog).name)
+        type_text(find(dialog, "text", "File name:"), name)
+        accept = default_button(dialog)
+        wait_until(f"{name} can be accepted", lambda: has_state(accept, "enabled"))
+        act(accept, "Press")
+        return dialog
+
+    def walk_question(self, page, root):
+        """Saves under the name of a file that is there, and refuses to replace it."""
+        dialog = self.accept_name(opening_buttons(root)[0], "run-1.dat")
+        question = self.judge(f"{page}, question", dialog.name, "No")
+        self.dialogs += 1
+        press_mnemonic(next(iter(find(question, "push button", "No").mnemonics())))
+        dialog = self.judge(page, dialog.name, "Cancel")
+        act(find(dialog, "push button", "Cancel"), "Press")
+        self.wait_for(MAIN_WINDOW)
+
+    def walk_saving_dialog(self, page, root):
+        """Walks through the native dialog once more, for saving."""
+        box = find(root, "check box", "For saving")
+        act(box, "Toggle")
+        for button in opening_buttons(root):
+            self.walk_dialog(f"{page} for saving", button)
+        act(box, "Toggle")
 
     def walk_dialog(self, page, button):
         act(button, "Press")
@@ -199,7 +259,7 @@ class Walk:
 
     def follow_name(self, place, root, name):
         """Types a name, upon which the accept button and the arrow of its menu become enabled."""
-        accept = next(control for control in root.walk() if "is-default" in control.states)
+        accept = default_button(root)
         buttons = list(filter(is_operated, accept.walk()))
         for state in ("sensitive", "enabled"):
             if any(state in button.states for button in buttons):
@@ -224,6 +284,16 @@ def find(root, role, name):
                  if control.name == name and control.role == (role or control.role) and control.is_shown()), None)
 
 
+def default_button(root):
+    return next(control for control in root.walk() if "is-default" in control.states)
+
+
+def loaded_table(root):
+    """Returns the table if it has cells, or None."""
+    table = next((control for control in root.walk() if control.role == "table" and control.is_shown()), None)
+    return table if table is not None and table.remote.get_child_count() > 0 else None
+
+
 def usable(root, roles):
     return [control for control in root.walk() if control.role in roles and control.is_usable()]
 
@@ -241,9 +311,10 @@ def opening_buttons(root):
 def make_files(folder):
     documents = os.path.join(folder, "Documents")
     os.mkdir(documents)
-    for name in ("run-1.dat", "notes.txt"):
+    contents = {"run-1.dat": "1 2 3\n", "notes.txt": "1 2 3\n", TABLE: "material,pressure\ncopper,1.2\niron,1.1\n"}
+    for name, text in contents.items():
         with open(os.path.join(documents, name), "w", encoding="utf-8") as file:
-            file.write("1 2 3\n")
+            file.write(text)
 
 
 def main():

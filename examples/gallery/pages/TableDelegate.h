@@ -13,6 +13,9 @@ public:
     explicit TableDelegate(QObject* parent);
     ~TableDelegate() override;
 
+    /// Creates an editor whose accessible name is the name of the column.
+    QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+
     [[nodiscard]] QString displayText(const QVariant& value, const QLocale& locale) const override;
 };
 
