@@ -7,11 +7,9 @@ class QVBoxLayout;
 
 namespace gallery {
 
-class Tour;
-
 /// A page of the gallery with a heading, a description and the widgets that it demonstrates.
 ///
-/// To add a page to the gallery, add a line to makeGalleryPages().
+/// To add a page to the gallery, add a line to makeGalleryPages() and a tour to tour/pages.
 class GalleryPage : public QWidget
 {
     Q_OBJECT
@@ -26,10 +24,6 @@ public:
 
     /// Returns whether this page allows the window to close. May ask the user, or close the window itself later.
     virtual bool mayLeave() { return true; }
-
-    /// Acts as a user of this page, which the window shows: presses keys and buttons, types, takes at least one picture
-    /// and reports to `tour` the results and whether they are the expected ones. Returns when everything is done.
-    virtual void tour(Tour& tour) = 0;
 
 protected:
     /// Returns the layout to which a page adds its widgets.

@@ -1,7 +1,6 @@
 #include "EitherDialogPage.h"
 
 #include "FileDialogOutcome.h"
-#include "tour/Tour.h"
 
 #include "ui/qt/dialogs/ExtendedFileDialog.h"
 #include "ui/qt/dialogs/LaunchFileDialog.h"
@@ -13,7 +12,6 @@
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QRegularExpression>
 
 namespace gallery {
 
@@ -136,30 +134,6 @@ void EitherDialogPage::run(const Family& family, const Task& task)
     const KindSwitch kind(family.native);
     const QStringList lines = QStringList(family.name + QStringLiteral(", ") + task.text) + task.run(window());
     m_result->setPlainText(lines.join(QLatin1Char('\n')));
-}
-
-// Tour
-
-void EitherDialogPage::tour(Tour& tour)
-{
-    for (const Family* family : {&m_system, &m_drawn}) {
-        tourTask(tour, *family, 0, QStringLiteral("run-2.dat"), QStringLiteral("Chosen: .*run-2\\.dat"));
-        tourTask(tour, *family, 1, QStringLiteral("\"run-1.dat\" \"run-3.dat\""),
-                 QStringLiteral("Chosen: .*run-1\\.dat\nChosen: .*run-3\\.dat"));
-        tourTask(tour, *family, 2, QStringLiteral("either"), QStringLiteral("May be written: .*either\\.dat"));
-        tourTask(tour, *family, 3, QStringLiteral("results"), QStringLiteral("Chosen: .*results"));
-    }
-    tour.takePicture();
-}
-
-void EitherDialogPage::tourTask(Tour& tour, const Family& family, std::size_t task, const QString& name,
-                                const QString& expected)
-{
-    const QString picture = family.native ? QStringLiteral("system") : QStringLiteral("qt");
-    tour.acceptFileDialog({name, -1, task == 1 ? picture : QString()}, [&] { family.buttons[task]->click(); });
-    const QString text = m_result->toPlainText();
-    tour.log(text.section(QLatin1Char('\n'), 0, 1).replace(QLatin1Char('\n'), QStringLiteral("; ")));
-    tour.expect(text.contains(QRegularExpression(expected)), expected);
 }
 
 } // namespace gallery

@@ -22,8 +22,6 @@ public:
     EitherDialogPage();
     ~EitherDialogPage() override;
 
-    void tour(Tour& tour) override;
-
 private:
     struct Task
     {
@@ -42,8 +40,6 @@ private:
     QWidget* makeBox(Family& family, const QString& title);
     void addWidgets();
     void run(const Family& family, const Task& task);
-
-    void tourTask(Tour& tour, const Family& family, std::size_t task, const QString& name, const QString& expected);
 
     const std::vector<Task> m_tasks;
     Family m_system;

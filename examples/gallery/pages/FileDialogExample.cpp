@@ -26,8 +26,6 @@ FileDialogExample openOneFile()
     example.nameFilters = dataFilters();
     example.helpTopic = "dialogs/open-one-file.html";
     example.geometryKey = "gallery/open-one-file";
-    example.tourNames = QStringList{QStringLiteral("notes.txt")};
-    example.tourFilter = 1;
     return example;
 }
 
@@ -41,7 +39,6 @@ FileDialogExample openSeveralFiles()
     example.nameFilters = dataFilters();
     example.helpTopic = "dialogs/open-several-files.html";
     example.geometryKey = "gallery/open-several-files";
-    example.tourNames = QStringList{QStringLiteral("run-1.dat"), QStringLiteral("run-3.dat")};
     return example;
 }
 
@@ -57,8 +54,6 @@ FileDialogExample saveAFile()
     example.nameFilters = dataFilters();
     example.helpTopic = "dialogs/save-a-file.html";
     example.geometryKey = "gallery/save-a-file";
-    example.tourNames = QStringList{QStringLiteral("summary.txt")};
-    example.tourFilter = 1;
     return example;
 }
 
@@ -71,7 +66,6 @@ FileDialogExample chooseADirectory()
     example.fileMode = QFileDialog::Directory;
     example.helpTopic = "dialogs/choose-a-directory.html";
     example.geometryKey = "gallery/choose-a-directory";
-    example.tourNames = QStringList{QStringLiteral("results")};
     return example;
 }
 

@@ -20,11 +20,6 @@ struct FileDialogExample
     QStringList nameFilters;
     std::string helpTopic;
     std::string geometryKey;
-
-    /// The names in the current folder that the tour types, and the 0-based index of the filter that it selects first;
-    /// -1 for none.
-    QStringList tourNames;
-    int tourFilter = -1;
 };
 
 QVector<FileDialogExample> fileDialogExamples();

@@ -1,44 +1,13 @@
 #include "FileDialogPage.h"
 
-#include "tour/Tour.h"
-
 #include "ui/qt/dialogs/QExtendedFileDialog.h"
 
-#include <QDir>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
 
 namespace gallery {
-
-namespace {
-
-/// Returns the names as a user types them: a single name unquoted, several names in double quotes.
-QString typedNames(const QStringList& names)
-{
-    if (names.size() == 1)
-        return names.first();
-    return QLatin1Char('"') + names.join(QStringLiteral("\" \"")) + QLatin1Char('"');
-}
-
-QStringList pathsInCurrentFolder(const QStringList& names)
-{
-    QStringList paths;
-    for (const QString& name : names)
-        paths += QDir::current().absoluteFilePath(name);
-    return paths;
-}
-
-/// Returns the index of the filter that is selected after the tour. A dialog with filters starts with the first one.
-int filterAfterTour(const FileDialogExample& example)
-{
-    if (example.nameFilters.isEmpty())
-        return -1;
-    return qMax(0, example.tourFilter);
-}
-
-} // namespace
 
 FileDialogPage::FileDialogPage(const FileDialogExample& example)
     : GalleryPage(example.title, example.description)
@@ -71,8 +40,7 @@ void FileDialogPage::addWidgets()
 
 void FileDialogPage::runDialog()
 {
-    m_outcome = outcomeOfDialog();
-    m_result->setPlainText(m_outcome->lines().join(QLatin1Char('\n')));
+    m_result->setPlainText(outcomeOfDialog().lines().join(QLatin1Char('\n')));
 }
 
 FileDialogOutcome FileDialogPage::outcomeOfDialog()
@@ -86,31 +54,6 @@ FileDialogOutcome FileDialogPage::outcomeOfDialog()
     dialog.setDefaultSize(window()->size() * 4 / 5);
     const int result = dialog.exec();
     return {dialog, result};
-}
-
-// Tour
-
-void FileDialogPage::tour(Tour& tour)
-{
-    tour.readHelpAndCancelFileDialog([this] { m_button->click(); });
-    logOutcome(tour);
-    tour.expect(m_outcome && !m_outcome->accepted, QStringLiteral("Escape cancels the dialog"));
-
-    tour.acceptFileDialog({typedNames(m_example.tourNames), m_example.tourFilter}, [this] { m_button->click(); });
-    logOutcome(tour);
-    tour.expect(m_outcome && m_outcome->accepted, QStringLiteral("Return accepts the dialog"));
-    tour.expect(m_outcome && m_outcome->files == pathsInCurrentFolder(m_example.tourNames),
-                QStringLiteral("the typed files are chosen"));
-    tour.expect(m_outcome && m_outcome->filterIndex == filterAfterTour(m_example),
-                QStringLiteral("the picked filter is chosen"));
-    tour.takePicture();
-}
-
-void FileDialogPage::logOutcome(Tour& tour) const
-{
-    const QStringList lines = m_outcome ? m_outcome->lines() : QStringList();
-    for (const QString& line : lines)
-        tour.log(line);
 }
 
 } // namespace gallery

@@ -4,8 +4,6 @@
 #include "FileDialogOutcome.h"
 #include "GalleryPage.h"
 
-#include <optional>
-
 class QPlainTextEdit;
 class QPushButton;
 
@@ -20,18 +18,14 @@ public:
     explicit FileDialogPage(const FileDialogExample& example);
     ~FileDialogPage() override;
 
-    void tour(Tour& tour) override;
-
 private:
     void addWidgets();
     void runDialog();
     FileDialogOutcome outcomeOfDialog();
-    void logOutcome(Tour& tour) const;
 
     FileDialogExample m_example;
     QPushButton* m_button;
     QPlainTextEdit* m_result;
-    std::optional<FileDialogOutcome> m_outcome; ///< the result of the last run
 };
 
 } // namespace gallery

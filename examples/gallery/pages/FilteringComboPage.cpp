@@ -2,27 +2,20 @@
 
 #include "NameDelegate.h"
 #include "sampleNames.h"
-#include "tour/Tour.h"
 
 #include "ui/qt/controls/ComboBoxAutoFilter.h"
 
-#include "Keyboard.h"
-
-#include <QAbstractItemView>
 #include <QComboBox>
 #include <QFormLayout>
 #include <QHeaderView>
 #include <QLabel>
-#include <QLineEdit>
 #include <QLocale>
 #include <QPushButton>
 #include <QStackedLayout>
 #include <QStandardItemModel>
 #include <QStringListModel>
 #include <QTableView>
-#include <QTest>
 #include <QVBoxLayout>
-#include <QWindow>
 
 using zelmar::ui::ComboBoxAutoFilter;
 
@@ -32,18 +25,6 @@ namespace {
 
 constexpr int counts[] = {10, 10000, 1000000};
 constexpr int channels = 12;
-
-/// Sends the key to the window, from which Qt forwards it to an open popup.
-void press(QWidget& window, Qt::Key key)
-{
-    QTest::keyClick(window.windowHandle(), key);
-}
-
-void type(QWidget& window, const char* letters)
-{
-    for (; *letters != '\0'; ++letters)
-        QTest::keyClick(window.windowHandle(), *letters);
-}
 
 } // namespace
 
@@ -148,57 +129,6 @@ void FilteringComboPage::showValue(const QString& end)
     m_box->deleteLater();
     m_box = nullptr;
     m_value->setFocus();
-}
-
-// Tour
-
-void FilteringComboPage::tour(Tour& tour)
-{
-    m_counts->setCurrentIndex(2);
-    tourForm(tour);
-    tourTable(tour);
-}
-
-void FilteringComboPage::tourForm(Tour& tour)
-{
-    m_value->click();
-    takeKeyboardFocus(*m_box);
-    type(*window(), "hlw");
-    tour.waitUntil(QStringLiteral("names are offered"), [this] { return m_box->completer()->popup()->isVisible(); });
-    tour.log(QStringLiteral("names with \"hlw\": %1").arg(m_box->completer()->completionCount()));
-    tour.takePicture(QStringLiteral("form"));
-    press(*window(), Qt::Key_Tab);
-    tour.log(QStringLiteral("form: %1; %2").arg(m_value->text(), m_end->text()));
-
-    m_value->click();
-    takeKeyboardFocus(*m_box);
-    type(*window(), "zz");
-    press(*window(), Qt::Key_Return);
-    tour.log(QStringLiteral("form: %1; %2").arg(m_value->text(), m_end->text()));
-
-    m_value->click();
-    takeKeyboardFocus(*m_box);
-    press(*window(), Qt::Key_Down);
-    press(*window(), Qt::Key_Escape);
-    tour.log(QStringLiteral("form: %1; %2").arg(m_value->text(), m_end->text()));
-}
-
-void FilteringComboPage::tourTable(Tour& tour)
-{
-    const QModelIndex cell = m_table->model()->index(2, 1);
-    takeKeyboardFocus(*m_table);
-    m_table->setCurrentIndex(cell);
-    press(*window(), Qt::Key_F2);
-    auto* box = m_table->findChild<ComboBoxAutoFilter*>();
-    tour.expect(box != nullptr, QStringLiteral("a cell is edited in the combo box"));
-    if (!box)
-        return;
-    type(*window(), "speed");
-    tour.waitUntil(QStringLiteral("names are offered"), [box] { return box->completer()->popup()->isVisible(); });
-    tour.takePicture();
-    press(*window(), Qt::Key_Return);
-    tour.log(QStringLiteral("table: ") + cell.data().toString());
-    tour.expect(m_table->hasFocus(), QStringLiteral("the table has the keyboard again"));
 }
 
 } // namespace gallery

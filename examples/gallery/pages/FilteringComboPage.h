@@ -25,8 +25,6 @@ public:
     FilteringComboPage();
     ~FilteringComboPage() override;
 
-    void tour(Tour& tour) override;
-
 private Q_SLOTS:
     void takeName();
     void keepName();
@@ -37,8 +35,6 @@ private:
     void setNames(int count);
     void edit();
     void showValue(const QString& end);
-    void tourForm(Tour& tour);
-    void tourTable(Tour& tour);
 
     QStringListModel* m_names;
     QComboBox* m_counts;

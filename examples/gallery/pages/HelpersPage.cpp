@@ -1,19 +1,13 @@
 #include "HelpersPage.h"
 
-#include "tour/Tour.h"
-
 #include "ui/qt/controls/OverrideCursor.h"
 #include "ui/qt/controls/OverrideCursorRestorer.h"
 #include "ui/qt/controls/QtSignalConnectionCollection.h"
 #include "ui/qt/controls/addFontsToDatabase.h"
 #include "ui/qt/controls/findMainWindow.h"
 
-#include "BuiltFont.h"
-
 #include <QCheckBox>
-#include <QDir>
 #include <QEventLoop>
-#include <QFile>
 #include <QFontDatabase>
 #include <QFormLayout>
 #include <QGroupBox>
@@ -199,33 +193,6 @@ void HelpersPage::addFontsFrom(void (*add)(const std::string&))
     added.sort();
     m_families->setText(added.isEmpty() ? tr("none") : added.join(QStringLiteral(", ")));
     m_sample->setFont(added.isEmpty() ? font() : QFont(added.first()));
-}
-
-// Tour
-
-void HelpersPage::tour(Tour& tour)
-{
-    tour.answerQuestion(QMessageBox::Ok, [this] { m_work->click(); });
-    tour.log(QStringLiteral("cursors: ") + m_cursors->text());
-
-    m_sender->click();
-    m_connected->setChecked(false);
-    m_sender->click();
-    tour.log(QStringLiteral("heard: ") + m_heard->text());
-
-    m_find->click();
-    tour.log(QStringLiteral("main window: ") + m_found->text());
-
-    const QDir home = QDir::home();
-    tour.expect(home.mkdir(QStringLiteral("fonts")), QStringLiteral("a folder for fonts is made"));
-    QFile file(home.filePath(QStringLiteral("fonts/squares.ttf")));
-    const QByteArray bytes = builtFont(QStringLiteral("Gallery Squares"));
-    tour.expect(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush(),
-                QStringLiteral("a font is written"));
-    m_path->setText(QDir::toNativeSeparators(home.filePath(QStringLiteral("fonts"))));
-    m_addFolder->click();
-    tour.log(QStringLiteral("new families: ") + m_families->text());
-    tour.takePicture();
 }
 
 } // namespace gallery

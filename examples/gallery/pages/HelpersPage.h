@@ -26,8 +26,6 @@ public:
     HelpersPage();
     ~HelpersPage() override;
 
-    void tour(Tour& tour) override;
-
 private:
     void addCursors();
     void addConnections();

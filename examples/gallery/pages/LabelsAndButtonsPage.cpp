@@ -1,7 +1,5 @@
 #include "LabelsAndButtonsPage.h"
 
-#include "tour/Tour.h"
-
 #include "ui/qt/controls/CorrectFontCommandLinkButton.h"
 #include "ui/qt/controls/ElidedTextLabel.h"
 
@@ -143,28 +141,6 @@ void LabelsAndButtonsPage::showToolTip()
 {
     const ElidedTextLabel* label = m_labels.last();
     m_toolTip->setText(label->toolTip().isEmpty() ? tr("none") : tr("\"%1\"").arg(label->toolTip()));
-}
-
-// Tour
-
-void LabelsAndButtonsPage::tour(Tour& tour)
-{
-    m_splitter->setSizes({10000, 0});
-    m_labels.last()->repaint(); // changes the tool tip
-    tour.log(QStringLiteral("tool tip of a wide label: ") + m_toolTip->text());
-    m_splitter->setSizes({m_splitter->width() / 3, m_splitter->width()});
-    m_labels.last()->repaint();
-    tour.log(QStringLiteral("tool tip of a narrow label: ") + m_toolTip->text());
-    tour.takePicture();
-
-    m_ownToolTip->setChecked(true);
-    m_text->setText(QStringLiteral("<b>&Mark-up</b> is shown as it is, in a label as wide as you like"));
-    tour.log(QStringLiteral("tool tip of the application's own: ") + m_toolTip->text());
-    m_description->setText(
-        QStringLiteral("Reads the files of one run, and of those that were measured on the same day, "
-                       "and changes nothing in them."));
-    m_pressed->setChecked(true);
-    tour.takePicture(QStringLiteral("long"));
 }
 
 } // namespace gallery

@@ -32,8 +32,6 @@ public:
     LabelsAndButtonsPage();
     ~LabelsAndButtonsPage() override;
 
-    void tour(Tour& tour) override;
-
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 

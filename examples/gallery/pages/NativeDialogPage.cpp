@@ -1,22 +1,14 @@
 #include "NativeDialogPage.h"
 
-#include "tour/Tour.h"
-
-#include "FileDialogActions.h"
-
 #include "ui/qt/dialogs/windows/ExtendedWinFileDialog.h"
 
-#include <QAbstractButton>
-#include <QAction>
 #include <QCheckBox>
 #include <QDir>
 #include <QLabel>
-#include <QMenu>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include <algorithm>
 #include <utility>
 
 namespace gallery {
@@ -26,34 +18,6 @@ namespace {
 QString onOrOff(bool on)
 {
     return on ? NativeDialogPage::tr("on") : NativeDialogPage::tr("off");
-}
-
-/// Finds a button by its text without the mnemonic.
-QAbstractButton* buttonOf(const QFileDialog& dialog, const QString& text)
-{
-    const auto buttons = dialog.findChildren<QAbstractButton*>();
-    const auto found = std::find_if(buttons.begin(), buttons.end(), [&text](const QAbstractButton* button) {
-        return QString(button->text()).remove(QLatin1Char('&')) == text;
-    });
-    return found == buttons.end() ? nullptr : *found;
-}
-
-void press(const QFileDialog& dialog, const QString& text)
-{
-    if (QAbstractButton* const button = buttonOf(dialog, text))
-        button->click();
-}
-
-/// Selects an item of the menu on the accept button.
-void pick(const QFileDialog& dialog, const QString& text)
-{
-    const auto menus = dialog.findChildren<QMenu*>();
-    for (const QMenu* menu : menus) {
-        const auto actions = menu->actions();
-        for (QAction* action : actions)
-            if (action->text() == text)
-                action->trigger();
-    }
 }
 
 } // namespace
@@ -160,43 +124,6 @@ void NativeDialogPage::logOutcome(ExtendedWinFileDialog& dialog, bool accepted)
 void NativeDialogPage::log(const QString& line)
 {
     m_log->appendPlainText(line);
-}
-
-// Tour
-
-void NativeDialogPage::tour(Tour& tour)
-{
-    tour.readHelpAndCancelFileDialog([this] { m_button->click(); });
-    expectInLog(tour, tr("The dialog was cancelled."));
-    useDialogInTour(tour);
-    const QStringList lines = m_log->toPlainText().split(QLatin1Char('\n'));
-    for (const QString& line : lines)
-        tour.log(line);
-    for (const QString& line : {tr("Preview: off"), tr("Expert: on"), tr("Button: Rules"), tr("File type: 2"),
-                                tr("The dialog was accepted."), tr("Option of the accept button: 3")})
-        expectInLog(tour, line);
-    tour.expect(!m_log->toPlainText().contains(tr("Button: Columns")),
-                QStringLiteral("a disabled button does nothing"));
-    tour.takePicture();
-}
-
-void NativeDialogPage::useDialogInTour(Tour& tour)
-{
-    tour.useFileDialog({[](QFileDialog& dialog) { pickFilter(dialog, 1); },
-                        [](QFileDialog& dialog) { press(dialog, tr("Expert")); },
-                        [](QFileDialog& dialog) { typeName(dialog, QStringLiteral("notes.txt")); }},
-                       QStringLiteral("dialog"),
-                       {[](QFileDialog& dialog) { press(dialog, tr("Rules…")); },
-                        [](QFileDialog& dialog) { press(dialog, tr("Preview")); },
-                        [](QFileDialog& dialog) { press(dialog, tr("Columns…")); },
-                        [](QFileDialog& dialog) { pick(dialog, tr("Take a copy")); }},
-                       [this] { m_button->click(); });
-}
-
-void NativeDialogPage::expectInLog(Tour& tour, const QString& line) const
-{
-    const QStringList lines = m_log->toPlainText().split(QLatin1Char('\n'));
-    tour.expect(lines.contains(line), QStringLiteral("logged: ") + line);
 }
 
 } // namespace gallery

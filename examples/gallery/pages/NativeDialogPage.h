@@ -9,7 +9,6 @@
 
 class ExtendedWinFileDialog;
 class QCheckBox;
-class QFileDialog;
 class QPlainTextEdit;
 class QPushButton;
 
@@ -25,8 +24,6 @@ public:
     NativeDialogPage();
     ~NativeDialogPage() override;
 
-    void tour(Tour& tour) override;
-
 private:
     using BoolProperty = boost::shared_ptr<zelmar::Property<bool>>;
 
@@ -38,9 +35,6 @@ private:
     void log(const QString& line);
     /// Calls `step` with each new value as long as the dialog is open.
     void observe(const BoolProperty& property, const QString& name, std::function<void(bool)> step);
-
-    void useDialogInTour(Tour& tour);
-    void expectInLog(Tour& tour, const QString& line) const;
 
     const BoolProperty m_preview;
     const BoolProperty m_expert;

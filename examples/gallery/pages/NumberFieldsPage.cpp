@@ -1,11 +1,7 @@
 #include "NumberFieldsPage.h"
 
-#include "tour/Tour.h"
-
 #include "ui/qt/controls/IntegralSpinBox.h"
 #include "ui/qt/controls/QScientificSpinBox.h"
-
-#include "Keyboard.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -13,7 +9,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QLocale>
-#include <QTest>
 #include <QVBoxLayout>
 
 #include <cfloat>
@@ -148,41 +143,6 @@ void NumberFieldsPage::showState()
 void NumberFieldsPage::showValue()
 {
     m_value->setText(QString::number(m_number->value(), 'g', QLocale::FloatingPointShortest));
-}
-
-// Tour
-
-void NumberFieldsPage::typeInTour(const QString& text)
-{
-    takeKeyboardFocus(*m_number);
-    m_number->selectAll();
-    QTest::keyClicks(m_number, text);
-}
-
-void NumberFieldsPage::tour(Tour& tour)
-{
-    m_suffix->setText(QStringLiteral(" mol/s"));
-    m_digits->setValue(4);
-    tour.expect(m_number->text() == QStringLiteral("0.3333 mol/s"), QStringLiteral("four digits are shown"));
-    tour.log(QStringLiteral("value: ") + m_value->text());
-
-    typeInTour(QStringLiteral("1.5e-7"));
-    tour.log(m_number->text() + QStringLiteral(": ") + m_state->text());
-    QTest::keyClick(m_number, Qt::Key_Return);
-    tour.expect(m_number->value() == 1.5e-7, QStringLiteral("Return takes a number"));
-
-    typeInTour(QStringLiteral("1,23"));
-    tour.log(m_number->text() + QStringLiteral(": ") + m_state->text());
-    tour.takePicture(QStringLiteral("comma"));
-    QTest::keyClick(m_number, Qt::Key_Return);
-    tour.expect(m_number->value() == 1.5e-7, QStringLiteral("Return does not take a decimal comma"));
-
-    m_ownSteps->setChecked(true);
-    QTest::keyClick(m_number, Qt::Key_Up);
-    takeKeyboardFocus(*m_integer);
-    QTest::keyClick(m_integer, Qt::Key_PageUp);
-    tour.log(QStringLiteral("after steps of one's own: %1 and %2").arg(m_number->text(), m_integer->text()));
-    tour.takePicture();
 }
 
 } // namespace gallery

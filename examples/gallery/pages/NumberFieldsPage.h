@@ -26,8 +26,6 @@ public:
     NumberFieldsPage();
     ~NumberFieldsPage() override;
 
-    void tour(Tour& tour) override;
-
 private:
     void addSettings(QFormLayout& form);
     void connectSettings();
@@ -35,7 +33,6 @@ private:
     void takeStepsOver(bool on);
     void showState();
     void showValue();
-    void typeInTour(const QString& text);
 
     QLineEdit& typedText() const;
 

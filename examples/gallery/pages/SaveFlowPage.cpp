@@ -1,7 +1,5 @@
 #include "SaveFlowPage.h"
 
-#include "tour/Tour.h"
-
 #include "ui/qt/dialogs/DefaultSaveFileMessageHandler.h"
 #include "ui/qt/dialogs/SaveFileQtDialog.h"
 
@@ -140,47 +138,6 @@ QString SaveFlowPage::written(const SaveFileQtDialog& flow) const
     else
         lines += tr("Not written: %1").arg(file.errorString());
     return lines.join(QLatin1Char('\n'));
-}
-
-// Tour
-
-void SaveFlowPage::tour(Tour& tour)
-{
-    tour.readHelpAndCancelFileDialog([this] { m_button->click(); });
-    tour.expect(m_result->toPlainText() == tr("Nothing was saved."), QStringLiteral("Escape saves nothing"));
-
-    saveInTour(tour, 0, QStringLiteral("sample"), QStringLiteral("sample.dat"));
-    saveInTour(tour, 1, QStringLiteral("sample."), QStringLiteral("sample.csv"));
-    saveInTour(tour, 2, QStringLiteral("sample"), QStringLiteral("sample.htm"));
-    overwriteInTour(tour, true);
-    overwriteInTour(tour, false);
-    tour.takePicture();
-}
-
-void SaveFlowPage::saveInTour(Tour& tour, int writer, const QString& name, const QString& expectedName)
-{
-    m_table->selectRow(writer);
-    tour.acceptFileDialog({name, -1, writer == 0 ? QStringLiteral("dialog") : QString()},
-                          [this] { m_button->click(); });
-    const QStringList lines = m_result->toPlainText().split(QLatin1Char('\n'));
-    for (const QString& line : lines)
-        tour.log(line);
-    QFile file(QDir::current().filePath(expectedName));
-    tour.expect(file.open(QIODevice::ReadOnly) && file.readAll() == m_writers[writer].sample,
-                QStringLiteral("the writer that was preselected has written ") + expectedName);
-}
-
-void SaveFlowPage::overwriteInTour(Tour& tour, bool ownWording)
-{
-    m_ownWording->setChecked(ownWording);
-    m_table->selectRow(0);
-    tour.acceptFileDialog({QStringLiteral("sample"),
-                           -1,
-                           QString(),
-                           {QMessageBox::Yes},
-                           ownWording ? QString() : QStringLiteral("question")},
-                          [this] { m_button->click(); });
-    tour.expect(m_result->toPlainText().contains(QStringLiteral("sample.dat")), QStringLiteral("Yes writes over it"));
 }
 
 } // namespace gallery

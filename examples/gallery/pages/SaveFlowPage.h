@@ -21,17 +21,12 @@ public:
     SaveFlowPage();
     ~SaveFlowPage() override;
 
-    void tour(Tour& tour) override;
-
 private:
     void addWidgets();
     void fillTable();
     void save();
     std::unique_ptr<SaveFileQtDialog> makeFlow() const;
     QString written(const SaveFileQtDialog& flow) const;
-
-    void saveInTour(Tour& tour, int writer, const QString& name, const QString& expectedName);
-    void overwriteInTour(Tour& tour, bool ownWording);
 
     const QVector<SampleWriter> m_writers;
     QTableWidget* m_table;

@@ -1,11 +1,8 @@
 #include "TableCopyPage.h"
 
 #include "TableView.h"
-#include "tour/Tour.h"
 
 #include "ui/qt/controls/TableCopyHandler.h"
-
-#include "Keyboard.h"
 
 #include <QCheckBox>
 #include <QClipboard>
@@ -17,7 +14,6 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QStandardItemModel>
-#include <QTest>
 #include <QTextOption>
 
 namespace gallery {
@@ -101,6 +97,7 @@ void TableCopyPage::addWidgets()
     QTextOption option = m_text->document()->defaultTextOption();
     option.setFlags(option.flags() | QTextOption::ShowTabsAndSpaces);
     m_text->document()->setDefaultTextOption(option);
+    m_size->setObjectName(QStringLiteral("size"));
     m_size->setTextFormat(Qt::PlainText);
     auto* label = new QLabel(tr("Copied &text"));
     label->setBuddy(m_text);
@@ -151,55 +148,6 @@ void TableCopyPage::showCopiedText()
     const QLocale locale;
     m_size->setText(tr("%1 letters, %2 line feeds")
                         .arg(locale.toString(text.size()), locale.toString(qlonglong(text.count(QLatin1Char('\n'))))));
-}
-
-// Tour
-
-void TableCopyPage::tour(Tour& tour)
-{
-    takeKeyboardFocus(*m_view);
-    selectInTour({QStringLiteral("B2"), QStringLiteral("A1"), QStringLiteral("B1")});
-    copyInTour(tour, QStringLiteral("A1\tB1\nB2"));
-    copyMillionInTour(tour);
-
-    m_selectButton->click();
-    m_copyButton->click();
-    tour.log(QStringLiteral("copied: ") + m_size->text());
-    tour.expect(m_text->toPlainText().contains(QStringLiteral("A2\tB2\tD2\tE2\n")),
-                QStringLiteral("disabled cells are not copied"));
-    selectInTour({QStringLiteral("D6"), QStringLiteral("A1"), QStringLiteral("C1"), QStringLiteral("A3"),
-                  QStringLiteral("B3"), QStringLiteral("D3"), QStringLiteral("E3")});
-    copyInTour(tour, QStringLiteral("A1\tC1\nA3\tD3\tE3\nD6"));
-    tour.takePicture();
-}
-
-void TableCopyPage::selectInTour(const QStringList& cells)
-{
-    m_view->clearSelection();
-    for (const QString& cell : cells) {
-        const QModelIndex index = m_fewCells->index(cell.mid(1).toInt() - 1, cell[0].unicode() - 'A');
-        m_view->selectionModel()->select(index, QItemSelectionModel::Select);
-    }
-}
-
-void TableCopyPage::copyInTour(Tour& tour, const QString& expected)
-{
-    takeKeyboardFocus(*m_view);
-    QTest::keyClick(m_view, Qt::Key_C, Qt::ControlModifier);
-    QString shown = m_text->toPlainText();
-    tour.expect(shown == expected, QStringLiteral("selected cells are copied in the order of the table"));
-    shown.replace(QLatin1Char('\t'), QStringLiteral(", ")).replace(QLatin1Char('\n'), QStringLiteral("; "));
-    tour.log(QStringLiteral("copied: ") + shown);
-}
-
-void TableCopyPage::copyMillionInTour(Tour& tour)
-{
-    m_million->click();
-    takeKeyboardFocus(*m_view);
-    QTest::keyClick(m_view, Qt::Key_A, Qt::ControlModifier);
-    QTest::keyClick(m_view, Qt::Key_C, Qt::ControlModifier);
-    tour.log(QStringLiteral("copied a million cells: ") + m_size->text());
-    m_million->click();
 }
 
 } // namespace gallery

@@ -24,18 +24,12 @@ public:
     TableCopyPage();
     ~TableCopyPage() override;
 
-    void tour(Tour& tour) override;
-
 private:
     void addWidgets();
     void connectWidgets();
     void showMillion(bool on);
     void hideColumnB(bool on);
     void showCopiedText();
-
-    void selectInTour(const QStringList& cells);
-    void copyInTour(Tour& tour, const QString& expected);
-    void copyMillionInTour(Tour& tour);
 
     std::unique_ptr<QAbstractItemModel> m_fewCells;
     std::unique_ptr<QAbstractItemModel> m_millionCells;

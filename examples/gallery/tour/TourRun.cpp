@@ -2,6 +2,7 @@
 
 #include "GalleryWindow.h"
 #include "Tour.h"
+#include "pages/pageTours.h"
 
 #include "platform/ApplicationSettings.h"
 
@@ -55,7 +56,7 @@ void TourRun::walkThroughPages(GalleryWindow& window)
     for (GalleryPage* page : window.pages()) {
         tour.enterPage(page->title());
         window.showPage(*page);
-        page->tour(tour);
+        tourPage(*page, tour);
     }
 }
 

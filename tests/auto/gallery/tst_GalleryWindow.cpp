@@ -23,7 +23,6 @@ public:
     }
 
     bool mayLeave() override { return m_lets; }
-    void tour(gallery::Tour& /*tour*/) override {}
 
 private:
     const bool m_lets;
