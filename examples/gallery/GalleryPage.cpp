@@ -1,5 +1,8 @@
 #include "GalleryPage.h"
 
+#include "CodeArea.h"
+#include "PageCode.h"
+
 #include <QFontInfo>
 #include <QLabel>
 #include <QVBoxLayout>
@@ -23,25 +26,32 @@ QFont headingFont(const QWidget& widget)
 
 GalleryPage::GalleryPage(QString title, const QString& description)
     : m_title(std::move(title))
-    , m_contents(new QVBoxLayout(this))
+    , m_contents(new QVBoxLayout)
 {
-    addHeading(description);
+    auto* layout = new QVBoxLayout(this);
+    addHeading(*layout, description);
+    layout->addLayout(m_contents, 1);
 }
 
 GalleryPage::~GalleryPage() = default;
 
-void GalleryPage::addHeading(const QString& description)
+void GalleryPage::offerCode(const PageCode& code)
+{
+    layout()->addWidget(new CodeArea(code.text()));
+}
+
+void GalleryPage::addHeading(QVBoxLayout& layout, const QString& description)
 {
     auto* heading = new QLabel(m_title);
     heading->setTextFormat(Qt::PlainText);
     heading->setFont(headingFont(*this));
-    m_contents->addWidget(heading);
+    layout.addWidget(heading);
 
     auto* text = new QLabel(description);
     text->setTextFormat(Qt::PlainText);
     text->setWordWrap(true);
-    m_contents->addWidget(text);
-    m_contents->addSpacing(fontMetrics().height() / 2);
+    layout.addWidget(text);
+    layout.addSpacing(fontMetrics().height() / 2);
 }
 
 } // namespace gallery

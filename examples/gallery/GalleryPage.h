@@ -7,6 +7,8 @@ class QVBoxLayout;
 
 namespace gallery {
 
+class PageCode;
+
 /// A page of the gallery with a heading, a description and the widgets that it demonstrates.
 ///
 /// To add a page to the gallery, add a line to makeGalleryPages() and a tour to tour/pages.
@@ -22,6 +24,9 @@ public:
 
     [[nodiscard]] const QString& title() const { return m_title; }
 
+    /// Adds a button below the page that shows `code`.
+    void offerCode(const PageCode& code);
+
     /// Returns whether this page allows the window to close. May ask the user, or close the window itself later.
     virtual bool mayLeave() { return true; }
 
@@ -30,7 +35,7 @@ protected:
     QVBoxLayout& contents() { return *m_contents; }
 
 private:
-    void addHeading(const QString& description);
+    void addHeading(QVBoxLayout& layout, const QString& description);
 
     QString m_title;
     QVBoxLayout* m_contents;

@@ -2,6 +2,7 @@
 
 #include "ui/qt/dialogs/DefaultSaveFileMessageHandler.h"
 #include "ui/qt/dialogs/SaveFileQtDialog.h"
+#include "ui/qt/dialogs/TranslatedSaveFileMessageHandler.h"
 
 #include <QCheckBox>
 #include <QDir>
@@ -41,7 +42,7 @@ std::unique_ptr<zelmar::SaveFileMessageHandlerInterface> makeHandler(bool ownWor
 {
     if (ownWording)
         return std::make_unique<ShortWording>();
-    return std::make_unique<zelmar::DefaultSaveFileMessageHandler>();
+    return std::make_unique<zelmar::TranslatedSaveFileMessageHandler>();
 }
 
 } // namespace

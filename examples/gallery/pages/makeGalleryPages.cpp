@@ -12,22 +12,39 @@
 #include "TableCopyPage.h"
 #include "TableEditorPage.h"
 
+#include "PageCode.h"
+
+#include <utility>
+
 namespace gallery {
+
+namespace {
+
+using Code = std::vector<SourceFunctions>;
+
+} // namespace
 
 std::vector<std::unique_ptr<GalleryPage>> makeGalleryPages()
 {
     std::vector<std::unique_ptr<GalleryPage>> pages;
-    pages.push_back(std::make_unique<TableEditorPage>());
+    const auto add = [&pages](std::unique_ptr<GalleryPage> page, const Code& code) {
+        page->offerCode(PageCode(code));
+        pages.push_back(std::move(page));
+    };
+    add(std::make_unique<TableEditorPage>(), {{"TableEditorPage.cpp", {"askForPath", "saveTable"}}});
     for (const FileDialogExample& example : fileDialogExamples())
-        pages.push_back(std::make_unique<FileDialogPage>(example));
-    pages.push_back(std::make_unique<SaveFlowPage>());
-    pages.push_back(std::make_unique<NativeDialogPage>());
-    pages.push_back(std::make_unique<EitherDialogPage>());
-    pages.push_back(std::make_unique<NumberFieldsPage>());
-    pages.push_back(std::make_unique<FilteringComboPage>());
-    pages.push_back(std::make_unique<LabelsAndButtonsPage>());
-    pages.push_back(std::make_unique<HelpersPage>());
-    pages.push_back(std::make_unique<TableCopyPage>());
+        add(std::make_unique<FileDialogPage>(example), {{"FileDialogPage.cpp", {"outcomeOfDialog"}}});
+    add(std::make_unique<SaveFlowPage>(), {{"SaveFlowPage.cpp", {"makeHandler", "makeFlow", "save"}}});
+    add(std::make_unique<NativeDialogPage>(), {{"NativeDialogPage.cpp", {"runDialog", "addControls"}}});
+    add(std::make_unique<EitherDialogPage>(), {{"EitherDialogPage.cpp", {"open", "save", "chooseDirectory", "run"}}});
+    add(std::make_unique<NumberFieldsPage>(),
+        {{"NumberFieldsPage.cpp", {"connectSettings", "applyRange", "takeStepsOver"}}});
+    add(std::make_unique<FilteringComboPage>(), {{"FilteringComboPage.cpp", {"edit", "takeName"}}});
+    add(std::make_unique<LabelsAndButtonsPage>(), {{"LabelsAndButtonsPage.cpp", {"makeSplitter", "addButton"}}});
+    add(std::make_unique<HelpersPage>(),
+        {{"HelpersPage.cpp", {"work", "setConnected", "showMainWindow", "addFontsFrom"}}});
+    add(std::make_unique<TableCopyPage>(),
+        {{"TableCopyPage.cpp", {"connectWidgets"}}, {"TableView.cpp", {"TableView", "addContextMenu"}}});
     return pages;
 }
 
