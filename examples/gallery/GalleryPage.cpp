@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <utility>
 
 namespace gallery {
@@ -26,6 +27,7 @@ QFont headingFont(const QWidget& widget)
 
 GalleryPage::GalleryPage(QString title, const QString& description)
     : m_title(std::move(title))
+    , m_searchedText(m_title + QLatin1Char('\n') + description)
     , m_contents(new QVBoxLayout)
 {
     auto* layout = new QVBoxLayout(this);
@@ -38,6 +40,14 @@ GalleryPage::~GalleryPage() = default;
 void GalleryPage::offerCode(const PageCode& code)
 {
     layout()->addWidget(new CodeArea(code.text()));
+    m_searchedText += QLatin1Char('\n') + code.includedNames().join(QLatin1Char('\n'));
+}
+
+bool GalleryPage::matches(const QString& text) const
+{
+    const QStringList words = text.simplified().split(QLatin1Char(' '));
+    return std::all_of(words.begin(), words.end(),
+                       [this](const QString& word) { return m_searchedText.contains(word, Qt::CaseInsensitive); });
 }
 
 void GalleryPage::addHeading(QVBoxLayout& layout, const QString& description)

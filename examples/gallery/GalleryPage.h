@@ -24,6 +24,10 @@ public:
 
     [[nodiscard]] const QString& title() const { return m_title; }
 
+    /// Returns whether each word of `text` is in the title, in the description or in the name of a class or function of
+    /// the library that the page uses. Case does not matter.
+    [[nodiscard]] bool matches(const QString& text) const;
+
     /// Adds a button below the page that shows `code`.
     void offerCode(const PageCode& code);
 
@@ -38,6 +42,7 @@ private:
     void addHeading(QVBoxLayout& layout, const QString& description);
 
     QString m_title;
+    QString m_searchedText; ///< everything in which matches() looks
     QVBoxLayout* m_contents;
 };
 

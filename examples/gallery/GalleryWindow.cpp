@@ -1,23 +1,43 @@
 #include "GalleryWindow.h"
 
+#include "PageList.h"
+
 #include "ui/qt/dialogs/ExtendedFileDialog.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QHBoxLayout>
-#include <QLabel>
-#include <QListWidget>
 #include <QMenuBar>
 #include <QScreen>
+#include <QScrollArea>
 #include <QStackedWidget>
-#include <QStyle>
 
 #include <algorithm>
 
 namespace gallery {
 
+namespace {
+
+/// Returns a scroll area with the page that shows the widget with the keyboard focus.
+QWidget* scrolled(std::unique_ptr<GalleryPage> page)
+{
+    auto* area = new QScrollArea;
+    area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus);
+    area->setWidgetResizable(true);
+    area->setWidget(page.release());
+    QObject::connect(qApp, &QApplication::focusChanged, area, [area](QWidget* /*old*/, QWidget* now) {
+        if (area->widget()->isAncestorOf(now))
+            area->ensureWidgetVisible(now);
+    });
+    return area;
+}
+
+} // namespace
+
 GalleryWindow::GalleryWindow(std::vector<std::unique_ptr<GalleryPage>> pages)
-    : m_list(new QListWidget)
+    : m_list(new PageList)
     , m_stack(new QStackedWidget)
 {
     setWindowTitle(tr("Gallery of common_ui_qt"));
@@ -26,14 +46,14 @@ GalleryWindow::GalleryWindow(std::vector<std::unique_ptr<GalleryPage>> pages)
 
     auto* central = new QWidget;
     auto* layout = new QHBoxLayout(central);
-    layout->addWidget(makePageColumn());
+    layout->addWidget(m_list);
     layout->addWidget(m_stack, 1);
     setCentralWidget(central);
     addMenu();
 
-    connect(m_list, &QListWidget::currentRowChanged, m_stack, &QStackedWidget::setCurrentIndex);
-    m_list->setCurrentRow(0);
-    m_list->setFocus();
+    connect(m_list, &PageList::currentChanged, m_stack, &QStackedWidget::setCurrentIndex);
+    m_list->setCurrent(0);
+    m_list->focusList();
     resizeToScreen();
 }
 
@@ -41,7 +61,7 @@ GalleryWindow::~GalleryWindow() = default;
 
 void GalleryWindow::showPage(GalleryPage& page)
 {
-    m_list->setCurrentRow(m_stack->indexOf(&page));
+    m_list->setCurrent(int(std::find(m_pages.begin(), m_pages.end(), &page) - m_pages.begin()));
 }
 
 void GalleryWindow::closeEvent(QCloseEvent* event)
@@ -56,31 +76,18 @@ void GalleryWindow::closeEvent(QCloseEvent* event)
 void GalleryWindow::addPage(std::unique_ptr<GalleryPage> page)
 {
     m_pages.push_back(page.get());
-    m_list->addItem(page->title());
-    m_stack->addWidget(page.release());
-}
-
-QWidget* GalleryWindow::makePageColumn()
-{
-    auto* column = new QWidget;
-    auto* layout = new QVBoxLayout(column);
-    auto* label = new QLabel(tr("&Pages"));
-    label->setBuddy(m_list);
-    layout->addWidget(label);
-    layout->addWidget(m_list);
-
-    m_list->setAccessibleName(tr("Pages"));
-    const int scrollBar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, m_list);
-    column->setFixedWidth(m_list->sizeHintForColumn(0) + scrollBar + 2 * fontMetrics().height());
-    return column;
+    m_list->add(*page);
+    m_stack->addWidget(scrolled(std::move(page)));
 }
 
 void GalleryWindow::addMenu()
 {
     QMenu* menu = menuBar()->addMenu(tr("&Gallery"));
-    QAction* next = menu->addAction(tr("&Next page"), this, [this] { step(1); });
+    QAction* find = menu->addAction(tr("&Find a page"), m_list, &PageList::focusSearch);
+    find->setShortcut(QKeySequence::Find);
+    QAction* next = menu->addAction(tr("&Next page"), m_list, [this] { m_list->step(1); });
     next->setShortcut(QKeySequence(QStringLiteral("Ctrl+PgDown")));
-    QAction* previous = menu->addAction(tr("&Previous page"), this, [this] { step(-1); });
+    QAction* previous = menu->addAction(tr("&Previous page"), m_list, [this] { m_list->step(-1); });
     previous->setShortcut(QKeySequence(QStringLiteral("Ctrl+PgUp")));
     menu->addSeparator();
     QAction* native = menu->addAction(tr("&System's file dialogs"));
@@ -90,11 +97,6 @@ void GalleryWindow::addMenu()
     menu->addSeparator();
     QAction* quit = menu->addAction(tr("&Quit"), this, &QWidget::close);
     quit->setShortcut(QKeySequence::Quit);
-}
-
-void GalleryWindow::step(int pages)
-{
-    m_list->setCurrentRow(qBound(0, m_list->currentRow() + pages, m_list->count() - 1));
 }
 
 void GalleryWindow::resizeToScreen()

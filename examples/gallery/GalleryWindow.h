@@ -7,13 +7,15 @@
 #include <memory>
 #include <vector>
 
-class QListWidget;
 class QStackedWidget;
 
 namespace gallery {
 
-/// The main window with the list of pages at the left and the selected page at the right. Ctrl+Page Down and Ctrl+Page
-/// Up switch the page, whichever widget has the keyboard focus.
+class PageList;
+
+/// The main window with the list of pages at the left and the selected page at the right. A page that does not fit is
+/// scrolled. Ctrl+Page Down and Ctrl+Page Up switch the page, and Ctrl+F looks for one, whichever widget has the
+/// keyboard focus.
 class GalleryWindow : public QMainWindow
 {
     Q_OBJECT
@@ -31,14 +33,12 @@ protected:
 
 private:
     void addPage(std::unique_ptr<GalleryPage> page);
-    QWidget* makePageColumn();
     void addMenu();
-    void step(int pages);
     void resizeToScreen();
 
-    QListWidget* m_list;
+    PageList* m_list;
     QStackedWidget* m_stack;
-    std::vector<GalleryPage*> m_pages; ///< owned by the stack
+    std::vector<GalleryPage*> m_pages; ///< owned by the scroll areas in the stack
 };
 
 } // namespace gallery
