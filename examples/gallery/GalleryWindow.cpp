@@ -1,6 +1,7 @@
 #include "GalleryWindow.h"
 
 #include "PageList.h"
+#include "ViewMenu.h"
 
 #include "ui/qt/dialogs/ExtendedFileDialog.h"
 
@@ -11,6 +12,7 @@
 #include <QMenuBar>
 #include <QScreen>
 #include <QScrollArea>
+#include <QSettings>
 #include <QStackedWidget>
 
 #include <algorithm>
@@ -18,6 +20,15 @@
 namespace gallery {
 
 namespace {
+
+const QString geometryKey = QStringLiteral("window/geometry");
+const QString pageKey = QStringLiteral("window/page");
+
+/// Returns the size of the largest window that leaves space for its frame.
+QSize sizeOn(const QRect& screen)
+{
+    return screen.size() * 9 / 10;
+}
 
 /// Returns a scroll area with the page that shows the widget with the keyboard focus.
 QWidget* scrolled(std::unique_ptr<GalleryPage> page)
@@ -34,11 +45,30 @@ QWidget* scrolled(std::unique_ptr<GalleryPage> page)
     return area;
 }
 
+/// Returns where a window goes that had the geometry `wanted` on a screen that may be gone: the same place if it is on
+/// a screen, or else the nearest one, with space for the frame.
+QRect placeOnScreen(const QRect& wanted)
+{
+    const QScreen* screen = QGuiApplication::screenAt(wanted.center());
+    const QRect available = (screen ? screen : QGuiApplication::primaryScreen())->availableGeometry();
+    if (available.contains(wanted))
+        return wanted;
+    QRect inner(QPoint(), sizeOn(available));
+    inner.moveCenter(available.center());
+    QRect place(wanted.topLeft(), wanted.size().boundedTo(inner.size()));
+    place.moveRight(qMin(place.right(), inner.right()));
+    place.moveBottom(qMin(place.bottom(), inner.bottom()));
+    place.moveLeft(qMax(place.left(), inner.left()));
+    place.moveTop(qMax(place.top(), inner.top()));
+    return place;
+}
+
 } // namespace
 
 GalleryWindow::GalleryWindow(std::vector<std::unique_ptr<GalleryPage>> pages)
     : m_list(new PageList)
     , m_stack(new QStackedWidget)
+    , m_viewMenu(new ViewMenu)
 {
     setWindowTitle(tr("Gallery of common_ui_qt"));
     for (auto& page : pages)
@@ -49,7 +79,7 @@ GalleryWindow::GalleryWindow(std::vector<std::unique_ptr<GalleryPage>> pages)
     layout->addWidget(m_list);
     layout->addWidget(m_stack, 1);
     setCentralWidget(central);
-    addMenu();
+    addMenus();
 
     connect(m_list, &PageList::currentChanged, m_stack, &QStackedWidget::setCurrentIndex);
     m_list->setCurrent(0);
@@ -70,7 +100,29 @@ void GalleryWindow::closeEvent(QCloseEvent* event)
         std::find_if(m_pages.begin(), m_pages.end(), [](GalleryPage* page) { return !page->mayLeave(); });
     if (refusing != m_pages.end())
         showPage(**refusing); // which tells why
+    else
+        keep();
     event->setAccepted(refusing == m_pages.end());
+}
+
+void GalleryWindow::restore()
+{
+    m_viewMenu->restore();
+    const QSettings settings;
+    restoreGeometry(settings.value(geometryKey).toByteArray());
+    if (!isMaximized() && !isFullScreen())
+        setGeometry(placeOnScreen(geometry()));
+    const QString title = settings.value(pageKey).toString();
+    for (GalleryPage* page : m_pages)
+        if (page->title() == title)
+            showPage(*page);
+}
+
+void GalleryWindow::keep() const
+{
+    QSettings settings;
+    settings.setValue(geometryKey, saveGeometry());
+    settings.setValue(pageKey, m_pages[m_list->current()]->title());
 }
 
 void GalleryWindow::addPage(std::unique_ptr<GalleryPage> page)
@@ -80,7 +132,7 @@ void GalleryWindow::addPage(std::unique_ptr<GalleryPage> page)
     m_stack->addWidget(scrolled(std::move(page)));
 }
 
-void GalleryWindow::addMenu()
+void GalleryWindow::addMenus()
 {
     QMenu* menu = menuBar()->addMenu(tr("&Gallery"));
     QAction* find = menu->addAction(tr("&Find a page"), m_list, &PageList::focusSearch);
@@ -97,12 +149,13 @@ void GalleryWindow::addMenu()
     menu->addSeparator();
     QAction* quit = menu->addAction(tr("&Quit"), this, &QWidget::close);
     quit->setShortcut(QKeySequence::Quit);
+    m_viewMenu->setParent(this, m_viewMenu->windowFlags());
+    menuBar()->addMenu(m_viewMenu);
 }
 
 void GalleryWindow::resizeToScreen()
 {
-    // Leaves space for the frame of the window.
-    resize(QSize(960, 640).boundedTo(screen()->availableSize() * 9 / 10));
+    resize(QSize(960, 640).boundedTo(sizeOn(screen()->availableGeometry())));
 }
 
 } // namespace gallery

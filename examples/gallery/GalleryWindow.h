@@ -12,6 +12,7 @@ class QStackedWidget;
 namespace gallery {
 
 class PageList;
+class ViewMenu;
 
 /// The main window with the list of pages at the left and the selected page at the right. A page that does not fit is
 /// scrolled. Ctrl+Page Down and Ctrl+Page Up switch the page, and Ctrl+F looks for one, whichever widget has the
@@ -28,16 +29,22 @@ public:
     [[nodiscard]] const std::vector<GalleryPage*>& pages() const { return m_pages; }
     void showPage(GalleryPage& page);
 
+    /// Restores the position and the page with which the last window was closed, and the choices in the View menu.
+    void restore();
+    [[nodiscard]] ViewMenu& viewMenu() { return *m_viewMenu; }
+
 protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
     void addPage(std::unique_ptr<GalleryPage> page);
-    void addMenu();
+    void addMenus();
+    void keep() const;
     void resizeToScreen();
 
     PageList* m_list;
     QStackedWidget* m_stack;
+    ViewMenu* m_viewMenu;
     std::vector<GalleryPage*> m_pages; ///< owned by the scroll areas in the stack
 };
 

@@ -1,6 +1,6 @@
 #include "GalleryWindow.h"
 #include "HelpDialog.h"
-#include "darkPalette.h"
+#include "ViewMenu.h"
 #include "pages/makeGalleryPages.h"
 #include "tour/TourRun.h"
 
@@ -54,12 +54,6 @@ void nameApplication()
 #endif
 }
 
-void useDarkColours()
-{
-    QApplication::setStyle(QStringLiteral("Fusion"));
-    QApplication::setPalette(gallery::darkPalette());
-}
-
 } // namespace
 
 int main(int argc, char* argv[])
@@ -77,13 +71,15 @@ int main(int argc, char* argv[])
     if (commandLine.parser.isSet(commandLine.tour))
         tour.emplace(commandLine.parser.value(commandLine.tour));
 
+    gallery::useChosenScale();
     QApplication application(argc, argv);
     commandLine.parser.process(application);
-    if (commandLine.parser.isSet(commandLine.dark))
-        useDarkColours();
     gallery::showHelpTopicsInDialogs();
 
     gallery::GalleryWindow window(gallery::makeGalleryPages());
+    window.restore();
+    if (commandLine.parser.isSet(commandLine.dark))
+        window.viewMenu().useDarkColours();
     window.show();
     return tour ? tour->walk(window) : QApplication::exec();
 }

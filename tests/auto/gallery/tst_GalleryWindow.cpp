@@ -1,14 +1,31 @@
 #include "GalleryWindow.h"
 
+#include "PageList.h"
+
+#include "pages/makeGalleryPages.h"
+
+#include "Keyboard.h"
 #include "TestHome.h"
 
+#include <QAbstractButton>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenuBar>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QSettings>
 #include <QStackedWidget>
+#include <QVBoxLayout>
 #include <QtTest>
 
 #include <memory>
 #include <vector>
 
 using gallery::GalleryPage;
+using gallery::GalleryWindow;
 
 namespace {
 
@@ -24,6 +41,12 @@ public:
 
     bool mayLeave() override { return m_lets; }
 
+    void addAtTheEnd(QWidget* widget, int distance)
+    {
+        contents().addSpacing(distance);
+        contents().addWidget(widget);
+    }
+
 private:
     const bool m_lets;
 };
@@ -36,6 +59,47 @@ std::vector<std::unique_ptr<GalleryPage>> pages(bool lastLets)
     return made;
 }
 
+/// A mnemonic and what has it.
+struct Mnemonic
+{
+    QString key;
+    QString owner;
+};
+
+void append(QVector<Mnemonic>& mnemonics, const QString& text)
+{
+    const QString key = QKeySequence::mnemonic(text).toString();
+    if (!key.isEmpty())
+        mnemonics.append({key, text});
+}
+
+/// Returns the mnemonics of all widgets in `root`, shown or not.
+QVector<Mnemonic> mnemonicsIn(const QWidget& root)
+{
+    QVector<Mnemonic> mnemonics;
+    for (const auto* button : root.findChildren<QAbstractButton*>())
+        append(mnemonics, button->text());
+    for (const auto* box : root.findChildren<QGroupBox*>())
+        append(mnemonics, box->title());
+    for (const auto* label : root.findChildren<QLabel*>())
+        if (label->buddy())
+            append(mnemonics, label->text());
+    return mnemonics;
+}
+
+QVector<Mnemonic> mnemonicsAroundPages(GalleryWindow& window)
+{
+    QVector<Mnemonic> mnemonics = mnemonicsIn(*window.findChild<gallery::PageList*>());
+    for (const QAction* action : window.menuBar()->actions())
+        append(mnemonics, action->text());
+    return mnemonics;
+}
+
+QRect screenOf(const QWidget& window)
+{
+    return window.screen()->availableGeometry();
+}
+
 } // namespace
 
 class tst_GalleryWindow : public QObject
@@ -45,11 +109,18 @@ class tst_GalleryWindow : public QObject
 private Q_SLOTS:
     void showsThePageThatKeepsItOpen();
     void closesIfEachPageLetsIt();
+    void scrollsToTheKeyboardFocus();
+    void pagesNeedNoHorizontalScrollBar();
+    void mnemonicsDoNotClash();
+    void fitsOnTheScreen();
+    void comesBackAsItWas();
+    void comesBackOnTheScreen();
+    void findKeysLeadToTheSearch();
 };
 
 void tst_GalleryWindow::showsThePageThatKeepsItOpen()
 {
-    gallery::GalleryWindow window(pages(false));
+    GalleryWindow window(pages(false));
     window.show();
     auto* const stack = window.findChild<QStackedWidget*>();
     QCOMPARE(stack->currentIndex(), 0);
@@ -60,10 +131,117 @@ void tst_GalleryWindow::showsThePageThatKeepsItOpen()
 
 void tst_GalleryWindow::closesIfEachPageLetsIt()
 {
-    gallery::GalleryWindow window(pages(true));
+    GalleryWindow window(pages(true));
     window.show();
     QVERIFY(window.close());
     QVERIFY(!window.isVisible());
+}
+
+void tst_GalleryWindow::scrollsToTheKeyboardFocus()
+{
+    auto page = std::make_unique<Page>("tall", true);
+    auto* const distant = new QLineEdit;
+    page->addAtTheEnd(distant, 3000);
+    std::vector<std::unique_ptr<GalleryPage>> made;
+    made.push_back(std::move(page));
+    GalleryWindow window(std::move(made));
+    window.show();
+    QVERIFY(distant->visibleRegion().isEmpty());
+    takeKeyboardFocus(*distant);
+    QCOMPARE(distant->visibleRegion().boundingRect(), distant->rect());
+}
+
+void tst_GalleryWindow::pagesNeedNoHorizontalScrollBar()
+{
+    GalleryWindow window(gallery::makeGalleryPages());
+    window.resize(960, 640);
+    window.show();
+    for (GalleryPage* page : window.pages()) {
+        window.showPage(*page);
+        const auto* area = qobject_cast<QScrollArea*>(window.findChild<QStackedWidget*>()->currentWidget());
+        QCOMPARE(area->widget(), page);
+        QVERIFY2(page->minimumSizeHint().width() <= area->viewport()->width(), qPrintable(page->title()));
+        QVERIFY2(!area->horizontalScrollBar()->isVisible(), qPrintable(page->title()));
+    }
+}
+
+void tst_GalleryWindow::mnemonicsDoNotClash()
+{
+    GalleryWindow window(gallery::makeGalleryPages());
+    for (GalleryPage* page : window.pages()) {
+        QHash<QString, QString> owners;
+        const QVector<Mnemonic> mnemonics = mnemonicsAroundPages(window) + mnemonicsIn(*page);
+        QVERIFY(mnemonics.size() > 5);
+        for (const Mnemonic& mnemonic : mnemonics) {
+            QVERIFY2(!owners.contains(mnemonic.key),
+                     qPrintable(QString("%1: %2 for \"%3\" and for \"%4\"")
+                                    .arg(page->title(), mnemonic.key, owners[mnemonic.key], mnemonic.owner)));
+            owners[mnemonic.key] = mnemonic.owner;
+        }
+    }
+}
+
+void tst_GalleryWindow::fitsOnTheScreen()
+{
+    const QFont font = QApplication::font();
+    QFont large = font;
+    large.setPixelSize(QFontInfo(font).pixelSize() * 2);
+    for (const QFont& used : {font, large}) {
+        QApplication::setFont(used);
+        GalleryWindow window(gallery::makeGalleryPages());
+        QApplication::setFont(font);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        for (GalleryPage* page : window.pages()) {
+            window.showPage(*page);
+            QVERIFY2(window.frameGeometry().width() <= screenOf(window).width(), qPrintable(page->title()));
+            QVERIFY2(window.frameGeometry().height() <= screenOf(window).height(), qPrintable(page->title()));
+        }
+    }
+}
+
+void tst_GalleryWindow::comesBackAsItWas()
+{
+    QSettings().clear();
+    QSize size;
+    {
+        GalleryWindow window(pages(true));
+        window.restore();
+        QCOMPARE(window.findChild<QStackedWidget*>()->currentIndex(), 0);
+        window.show();
+        window.resize(window.size() - QSize(30, 20));
+        size = window.size();
+        window.showPage(*window.pages()[1]);
+        QVERIFY(window.close());
+    }
+    GalleryWindow window(pages(true));
+    window.restore();
+    QCOMPARE(window.size(), size);
+    QCOMPARE(window.findChild<QStackedWidget*>()->currentIndex(), 1);
+}
+
+void tst_GalleryWindow::comesBackOnTheScreen()
+{
+    QSettings().clear();
+    {
+        GalleryWindow window(pages(true));
+        window.setGeometry(QRect(QPoint(20000, -9000), screenOf(window).size() * 2));
+        QVERIFY(window.close());
+    }
+    GalleryWindow window(pages(true));
+    window.restore();
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QTRY_COMPARE(screenOf(window).united(window.frameGeometry()), screenOf(window));
+}
+
+void tst_GalleryWindow::findKeysLeadToTheSearch()
+{
+    GalleryWindow window(pages(true));
+    window.show();
+    takeKeyboardFocus(*window.findChild<QListWidget*>());
+    QTest::keySequence(window.windowHandle(), QKeySequence::Find);
+    QCOMPARE(window.focusWidget(), window.findChild<gallery::PageList*>()->findChild<QLineEdit*>());
 }
 
 UI_TEST_MAIN(tst_GalleryWindow)

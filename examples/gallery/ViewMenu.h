@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QLocale>
+#include <QMenu>
+#include <QPalette>
+
+namespace gallery {
+
+/// The menu with what changes the look of the whole program: dark colours, the direction of the layout, the language of
+/// the library's texts and, from the next start on, the scale. What the user chooses is kept in the settings; what is
+/// switched back looks as before.
+class ViewMenu : public QMenu
+{
+    Q_OBJECT
+
+public:
+    /// Changes nothing yet.
+    ViewMenu();
+    ~ViewMenu() override;
+
+    /// Makes the choices of the settings.
+    void restore();
+
+    /// Uses dark colours for this run of the program.
+    void useDarkColours();
+
+private:
+    void addScales();
+    void addLanguages();
+    void setDark(bool on);
+    void setRightToLeft(bool on);
+    void setLanguage(const QLocale& locale);
+
+    QAction* m_dark;
+    QAction* m_rightToLeft;
+    QMenu* m_languages;
+    QString m_lightStyle;
+    QPalette m_lightPalette;
+    Qt::LayoutDirection m_usualDirection;
+};
+
+/// Makes Qt scale the program as the user has chosen in an earlier run, unless the environment says otherwise. Call it
+/// before the application object is created, with the names of the settings already set.
+void useChosenScale();
+
+} // namespace gallery
