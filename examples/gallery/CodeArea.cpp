@@ -1,6 +1,7 @@
 #include "CodeArea.h"
 
 #include <QClipboard>
+#include <QEvent>
 #include <QFontDatabase>
 #include <QGuiApplication>
 #include <QHBoxLayout>
@@ -58,10 +59,23 @@ void CodeArea::addWidgets()
 
 void CodeArea::showCode(bool on)
 {
-    m_button->setArrowType(on ? Qt::DownArrow : Qt::RightArrow);
     m_panel->setVisible(on);
+    showArrow();
     if (on)
         m_text->setFocus(); // which scrolls the page to the code
+}
+
+void CodeArea::showArrow()
+{
+    const Qt::ArrowType closed = isRightToLeft() ? Qt::LeftArrow : Qt::RightArrow;
+    m_button->setArrowType(m_button->isChecked() ? Qt::DownArrow : closed);
+}
+
+void CodeArea::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::LayoutDirectionChange)
+        showArrow();
+    QWidget::changeEvent(event);
 }
 
 void CodeArea::copyAll()

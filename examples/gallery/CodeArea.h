@@ -16,9 +16,13 @@ public:
     explicit CodeArea(const QString& code);
     ~CodeArea() override;
 
+protected:
+    void changeEvent(QEvent* event) override;
+
 private:
     void addWidgets();
     void showCode(bool on);
+    void showArrow();
     void copyAll();
 
     QToolButton* m_button;

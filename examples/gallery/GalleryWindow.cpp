@@ -12,6 +12,7 @@
 #include <QMenuBar>
 #include <QScreen>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QSettings>
 #include <QStackedWidget>
 
@@ -30,7 +31,7 @@ QSize sizeOn(const QRect& screen)
     return screen.size() * 9 / 10;
 }
 
-/// Returns a scroll area with the page that shows the widget with the keyboard focus.
+/// Returns a scroll area with the page that shows the widget with the keyboard focus, also when the page grows.
 QWidget* scrolled(std::unique_ptr<GalleryPage> page)
 {
     auto* area = new QScrollArea;
@@ -38,10 +39,14 @@ QWidget* scrolled(std::unique_ptr<GalleryPage> page)
     area->setFocusPolicy(Qt::NoFocus);
     area->setWidgetResizable(true);
     area->setWidget(page.release());
-    QObject::connect(qApp, &QApplication::focusChanged, area, [area](QWidget* /*old*/, QWidget* now) {
-        if (area->widget()->isAncestorOf(now))
-            area->ensureWidgetVisible(now);
-    });
+    const auto showFocus = [area] {
+        QWidget* const focused = QApplication::focusWidget();
+        if (focused && area->widget()->isAncestorOf(focused))
+            area->ensureWidgetVisible(focused);
+    };
+    QObject::connect(qApp, &QApplication::focusChanged, area, showFocus);
+    // Queued, because the layout of the page follows the scroll bars.
+    QObject::connect(area->verticalScrollBar(), &QScrollBar::rangeChanged, area, showFocus, Qt::QueuedConnection);
     return area;
 }
 
@@ -109,8 +114,7 @@ void GalleryWindow::restore()
 {
     m_viewMenu->restore();
     const QSettings settings;
-    restoreGeometry(settings.value(geometryKey).toByteArray());
-    if (!isMaximized() && !isFullScreen())
+    if (restoreGeometry(settings.value(geometryKey).toByteArray()) && !isMaximized() && !isFullScreen())
         setGeometry(placeOnScreen(geometry()));
     const QString title = settings.value(pageKey).toString();
     for (GalleryPage* page : m_pages)

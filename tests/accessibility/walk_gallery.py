@@ -62,6 +62,7 @@ class Walk:
         for page in self.titles():
             self.walk_page(page)
             self.pages += 1
+        self.search_pages()
         self.choose_in_menu("Quit")
         result = self.program.wait()
         if result != 0:
@@ -102,12 +103,27 @@ class Walk:
             raise Failure(f"the menu has no {name}")
         self.menu[name].do_action(0)
 
+    # The search for pages
+
+    def search_pages(self):
+        """Looks for a page that is found, and for one that is not, and shows all pages again."""
+        root = self.judge("the search", MAIN_WINDOW)
+        field = find(root, "text", "Look for a page")
+        self.choose_in_menu("Find a page")
+        self.follows("the search", field, "Find a page", "focused", True)
+        type_text(field, "number fields")
+        self.judge("the search, found", MAIN_WINDOW, "Number fields")
+        type_text(field, "no such page")
+        self.judge("the search, not found", MAIN_WINDOW, "No page matches")
+        type_text(field, "")
+
     # Pages
 
     def walk_page(self, page):
         root = self.judge(page, MAIN_WINDOW, page)
         self.press_keys(page, root)
         self.toggle_boxes(page, root)
+        self.open_code(page, root)
         if page == "Filtering combo box":
             self.edit_in_box(page, root)
         if page == "Labels and buttons":
@@ -147,6 +163,18 @@ class Walk:
             if has_state(box, "checked") != checked:
                 act(box, "Toggle")
                 self.follows(place, box, "Toggle", "checked", checked)
+
+    def open_code(self, page, root):
+        """Shows and hides the code of the page."""
+        button = find(root, None, "Source code")
+        act(button, "Toggle")
+        place = f"{page}, its code"
+        code = find(self.judge(place, MAIN_WINDOW, "Code"), "text", "Code")
+        self.follows(place, code, "its button", "focused", True)
+        if not code.text.strip():
+            self.blame(place, f"{code.path()}: is empty")
+        act(button, "Toggle")
+        self.follows(place, code, "its button", "showing", False)
 
     def open_lists(self, place, root):
         """Opens and closes each list and menu that a control tells about."""

@@ -1,5 +1,6 @@
 #include "GalleryWindow.h"
 
+#include "PageCode.h"
 #include "PageList.h"
 
 #include "pages/makeGalleryPages.h"
@@ -13,11 +14,13 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenuBar>
+#include <QPlainTextEdit>
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSettings>
 #include <QStackedWidget>
+#include <QToolButton>
 #include <QVBoxLayout>
 #include <QtTest>
 
@@ -110,6 +113,7 @@ private Q_SLOTS:
     void showsThePageThatKeepsItOpen();
     void closesIfEachPageLetsIt();
     void scrollsToTheKeyboardFocus();
+    void scrollsToTheCode();
     void pagesNeedNoHorizontalScrollBar();
     void mnemonicsDoNotClash();
     void fitsOnTheScreen();
@@ -149,6 +153,23 @@ void tst_GalleryWindow::scrollsToTheKeyboardFocus()
     QVERIFY(distant->visibleRegion().isEmpty());
     takeKeyboardFocus(*distant);
     QCOMPARE(distant->visibleRegion().boundingRect(), distant->rect());
+}
+
+void tst_GalleryWindow::scrollsToTheCode()
+{
+    auto page = std::make_unique<Page>("tall", true);
+    page->addAtTheEnd(new QLineEdit, 3000);
+    page->offerCode(gallery::PageCode({{"HelpersPage.cpp", {"work"}}, {"HelpersPage.cpp", {"addFonts"}}}));
+    std::vector<std::unique_ptr<GalleryPage>> made;
+    made.push_back(std::move(page));
+    GalleryWindow window(std::move(made));
+    window.show();
+    auto* const button = window.pages()[0]->findChild<QToolButton*>();
+    const auto* code = window.pages()[0]->findChild<QPlainTextEdit*>();
+    takeKeyboardFocus(*button);
+    button->click();
+    QTRY_VERIFY(code->hasFocus());
+    QTRY_COMPARE(code->visibleRegion().boundingRect(), code->rect());
 }
 
 void tst_GalleryWindow::pagesNeedNoHorizontalScrollBar()

@@ -95,14 +95,18 @@ void tst_PageCode::codeIsShownAndCopied()
     auto* const text = area.findChild<QPlainTextEdit*>();
     auto* const button = area.findChild<QToolButton*>();
     QVERIFY(!text->isVisible());
+    QCOMPARE(button->arrowType(), Qt::RightArrow);
     button->click();
     QVERIFY(text->isVisible());
+    QCOMPARE(button->arrowType(), Qt::DownArrow);
     QVERIFY(text->isReadOnly());
     QCOMPARE(text->accessibleName(), QString("Code"));
     area.findChild<QPushButton*>()->click();
     QCOMPARE(QGuiApplication::clipboard()->text(), QString("one\ntwo"));
     button->click();
     QVERIFY(!text->isVisible());
+    area.setLayoutDirection(Qt::RightToLeft);
+    QCOMPARE(button->arrowType(), Qt::LeftArrow);
 }
 
 UI_TEST_MAIN(tst_PageCode)
