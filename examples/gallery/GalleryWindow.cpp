@@ -15,6 +15,7 @@
 #include <QScrollBar>
 #include <QSettings>
 #include <QStackedWidget>
+#include <QTimer>
 
 #include <algorithm>
 
@@ -40,13 +41,18 @@ QWidget* scrolled(std::unique_ptr<GalleryPage> page)
     area->setWidgetResizable(true);
     area->setWidget(page.release());
     const auto showFocus = [area] {
-        QWidget* const focused = QApplication::focusWidget();
-        if (focused && area->widget()->isAncestorOf(focused))
-            area->ensureWidgetVisible(focused);
+        const QWidget* const focused = QApplication::focusWidget();
+        if (!focused || !area->widget()->isAncestorOf(focused))
+            return;
+        // Not ensureWidgetVisible(), which shows only the line with the cursor. The beginning goes first.
+        const QRect place(focused->mapTo(area->widget(), QPoint()), focused->size());
+        area->ensureVisible(place.right(), place.bottom());
+        area->ensureVisible(place.left(), place.top());
     };
     QObject::connect(qApp, &QApplication::focusChanged, area, showFocus);
-    // Queued, because the layout of the page follows the scroll bars.
-    QObject::connect(area->verticalScrollBar(), &QScrollBar::rangeChanged, area, showFocus, Qt::QueuedConnection);
+    // At the next timer, because the layout of the page follows the scroll bars.
+    QObject::connect(area->verticalScrollBar(), &QScrollBar::rangeChanged, area,
+                     [area, showFocus] { QTimer::singleShot(0, area, showFocus); });
     return area;
 }
 
