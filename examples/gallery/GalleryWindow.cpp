@@ -2,20 +2,18 @@
 
 #include "PageList.h"
 #include "ViewMenu.h"
+#include "scrolledPage.h"
+#include "windowPlacement.h"
 
 #include "ui/qt/dialogs/ExtendedFileDialog.h"
 
 #include <QAction>
-#include <QApplication>
 #include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QMenuBar>
 #include <QScreen>
-#include <QScrollArea>
-#include <QScrollBar>
 #include <QSettings>
 #include <QStackedWidget>
-#include <QTimer>
 
 #include <algorithm>
 
@@ -26,60 +24,12 @@ namespace {
 const QString geometryKey = QStringLiteral("window/geometry");
 const QString pageKey = QStringLiteral("window/page");
 
-/// Returns the size of the largest window that leaves space for its frame.
-QSize sizeOn(const QRect& screen)
-{
-    return screen.size() * 9 / 10;
-}
-
-/// Returns a scroll area with the page that shows the widget with the keyboard focus, also when the page grows.
-QWidget* scrolled(std::unique_ptr<GalleryPage> page)
-{
-    auto* area = new QScrollArea;
-    area->setFrameShape(QFrame::NoFrame);
-    area->setFocusPolicy(Qt::NoFocus);
-    area->setWidgetResizable(true);
-    area->setWidget(page.release());
-    const auto showFocus = [area] {
-        const QWidget* const focused = QApplication::focusWidget();
-        if (!focused || !area->widget()->isAncestorOf(focused))
-            return;
-        // Not ensureWidgetVisible(), which shows only the line with the cursor. The beginning goes first.
-        const QRect place(focused->mapTo(area->widget(), QPoint()), focused->size());
-        area->ensureVisible(place.right(), place.bottom());
-        area->ensureVisible(place.left(), place.top());
-    };
-    QObject::connect(qApp, &QApplication::focusChanged, area, showFocus);
-    // At the next timer, because the layout of the page follows the scroll bars.
-    QObject::connect(area->verticalScrollBar(), &QScrollBar::rangeChanged, area,
-                     [area, showFocus] { QTimer::singleShot(0, area, showFocus); });
-    return area;
-}
-
-/// Returns where a window goes that had the geometry `wanted` on a screen that may be gone: the same place if it is on
-/// a screen, or else the nearest one, with space for the frame.
-QRect placeOnScreen(const QRect& wanted)
-{
-    const QScreen* screen = QGuiApplication::screenAt(wanted.center());
-    const QRect available = (screen ? screen : QGuiApplication::primaryScreen())->availableGeometry();
-    if (available.contains(wanted))
-        return wanted;
-    QRect inner(QPoint(), sizeOn(available));
-    inner.moveCenter(available.center());
-    QRect place(wanted.topLeft(), wanted.size().boundedTo(inner.size()));
-    place.moveRight(qMin(place.right(), inner.right()));
-    place.moveBottom(qMin(place.bottom(), inner.bottom()));
-    place.moveLeft(qMax(place.left(), inner.left()));
-    place.moveTop(qMax(place.top(), inner.top()));
-    return place;
-}
-
 } // namespace
 
 GalleryWindow::GalleryWindow(std::vector<std::unique_ptr<GalleryPage>> pages)
     : m_list(new PageList)
     , m_stack(new QStackedWidget)
-    , m_viewMenu(new ViewMenu)
+    , m_viewMenu(new ViewMenu(this))
 {
     setWindowTitle(tr("Gallery of common_ui_qt"));
     for (auto& page : pages)
@@ -139,7 +89,7 @@ void GalleryWindow::addPage(std::unique_ptr<GalleryPage> page)
 {
     m_pages.push_back(page.get());
     m_list->add(*page);
-    m_stack->addWidget(scrolled(std::move(page)));
+    m_stack->addWidget(scrolledPage(std::move(page)).release());
 }
 
 void GalleryWindow::addMenus()
@@ -159,13 +109,12 @@ void GalleryWindow::addMenus()
     menu->addSeparator();
     QAction* quit = menu->addAction(tr("&Quit"), this, &QWidget::close);
     quit->setShortcut(QKeySequence::Quit);
-    m_viewMenu->setParent(this, m_viewMenu->windowFlags());
     menuBar()->addMenu(m_viewMenu);
 }
 
 void GalleryWindow::resizeToScreen()
 {
-    resize(QSize(960, 640).boundedTo(sizeOn(screen()->availableGeometry())));
+    resize(QSize(960, 640).boundedTo(largestWindowOn(screen()->availableGeometry())));
 }
 
 } // namespace gallery

@@ -47,15 +47,15 @@ QVariant setting(const char* key)
 /// Stores the value whenever the user triggers the action, and not when the program changes its state.
 void keepChoices(QAction* action, const char* key, const QVariant& value)
 {
-    QObject::connect(action, &QAction::triggered, action, [action, key, value](bool on) {
+    QObject::connect(action, &QAction::triggered, action, [key, value](bool on) {
         QSettings().setValue(QLatin1String(key), value.isValid() ? value : QVariant(on));
     });
 }
 
 } // namespace
 
-ViewMenu::ViewMenu()
-    : QMenu(tr("&View"))
+ViewMenu::ViewMenu(QWidget* parent)
+    : QMenu(tr("&View"), parent)
     , m_dark(addAction(tr("&Dark colours")))
     , m_rightToLeft(addAction(tr("&Right to left")))
     , m_languages(new QMenu(tr("&Language of the library's texts"), this))

@@ -15,7 +15,7 @@ class ViewMenu : public QMenu
 
 public:
     /// Changes nothing yet.
-    ViewMenu();
+    explicit ViewMenu(QWidget* parent = nullptr);
     ~ViewMenu() override;
 
     /// Makes the choices of the settings.

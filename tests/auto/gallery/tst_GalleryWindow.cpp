@@ -110,6 +110,7 @@ class tst_GalleryWindow : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase();
     void showsThePageThatKeepsItOpen();
     void closesIfEachPageLetsIt();
     void scrollsToTheKeyboardFocus();
@@ -121,6 +122,13 @@ private Q_SLOTS:
     void comesBackOnTheScreen();
     void findKeysLeadToTheSearch();
 };
+
+/// Uses settings of its own, because all programs share those of Windows.
+void tst_GalleryWindow::initTestCase()
+{
+    QCoreApplication::setApplicationName(QStringLiteral("tst_GalleryWindow"));
+    QSettings().clear();
+}
 
 void tst_GalleryWindow::showsThePageThatKeepsItOpen()
 {

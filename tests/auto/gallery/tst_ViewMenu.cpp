@@ -39,6 +39,7 @@ class tst_ViewMenu : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase();
     void init();
     void cleanup();
     void darkColoursAreSwitchedBack();
@@ -51,6 +52,13 @@ private Q_SLOTS:
     void environmentGoesBeforeTheScale();
     void entriesHaveMnemonicsOfTheirOwn();
 };
+
+/// Uses settings of its own, because all programs share those of Windows.
+void tst_ViewMenu::initTestCase()
+{
+    QCoreApplication::setApplicationName(QStringLiteral("tst_ViewMenu"));
+    QSettings().clear();
+}
 
 void tst_ViewMenu::init()
 {
