@@ -1,44 +1,45 @@
 #include "TableDocument.h"
 
-#include "DelimitedTable.h"
-
 #include <limits>
 
 namespace gallery {
 
 TableDocument::TableDocument()
-    : TableDocument(std::make_shared<TableSource>(TextBytes(), std::make_unique<DelimitedSyntax>(','), TableIndex()))
+    : TableDocument(std::make_shared<TableSource>(), QStringLiteral("UTF-8"))
 {
 }
 
-TableDocument::TableDocument(std::shared_ptr<const TableSource> source)
+TableDocument::TableDocument(std::shared_ptr<const TableSource> source, QString encodingName)
     : m_source(std::move(source))
+    , m_encodingName(std::move(encodingName))
 {
+}
+
+int TableDocument::rowCount() const
+{
+    return columnCount() == 0 ? 0 : m_source->rowCount() - 1;
 }
 
 int TableDocument::cellCount(int row) const
 {
-    const int count = m_source->index().cellCount(row);
-    auto edit = m_edits.lowerBound({row, std::numeric_limits<int>::max()});
-    if (edit == m_edits.begin() || (--edit).key().first != row)
-        return count;
-    return qMax(count, edit.key().second + 1);
+    const int count = m_source->cellCount(row + 1);
+    const auto next = m_edits.lowerBound({row, std::numeric_limits<int>::max()});
+    const bool hasEdits = next != m_edits.cbegin() && std::prev(next).key().first == row;
+    return hasEdits ? qMax(count, std::prev(next).key().second + 1) : count;
 }
 
 QString TableDocument::text(int row, int column) const
 {
     const auto edit = m_edits.constFind({row, column});
-    return edit != m_edits.cend() ? *edit : m_source->cellText(row, column);
+    return edit != m_edits.cend() ? *edit : m_source->text(row + 1, column);
 }
 
 bool TableDocument::setText(int row, int column, const QString& text)
 {
-    const QByteArray bytes = text.toUtf8();
-    const QString writable =
-        text.isValidUtf16() ? text : decodeUtf8({bytes.constData(), bytes.constData() + bytes.size()});
+    const QString writable = decodeUtf8(text.toStdString());
     if (writable == this->text(row, column))
         return false;
-    if (writable == m_source->cellText(row, column))
+    if (writable == m_source->text(row + 1, column))
         m_edits.remove({row, column});
     else
         m_edits.insert({row, column}, writable);
@@ -46,33 +47,28 @@ bool TableDocument::setText(int row, int column, const QString& text)
     return true;
 }
 
-bool TableDocument::hasEdits(int row) const
+ColumnKind TableDocument::columnKind(int column) const
 {
-    const auto edit = m_edits.lowerBound({row, 0});
-    return edit != m_edits.cend() && edit.key().first == row;
+    const auto known = m_kinds.constFind(column);
+    if (known != m_kinds.cend())
+        return *known;
+    bool isNumber = false;
+    const int samples = qMin(rowCount(), 1000);
+    for (int sample = 0; sample < samples; ++sample) {
+        const QString text = m_source->text(1 + int(qint64(sample) * rowCount() / samples), column);
+        if (text.isEmpty())
+            continue;
+        text.toDouble(&isNumber);
+        if (!isNumber)
+            break;
+    }
+    return *m_kinds.insert(column, isNumber ? ColumnKind::Number : ColumnKind::Text);
 }
 
-QVector<int> TableDocument::editedRows() const
+void TableDocument::markSaved()
 {
-    QVector<int> rows;
-    for (auto edit = m_edits.keyBegin(); edit != m_edits.keyEnd(); ++edit) {
-        if (rows.isEmpty() || rows.last() != edit->first)
-            rows.append(edit->first);
-    }
-    return rows;
-}
-
-QString TableDocument::encodingName() const
-{
-    switch (m_source->text().encoding) {
-    case TextEncoding::Latin1:
-        return QStringLiteral("Latin-1");
-    case TextEncoding::Utf16:
-        return QStringLiteral("UTF-16");
-    case TextEncoding::Utf8:
-        break;
-    }
-    return QStringLiteral("UTF-8");
+    m_modified = false;
+    m_encodingName = QStringLiteral("UTF-8");
 }
 
 } // namespace gallery

@@ -18,7 +18,7 @@ struct TableFormat
     QString nameFilter; ///< the name filter for file dialogs: "CSV table (*.csv)"
     QString extension;  ///< "csv", without the dot
 
-    QString (*read)(TextBytes text, const ProgressCallback& progress, std::shared_ptr<const TableSource>& source);
+    std::shared_ptr<const TableSource> (*read)(std::string text, const ProgressCallback& progress);
     void (*write)(const TableDocument& document, QIODevice& device);
 };
 

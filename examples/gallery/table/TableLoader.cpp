@@ -18,8 +18,28 @@ TableLoader::~TableLoader()
 void TableLoader::load(const QString& path)
 {
     cancel();
-    m_current = std::make_shared<CancelFlag>(false);
-    m_pool.start([this, path, cancelled = m_current] { run(path, cancelled); });
+    m_current = std::make_shared<std::atomic<bool>>(false);
+    m_pool.start([this, path, cancelled = m_current] {
+        // Only the loader's thread, on which load() and cancel() run, knows whether the load is still the current one.
+        const auto report = [&](auto&& emitSignal) {
+            const auto emitIfCurrent = [this, cancelled, emitSignal] {
+                if (cancelled == m_current)
+                    emitSignal();
+            };
+            QMetaObject::invokeMethod(this, emitIfCurrent, Qt::QueuedConnection);
+        };
+        int shown = -1;
+        const TableResult result = readTable(path, [&](int percent) {
+            if (percent > shown)
+                report([this, percent] { Q_EMIT progressChanged(percent); });
+            shown = percent;
+            return !*cancelled;
+        });
+        report([this, result] {
+            m_current.reset();
+            Q_EMIT finished(result);
+        });
+    });
 }
 
 void TableLoader::cancel()
@@ -27,40 +47,6 @@ void TableLoader::cancel()
     if (m_current)
         *m_current = true;
     m_current.reset();
-}
-
-/// Runs on the pool's thread.
-void TableLoader::run(const QString& path, const std::shared_ptr<CancelFlag>& cancelled)
-{
-    if (*cancelled)
-        return;
-    int shown = -1;
-    const ProgressCallback progress = [&](int percent) {
-        if (percent > shown) {
-            shown = percent;
-            report(cancelled, [this, percent] { Q_EMIT progressChanged(percent); });
-        }
-        return !*cancelled;
-    };
-    const TableResult result = readTable(path, progress);
-    report(cancelled, [this, result] {
-        m_current.reset();
-        Q_EMIT finished(result);
-    });
-}
-
-/// Runs on the pool's thread. Whether the load is still the current one is checked on the loader's thread, on which
-/// load() and cancel() run.
-template <typename Report>
-void TableLoader::report(const std::shared_ptr<CancelFlag>& load, Report report)
-{
-    QMetaObject::invokeMethod(
-        this,
-        [this, load, report] {
-            if (load == m_current)
-                report();
-        },
-        Qt::QueuedConnection);
 }
 
 } // namespace gallery

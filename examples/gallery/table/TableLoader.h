@@ -18,7 +18,7 @@ class TableLoader : public QObject
 
 public:
     explicit TableLoader(QObject* parent = nullptr);
-    /// Cancels a load and waits for its thread, which takes milliseconds.
+    /// Cancels a load and waits for its thread, which takes milliseconds unless JSON is being parsed.
     ~TableLoader() override;
 
     /// Starts loading and returns at once. Cancels a running load first.
@@ -34,15 +34,9 @@ Q_SIGNALS:
     void finished(const gallery::TableResult& result);
 
 private:
-    using CancelFlag = std::atomic<bool>;
-
-    void run(const QString& path, const std::shared_ptr<CancelFlag>& cancelled);
-    template <typename Report>
-    void report(const std::shared_ptr<CancelFlag>& load, Report report);
-
     QThreadPool m_pool;
-    /// The flag of the running load. Reports of other loads are dropped.
-    std::shared_ptr<CancelFlag> m_current;
+    /// Whether the running load is cancelled. Reports of other loads are dropped.
+    std::shared_ptr<std::atomic<bool>> m_current;
 };
 
 } // namespace gallery

@@ -3,9 +3,8 @@
 #include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
-#include <QtEndian>
 
-#include <cstring>
+#include <algorithm>
 #include <limits>
 
 #ifdef Q_OS_UNIX
@@ -16,182 +15,130 @@ namespace gallery {
 
 namespace {
 
-constexpr qint64 BlockSize = 1 << 20;
-constexpr const char* Utf8Mark = "\xEF\xBB\xBF";
-constexpr int Utf8MarkSize = 3;
+constexpr std::string_view Utf8Mark = "\xEF\xBB\xBF";
 
-bool startsWith(ByteRange bytes, const char* prefix, int size)
+QString tr(const char* text)
 {
-    return bytes.size() >= quint64(size) && std::memcmp(bytes.begin, prefix, size_t(size)) == 0;
+    return QCoreApplication::translate("gallery::TextFile", text);
 }
 
-QString openError(const QString& path, QFile& file)
+bool startsWith(std::string_view text, std::string_view prefix)
+{
+    return text.substr(0, prefix.size()) == prefix;
+}
+
+void openFile(const QString& path, QFile& file)
 {
     const QFileInfo info(path);
     if (!info.exists())
-        return QCoreApplication::translate("gallery::TextFile", "The file does not exist.");
+        throw TableError{tr("The file does not exist.")};
     if (info.isDir())
-        return QCoreApplication::translate("gallery::TextFile", "This is a folder, not a file.");
+        throw TableError{tr("This is a folder, not a file.")};
     // Reading a pipe or a device may never end, and even opening it may block.
     if (!info.isFile())
-        return QCoreApplication::translate("gallery::TextFile", "This is not a regular file.");
+        throw TableError{tr("This is not a regular file.")};
     if (quint64(info.size()) > loadMemoryLimit())
-        return tooBigText();
+        throw TableError{tooBigText()};
     if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
-        return QCoreApplication::translate("gallery::TextFile", "The file cannot be read: %1").arg(file.errorString());
-    return {};
+        throw TableError{tr("The file cannot be read: %1").arg(file.errorString())};
 }
 
 /// Reads until the end of the file instead of its size, because the file may grow or shrink meanwhile.
-QString readAll(QFile& file, const ProgressCallback& progress, std::vector<char>& bytes)
+std::string readAll(QFile& file, const ProgressCallback& progress)
 {
-    ProgressStage stage(progress, 0, 40, quint64(file.size()));
-    bytes.reserve(size_t(file.size() + BlockSize));
+    std::string bytes;
+    bytes.reserve(size_t(file.size()) + ReportStep);
     for (;;) {
         const size_t done = bytes.size();
-        if (!stage.reached(done))
-            return cancelledText();
+        report(progress, 0, 40, done, quint64(file.size()));
         if (done > loadMemoryLimit())
-            return tooBigText();
-        bytes.resize(done + size_t(BlockSize));
-        const qint64 count = file.read(bytes.data() + done, BlockSize);
-        bytes.resize(done + size_t(qMax<qint64>(count, 0)));
+            throw TableError{tooBigText()};
+        bytes.resize(done + ReportStep);
+        const qint64 count = file.read(&bytes[done], ReportStep);
         if (count < 0)
-            return QCoreApplication::translate("gallery::TextFile", "The file cannot be read: %1")
-                .arg(file.errorString());
+            throw TableError{tr("The file cannot be read: %1").arg(file.errorString())};
+        bytes.resize(done + size_t(count));
         if (count == 0)
-            return {};
+            return bytes;
     }
 }
 
-bool isContinuation(char byte)
+/// Compares each block with its decoded and encoded form, in which invalid sequences are replaced.
+bool isUtf8(std::string_view text, const ProgressCallback& progress)
 {
-    return (uchar(byte) & 0xC0) == 0x80;
-}
-
-/// Returns the length of the UTF-8 sequence at \a pos, or 0 if it is invalid.
-int sequenceLength(const char* pos, const char* end)
-{
-    const auto lead = uchar(*pos);
-    if (lead < 0x80)
-        return 1;
-    const int length = lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : 2;
-    if (lead < 0xC2 || lead > 0xF4 || end - pos < length)
-        return 0;
-    for (int i = 1; i < length; ++i) {
-        if (!isContinuation(pos[i]))
-            return 0;
+    const auto isContinuation = [](char byte) { return (uchar(byte) & 0xC0) == 0x80; };
+    for (size_t pos = 0; pos < text.size();) {
+        report(progress, 40, 50, pos, text.size());
+        size_t size = std::min(ReportStep, text.size() - pos);
+        while (size > ReportStep - 4 && pos + size < text.size() && isContinuation(text[pos + size]))
+            --size;
+        const std::string_view block = text.substr(pos, size);
+        if (decodeUtf8(block).toStdString() != block)
+            return false;
+        pos += size;
     }
-    const auto second = uchar(pos[1]);
-    const bool overlong = (lead == 0xE0 && second < 0xA0) || (lead == 0xF0 && second < 0x90);
-    const bool surrogate = lead == 0xED && second > 0x9F;
-    const bool beyondUnicode = lead == 0xF4 && second > 0x8F;
-    return overlong || surrogate || beyondUnicode ? 0 : length;
+    return true;
 }
 
-/// Skips eight ASCII bytes at a time, because most of a table is ASCII.
-const char* skipAscii(const char* pos, const char* end)
+std::string latin1ToUtf8(std::string_view bytes)
 {
-    quint64 word = 0;
-    while (end - pos >= qint64(sizeof word)) {
-        std::memcpy(&word, pos, sizeof word);
-        if ((word & Q_UINT64_C(0x8080808080808080)) != 0)
-            break;
-        pos += sizeof word;
+    std::string text;
+    for (size_t pos = 0; pos < bytes.size(); pos += ReportStep) {
+        const std::string_view block = bytes.substr(pos, ReportStep);
+        text += QString::fromLatin1(block.data(), int(block.size())).toStdString();
     }
-    while (pos != end && uchar(*pos) < 0x80)
-        ++pos;
-    return pos;
-}
-
-QString detectEncoding(const ProgressCallback& progress, TextBytes& text)
-{
-    const ByteRange all = text.all();
-    ProgressStage stage(progress, 40, 50, all.size());
-    const char* pos = all.begin;
-    while (pos != all.end) {
-        if (!stage.reached(quint64(pos - all.begin)))
-            return cancelledText();
-        pos = skipAscii(pos, all.end - pos > BlockSize ? pos + BlockSize : all.end);
-        if (pos == all.end)
-            break;
-        const int length = sequenceLength(pos, all.end);
-        if (length == 0) {
-            text.encoding = TextEncoding::Latin1;
-            text.firstNonUtf8 = quint64(pos - all.begin);
-            break;
-        }
-        pos += length;
-    }
-    return {};
-}
-
-QString decodeUtf16(QSysInfo::Endian byteOrder, const char* bytes, qint64 unitCount)
-{
-    QString text(int(unitCount), Qt::Uninitialized);
-    auto* const units = reinterpret_cast<quint16*>(text.data());
-    if (byteOrder == QSysInfo::BigEndian)
-        qFromBigEndian<quint16>(bytes, unitCount, units);
-    else
-        qFromLittleEndian<quint16>(bytes, unitCount, units);
     return text;
 }
 
-/// Converts the text to UTF-8. A byte order mark is kept and converted, too; an odd byte at the end is dropped.
-QString convertFromUtf16(QSysInfo::Endian byteOrder, const ProgressCallback& progress, TextBytes& text)
+std::string utf16ToUtf8(const std::string& bytes)
 {
-    std::vector<char> converted;
-    const ByteRange all = text.all();
-    ProgressStage stage(progress, 40, 50, all.size());
-    const char* pos = all.begin;
-    while (all.end - pos >= 2) {
-        if (!stage.reached(quint64(pos - all.begin)))
-            return cancelledText();
-        const qint64 unitsLeft = (all.end - pos) / 2;
-        QString units = decodeUtf16(byteOrder, pos, qMin(unitsLeft, BlockSize));
-        // A surrogate pair is converted as a whole, with the next block.
-        if (units.size() < unitsLeft && units.at(units.size() - 1).isHighSurrogate())
-            units.chop(1);
-        const QByteArray block = units.toUtf8();
-        converted.insert(converted.end(), block.begin(), block.end());
-        pos += qint64(2) * units.size();
-    }
-    text.bytes = std::move(converted);
-    text.encoding = TextEncoding::Utf16;
-    return {};
+    // Qt counts the bytes of the result with an int, and they may be half as many again.
+    if (bytes.size() > (1U << 30))
+        throw TableError{tooBigText()};
+    return QString::fromUtf16(reinterpret_cast<const char16_t*>(bytes.data()), int(bytes.size() / 2)).toStdString();
 }
 
 } // namespace
 
-QString TextBytes::decoded(ByteRange range) const
+void report(const ProgressCallback& progress, int first, int last, quint64 done, quint64 total)
 {
-    return isLatin1() ? QString::fromLatin1(range.begin, int(range.size())) : decodeUtf8(range);
+    const double share = total > 0 ? qMin(1.0, double(done) / double(total)) : 1.0;
+    if (progress && !progress(first + int(share * (last - first))))
+        throw TableError{tr("Loading was cancelled.")};
 }
 
-QString readTextFile(const QString& path, const ProgressCallback& progress, TextBytes& text)
+TextFile readTextFile(const QString& path, const ProgressCallback& progress)
 {
     QFile file(path);
-    QString error = openError(path, file);
-    if (error.isEmpty())
-        error = readAll(file, progress, text.bytes);
-    if (!error.isEmpty())
-        return error;
-    if (startsWith(text.all(), "\xFF\xFE", 2))
-        error = convertFromUtf16(QSysInfo::LittleEndian, progress, text);
-    else if (startsWith(text.all(), "\xFE\xFF", 2))
-        error = convertFromUtf16(QSysInfo::BigEndian, progress, text);
-    else
-        error = detectEncoding(progress, text);
-    text.start = startsWith(text.all(), Utf8Mark, Utf8MarkSize) ? Utf8MarkSize : 0;
-    return error;
+    openFile(path, file);
+    TextFile result{readAll(file, progress), QStringLiteral("UTF-8")};
+    if (startsWith(result.text, "\xFF\xFE") || startsWith(result.text, "\xFE\xFF"))
+        result = {utf16ToUtf8(result.text), QStringLiteral("UTF-16")};
+    else if (startsWith(result.text, Utf8Mark))
+        result.text.erase(0, Utf8Mark.size());
+    if (isBinary(result.text))
+        throw TableError{tr("This is not a text file, because it contains binary data.")};
+    if (!isUtf8(result.text, progress))
+        result = {latin1ToUtf8(result.text), QStringLiteral("Latin-1")};
+    return result;
 }
 
-QString decodeUtf8(ByteRange bytes)
+bool isBinary(std::string_view bytes, quint64 offset)
+{
+    constexpr quint64 beginning = 1000;
+    const auto isControl = [](char byte) {
+        return uchar(byte) < 0x20 && std::string_view("\t\n\f\r").find(byte) == std::string_view::npos;
+    };
+    const std::string_view checked = bytes.substr(0, size_t(beginning - std::min(offset, beginning)));
+    return bytes.find('\0') != std::string_view::npos || std::any_of(checked.begin(), checked.end(), isControl);
+}
+
+QString decodeUtf8(std::string_view bytes)
 {
     int marks = 0;
-    for (; startsWith(bytes, Utf8Mark, Utf8MarkSize); ++marks)
-        bytes.begin += Utf8MarkSize;
-    const QString rest = QString::fromUtf8(bytes.begin, int(bytes.size()));
+    for (; startsWith(bytes, Utf8Mark); ++marks)
+        bytes.remove_prefix(Utf8Mark.size());
+    const QString rest = QString::fromUtf8(bytes.data(), int(bytes.size()));
     return marks == 0 ? rest : QString(marks, QChar(QChar::ByteOrderMark)) + rest;
 }
 
@@ -208,12 +155,7 @@ quint64 loadMemoryLimit()
 
 QString tooBigText()
 {
-    return QCoreApplication::translate("gallery::TextFile", "The file is too big for this machine's memory.");
-}
-
-QString cancelledText()
-{
-    return QCoreApplication::translate("gallery::TextFile", "Loading was cancelled.");
+    return tr("The file is too big for this machine's memory.");
 }
 
 } // namespace gallery

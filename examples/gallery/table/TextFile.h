@@ -1,52 +1,49 @@
 #pragma once
 
-#include "LoadProgress.h"
-
-#include <QByteArray>
 #include <QString>
 
-#include <vector>
+#include <functional>
+#include <string>
+#include <string_view>
 
 namespace gallery {
 
-/// A range of bytes [begin, end), which it does not own.
-struct ByteRange
+/// An exception that ends reading or writing a table. The text is for the user.
+struct TableError
 {
-    const char* begin = nullptr;
-    const char* end = nullptr;
-
-    [[nodiscard]] quint64 size() const { return quint64(end - begin); }
+    QString text;
 };
 
-/// The encoding of a file. In memory UTF-16 is stored as UTF-8.
-enum class TextEncoding { Utf8, Latin1, Utf16 };
+/// A function that receives the progress of a load in percent, which never decreases. It runs on the loading thread. If
+/// it returns false, the load stops at the next step.
+using ProgressCallback = std::function<bool(int percent)>;
 
-/// A text file in memory. Sizes are 64-bit, which QByteArray's are not.
-struct TextBytes
+/// Calls \a progress, if there is one, with the percentage after a part of the step from \a first to \a last percent.
+/// Throws TableError if the load must stop. Call it after each ReportStep bytes, which take milliseconds.
+void report(const ProgressCallback& progress, int first, int last, quint64 done, quint64 total);
+constexpr size_t ReportStep = 1U << 20;
+
+/// A text file in memory. The text is UTF-8 without a byte order mark. Its size is 64-bit, which QByteArray's is not.
+struct TextFile
 {
-    std::vector<char> bytes; ///< include the byte order mark, so that it is written again
-    TextEncoding encoding = TextEncoding::Utf8;
-    quint64 start = 0;        ///< the offset of the text after a byte order mark
-    quint64 firstNonUtf8 = 0; ///< Latin-1 only: the offset of a byte that cannot be UTF-8
-
-    [[nodiscard]] bool isLatin1() const { return encoding == TextEncoding::Latin1; }
-    [[nodiscard]] ByteRange all() const { return {bytes.data(), bytes.data() + bytes.size()}; }
-    /// Decodes \a range, which must fit into a QString.
-    [[nodiscard]] QString decoded(ByteRange range) const;
+    std::string text;
+    QString encodingName; ///< the encoding of the file: "UTF-8", "UTF-16" or "Latin-1"
 };
 
 /// Reads a regular file completely and reports 0 to 50 percent to \a progress.
 /// A file that is not valid UTF-8 and has no UTF-16 byte order mark is read as Latin-1, in which any bytes are valid.
-/// Returns the error text, or an empty text.
-QString readTextFile(const QString& path, const ProgressCallback& progress, TextBytes& text);
+/// Throws TableError, also if the file is binary.
+TextFile readTextFile(const QString& path, const ProgressCallback& progress);
 
-/// Decodes \a bytes, which must be valid UTF-8. Unlike QString::fromUtf8() it keeps a leading U+FEFF.
-QString decodeUtf8(ByteRange bytes);
+/// Returns whether no text file contains \a bytes, which start at \a offset: a NUL anywhere, or a control character
+/// other than tab, LF, CR and FF at the beginning of the file.
+bool isBinary(std::string_view bytes, quint64 offset = 0);
 
-/// Returns the number of bytes that a load may take for the file and its index together.
+/// Decodes UTF-8. Unlike QString::fromUtf8() it keeps a leading U+FEFF.
+QString decodeUtf8(std::string_view bytes);
+
+/// Returns the number of bytes that a load may take for the texts and their index together.
 quint64 loadMemoryLimit();
-
 QString tooBigText();
-QString cancelledText();
 
 } // namespace gallery
