@@ -37,7 +37,7 @@ QString SafeFile::storeAll()
         return qt_error_string();
 #endif
     if (m_file.size() != m_written)
-        return tr("only a part of it has found room.");
+        return tr("there is not enough room for all of it.");
     return m_file.commit() ? QString() : m_file.errorString();
 }
 

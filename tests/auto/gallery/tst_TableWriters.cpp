@@ -1,6 +1,5 @@
 #include "TableTestSupport.h"
 
-#include <QDir>
 #include <QRandomGenerator>
 #include <QTest>
 
@@ -51,9 +50,6 @@ private Q_SLOTS:
     void keepsHardTexts();
     void keepsRandomTables();
     void refusesControlCharacters();
-    void refusesPlaces_data();
-    void refusesPlaces();
-    void refusesReadOnlyFolder();
 };
 
 void tst_TableWriters::findsFormatByPath_data()
@@ -183,41 +179,6 @@ void tst_TableWriters::refusesControlCharacters()
         QCOMPARE(QFile::exists(path), error.isEmpty());
     }
     QCOMPARE(textsOf(*readTable(folder.path("saved.json")).document), textsOf(*result.document));
-}
-
-void tst_TableWriters::refusesPlaces_data()
-{
-    QTest::addColumn<QString>("path");
-    QTest::addColumn<QString>("reason");
-    QTest::newRow("folder") << QString(".") << "not a regular file";
-    QTest::newRow("missing folder") << QString("missing/t.csv") << "cannot be written";
-}
-
-void tst_TableWriters::refusesPlaces()
-{
-    QFETCH(QString, path);
-    QFETCH(QString, reason);
-    const TestFolder folder;
-    const TableResult result = folder.load("t.csv", "a\n1\n");
-    const QString error = writeTable(*result.document, QDir(folder.path(".")).filePath(path), tableFormats().first());
-    QVERIFY2(error.contains(reason), qPrintable(error));
-}
-
-void tst_TableWriters::refusesReadOnlyFolder()
-{
-    const TestFolder folder;
-    const TableResult result = folder.load("t.csv", "a\n1\n");
-    result.document->setText(0, 0, "2");
-    setAccess(folder.path("."), Access::NoWriting);
-    QString error;
-    {
-        const OrdinaryUser user;
-        QVERIFY(user.isOrdinary());
-        error = writeTable(*result.document, folder.path("t.csv"), tableFormats().first());
-    }
-    setAccess(folder.path("."), Access::Everything);
-    QVERIFY2(error.contains("cannot be written"), qPrintable(error));
-    QCOMPARE(folder.read("t.csv"), QByteArray("a\n1\n"));
 }
 
 QTEST_GUILESS_MAIN(tst_TableWriters)
