@@ -25,7 +25,7 @@ QJsonDocument parse(std::string_view text)
     if (text.size() > std::min(loadMemoryLimit() / 8, quint64(std::numeric_limits<int>::max())))
         throw TableError{tooBigText()};
     QJsonParseError error;
-    const QJsonDocument json = QJsonDocument::fromJson(QByteArray::fromRawData(text.data(), int(text.size())), &error);
+    QJsonDocument json = QJsonDocument::fromJson(QByteArray::fromRawData(text.data(), int(text.size())), &error);
     if (error.error == QJsonParseError::NoError)
         return json;
     const std::string_view before = text.substr(0, size_t(std::max(0, error.offset - 1)));
@@ -38,8 +38,8 @@ QJsonDocument parse(std::string_view text)
 QJsonArray columnsOf(const QJsonArray& objects)
 {
     std::set<QString> columns;
-    for (int row = 0; row < objects.size(); ++row) {
-        const QStringList keys = objects.at(row).toObject().keys();
+    for (const auto object : objects) {
+        const QStringList keys = object.toObject().keys();
         columns.insert(keys.begin(), keys.end());
     }
     QJsonArray result;
@@ -81,8 +81,10 @@ QJsonValue cellValue(const TableDocument& document, int row, int column)
         return text;
     if (text.isEmpty())
         return QJsonValue::Null;
-    const double number = text.toDouble();
-    return compact({number}) == '[' + text.toUtf8() + ']' ? QJsonValue(number) : QJsonValue(text);
+    const QByteArray json = '[' + text.toUtf8() + ']';
+    const QJsonArray read = QJsonDocument::fromJson(json).array();
+    const bool isKept = read.size() == 1 && read.at(0).isDouble() && compact(read) == json;
+    return isKept ? read.at(0) : QJsonValue(text);
 }
 
 QByteArray rowOf(const TableDocument& document, int row)

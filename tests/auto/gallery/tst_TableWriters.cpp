@@ -25,7 +25,7 @@ const QStringList hardTexts =
     + QStringList{" ", " x", "x ", "\tx", "x\ny", "\r", "x\r\ny", "\f", "\x7F", QChar(0xA0), QChar(0x2028)}
     + QStringList{QChar(0xFEFF), QString(2, QChar(0xFEFF)) + "x", QString::fromLatin1("\xEF\xBB\xBF"), QChar(0xFFFE)}
     + QStringList{QString::fromUtf8("café Ω 中 🌍"), "007", "-0", "1e5", "1e+06", "1000000", "+.5", "-1.50e-007"}
-    + QStringList{"0.1", "1e400", "nan", "9007199254740993", "1e+16"};
+    + QStringList{"0.1", "1,2", "1e400", "nan", "9007199254740993", "1e+16"};
 
 QString randomText(QRandomGenerator& random)
 {
@@ -120,13 +120,16 @@ void tst_TableWriters::keepsHardTexts_data()
         QTest::newRow('"' + text.toUtf8().toPercentEncoding() + '"') << text;
 }
 
-/// The text is the only cell, and one of several, in each format.
+/// The text is the only cell, one of several, and an edit of a number, in each format.
 void tst_TableWriters::keepsHardTexts()
 {
     QFETCH(QString, text);
     const TestFolder folder;
-    for (const Texts& expected : {Texts{{text}, {text}}, Texts{{text, "b"}, {"", text}, {text, ""}}}) {
-        const TableResult original = folder.load("original.csv", quotedCsv(expected));
+    const TableResult edited = folder.load("edited.csv", "a\n1\n");
+    edited.document->setText(0, 0, text);
+    for (const Texts& expected :
+         {Texts{{text}, {text}}, Texts{{text, "b"}, {"", text}, {text, ""}}, Texts{{"a"}, {text}}}) {
+        const TableResult original = expected[0][0] == "a" ? edited : folder.load("original.csv", quotedCsv(expected));
         QCOMPARE(textsOf(*original.document), expected);
         for (const TableFormat& format : tableFormats()) {
             const QString path = folder.path("t." + format.extension);
