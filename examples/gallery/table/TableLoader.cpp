@@ -21,7 +21,7 @@ void TableLoader::load(const QString& path)
     m_current = std::make_shared<std::atomic<bool>>(false);
     m_pool.start([this, path, cancelled = m_current] {
         // Only the loader's thread, on which load() and cancel() run, knows whether the load is still the current one.
-        const auto report = [&](auto&& emitSignal) {
+        const auto emitLater = [&](const auto& emitSignal) {
             const auto emitIfCurrent = [this, cancelled, emitSignal] {
                 if (cancelled == m_current)
                     emitSignal();
@@ -31,11 +31,11 @@ void TableLoader::load(const QString& path)
         int shown = -1;
         const TableResult result = readTable(path, [&](int percent) {
             if (percent > shown)
-                report([this, percent] { Q_EMIT progressChanged(percent); });
+                emitLater([this, percent] { Q_EMIT progressChanged(percent); });
             shown = percent;
             return !*cancelled;
         });
-        report([this, result] {
+        emitLater([this, result] {
             m_current.reset();
             Q_EMIT finished(result);
         });

@@ -21,7 +21,7 @@ using ProgressCallback = std::function<bool(int percent)>;
 /// Calls \a progress, if there is one, with the percentage after a part of the step from \a first to \a last percent.
 /// Throws TableError if the load must stop. Call it after each ReportStep bytes, which take milliseconds.
 void report(const ProgressCallback& progress, int first, int last, quint64 done, quint64 total);
-constexpr size_t ReportStep = 1U << 20;
+constexpr size_t ReportStep = 1U << 16;
 
 /// A text file in memory. The text is UTF-8 without a byte order mark. Its size is 64-bit, which QByteArray's is not.
 struct TextFile

@@ -76,8 +76,10 @@ void tst_SafeSaving::keepsOneVersionWhenKilled()
     for (int round = 0; round < 200; ++round) {
         const pid_t child = fork();
         QVERIFY(child >= 0);
-        for (int version = 1; child == 0; version = 1 - version)
-            save(version);
+        if (child == 0) {
+            for (int version = 1;; version = 1 - version)
+                save(version);
+        }
         usleep(useconds_t(random.bounded(3 * double(duration))));
         QCOMPARE(kill(child, SIGKILL), 0);
         int status = 0;
