@@ -4,6 +4,8 @@
 #include "MessageArea.h"
 #include "NameDelegate.h"
 #include "TableView.h"
+#include "makeActionButton.h"
+#include "tableDialogs.h"
 #include "tour/Tour.h"
 
 #include "FileDialogActions.h"
@@ -16,8 +18,6 @@
 #include "ui/qt/controls/ElidedTextLabel.h"
 #include "ui/qt/controls/OverrideCursor.h"
 #include "ui/qt/controls/QtSignalConnectionCollection.h"
-#include "ui/qt/dialogs/LaunchFileDialog.h"
-#include "ui/qt/dialogs/SaveFileDialog.h"
 
 #include <QAction>
 #include <QApplication>
@@ -44,42 +44,6 @@ namespace {
 // Enough rows for suggestions, which are searched quickly.
 const int rowsLookedAt = 100000;
 const int longestName = 200;
-
-/// Returns the name filters for opening: first all formats together, then each format.
-std::vector<std::string> openFilters()
-{
-    QStringList patterns;
-    std::vector<std::string> filters(1);
-    for (const TableFormat& format : tableFormats()) {
-        patterns += QStringLiteral("*.") + format.extension;
-        filters.push_back(format.nameFilter.toStdString());
-    }
-    filters.front() = TableEditorPage::tr("All tables (%1)").arg(patterns.join(QLatin1Char(' '))).toStdString();
-    return filters;
-}
-
-/// Returns the name filters for saving: one for each writer, in the order of the formats.
-std::vector<std::string> saveFilters()
-{
-    std::vector<std::string> filters;
-    for (const TableFormat& format : tableFormats())
-        filters.push_back(format.nameFilter.toStdString());
-    return filters;
-}
-
-int indexOfFormat(const QString& path)
-{
-    return int(&tableFormatForPath(path) - tableFormats().constData());
-}
-
-/// Returns the format in which to write a table: that of the name, so that the file can be opened again, or else that
-/// of the selected name filter.
-const TableFormat& writerFor(const QString& path, int filter)
-{
-    const TableFormat& named = tableFormatForPath(path);
-    const bool isCertain = QFileInfo(path).suffix().compare(named.extension, Qt::CaseInsensitive) == 0;
-    return isCertain ? named : tableFormats()[qMax(0, filter)];
-}
 
 /// Returns suggestions for a cell of a text column: the texts of the other cells in the column.
 QAbstractItemModel* otherTexts(const TableModel& model, const QModelIndex& index, QObject* editor)
@@ -128,8 +92,11 @@ TableEditorPage::TableEditorPage()
     : GalleryPage(tr("Table editor"),
                   tr("Opens a table of any size, shows it to be edited, and saves it. Reading goes on in "
                      "the background and can be cancelled."))
-    , m_openButton(new QPushButton(tr("&Open a table…")))
-    , m_saveButton(new QPushButton(tr("&Save as…")))
+    , m_openAction(addAction(tr("&Open…"), tr("Open a table"), QKeySequence::Open))
+    , m_saveAction(addAction(tr("&Save"), tr("Save the table in its file"), QKeySequence::Save))
+    , m_saveAsAction(addAction(tr("Save &as…"), tr("Save the table in another file"),
+                               QKeySequence(QStringLiteral("Ctrl+Shift+S"))))
+    , m_openButton(makeActionButton(*m_openAction))
     , m_pathLabel(new ElidedTextLabel)
     , m_view(new TableView)
     , m_editTriggers(m_view->editTriggers())
@@ -152,10 +119,20 @@ TableEditorPage::TableEditorPage()
 
 TableEditorPage::~TableEditorPage() = default;
 
+/// Adds an action with a shortcut that works while the page is shown, whichever widget has the keyboard.
+QAction* TableEditorPage::addAction(const QString& text, const QString& toolTip, const QKeySequence& shortcut)
+{
+    auto* action = new QAction(text, this);
+    action->setIconText(text);
+    action->setToolTip(toolTip);
+    action->setShortcut(shortcut);
+    QWidget::addAction(action);
+    return action;
+}
+
 void TableEditorPage::addWidgets()
 {
     m_pathLabel->setText(tr("No table is open."));
-    m_saveButton->setEnabled(false);
     m_view->setAccessibleName(tr("Table"));
     m_facts->setTextFormat(Qt::PlainText);
     m_statusLine->addWidget(m_facts);
@@ -164,7 +141,8 @@ void TableEditorPage::addWidgets()
 
     auto* top = new QHBoxLayout;
     top->addWidget(m_openButton);
-    top->addWidget(m_saveButton);
+    top->addWidget(makeActionButton(*m_saveAction));
+    top->addWidget(makeActionButton(*m_saveAsAction));
     top->addWidget(m_pathLabel, 1, Qt::AlignVCenter);
     contents().addLayout(top);
     contents().addWidget(m_view, 1);
@@ -174,8 +152,9 @@ void TableEditorPage::addWidgets()
 
 void TableEditorPage::connectWidgets()
 {
-    connect(m_openButton, &QPushButton::clicked, this, &TableEditorPage::openTable);
-    connect(m_saveButton, &QPushButton::clicked, this, &TableEditorPage::saveTable);
+    connect(m_openAction, &QAction::triggered, this, &TableEditorPage::openTable);
+    connect(m_saveAction, &QAction::triggered, this, &TableEditorPage::saveTable);
+    connect(m_saveAsAction, &QAction::triggered, this, &TableEditorPage::saveTableAs);
     connect(m_saver, &TableSaver::finished, this, &TableEditorPage::onSaved);
     connect(m_model, &TableModel::modifiedChanged, this, &TableEditorPage::showFacts);
     connect(m_loadBar, &LoadBar::cancelled, this, &TableEditorPage::cancelLoading);
@@ -189,7 +168,7 @@ void TableEditorPage::openTable()
 {
     if (!mayLeave())
         return;
-    const QString path = askForPath();
+    const QString path = askForTable(m_target.path);
     if (!path.isEmpty())
         startLoading(path);
 }
@@ -209,31 +188,16 @@ bool TableEditorPage::mayLeave()
                   == QMessageBox::Yes;
 }
 
-/// Returns the chosen path, or an empty text if the user has cancelled.
-QString TableEditorPage::askForPath()
-{
-    std::vector<std::string> shown;
-    if (!m_path.isEmpty())
-        shown.push_back(m_path.toStdString());
-    std::vector<std::string> files;
-    int filter = -1;
-    const bool accepted = zelmar::ui::LaunchFileDialog(files, filter, tr("Open a table").toStdString(), openFilters(),
-                                                       shown, false, false, 0);
-    return accepted && !files.empty() ? QString::fromStdString(files.front()) : QString();
-}
-
 void TableEditorPage::startLoading(const QString& path)
 {
     m_loadingPath = path;
     m_loadBar->start(QFileInfo(path).fileName());
     m_statusLine->setCurrentWidget(m_loadBar);
-    // Prevents editing and saving of a table that will be replaced.
-    m_saveButton->setEnabled(false);
-    m_view->setEditTriggers(QAbstractItemView::NoEditTriggers);
     // Not an override cursor, because loading may end while a dialog has its own entry on the override cursor stack.
     m_view->setCursor(Qt::BusyCursor);
     m_view->setFocus(); // now, because the user may be somewhere else when the table is loaded
     m_loader->load(path);
+    updateActions();
 }
 
 void TableEditorPage::cancelLoading()
@@ -258,9 +222,8 @@ void TableEditorPage::hideLoadBar()
     // Keeps the keyboard focus in the page when the Cancel button is hidden.
     const bool hadFocus = m_loadBar->isAncestorOf(window()->focusWidget());
     m_statusLine->setCurrentWidget(m_facts);
-    m_saveButton->setEnabled(!m_path.isEmpty());
-    m_view->setEditTriggers(m_editTriggers);
     m_view->unsetCursor();
+    updateActions();
     if (hadFocus)
         m_openButton->setFocus();
 }
@@ -273,18 +236,28 @@ void TableEditorPage::showTable(const std::shared_ptr<TableDocument>& document)
     m_view->fitColumns();
     m_view->setCurrentIndex(m_model->index(0, 0));
     m_view->scrollToTop();
-    m_saveButton->setEnabled(true);
     m_messages->clear();
-    showPath(m_loadingPath);
+    setTarget({m_loadingPath, &tableFormatForPath(m_loadingPath)});
     showFacts();
 }
 
-void TableEditorPage::showPath(const QString& path)
+void TableEditorPage::setTarget(const TableTarget& target)
 {
-    m_path = path;
+    m_target = target;
     // Otherwise the label would treat the old path as a tool tip of the application.
     m_pathLabel->setToolTip(QString());
-    m_pathLabel->setText(QDir::toNativeSeparators(path));
+    m_pathLabel->setText(QDir::toNativeSeparators(target.path));
+    updateActions();
+}
+
+void TableEditorPage::updateActions()
+{
+    // A table that will be replaced is neither edited nor saved.
+    const bool isShown = !m_loader->isLoading() && !m_target.path.isEmpty();
+    m_view->setEditTriggers(m_loader->isLoading() ? QAbstractItemView::NoEditTriggers : m_editTriggers);
+    m_openAction->setEnabled(!m_saver->isSaving()); // onSaved() assumes that the shown table is the saved one
+    m_saveAction->setEnabled(isShown && !m_saver->isSaving());
+    m_saveAsAction->setEnabled(isShown && !m_saver->isSaving());
 }
 
 void TableEditorPage::showFacts()
@@ -292,12 +265,13 @@ void TableEditorPage::showFacts()
     const QString facts = QStringList{rowsText(m_model->rowCount()), columnsText(m_model->columnCount()),
                                       m_model->document()->encodingName()}
                               .join(QStringLiteral(", "));
+    const QString saved = QFileInfo(m_savingTarget.path).fileName();
     if (!m_saver->isSaving())
         m_facts->setText(m_model->isModified() ? tr("%1, edited").arg(facts) : facts);
     else if (m_closeWhenSaved)
-        m_facts->setText(tr("Saving %1… The window closes when it is saved.").arg(m_savingName));
+        m_facts->setText(tr("Saving %1… The window closes when it is saved.").arg(saved));
     else
-        m_facts->setText(tr("Saving %1…").arg(m_savingName));
+        m_facts->setText(tr("Saving %1…").arg(saved));
 }
 
 void TableEditorPage::reportProblem(const QString& path, const QString& problem)
@@ -309,29 +283,32 @@ void TableEditorPage::reportProblem(const QString& path, const QString& problem)
 
 void TableEditorPage::saveTable()
 {
+    startSaving(m_target);
+}
+
+void TableEditorPage::saveTableAs()
+{
     m_view->finishEditing();
-    const QFileInfo shown(m_path);
-    SaveFileDialog flow(window(), tr("Save the table").toStdString(), shown.path().toStdString(),
-                        shown.completeBaseName().toStdString(), saveFilters(), indexOfFormat(m_path),
-                        "table/save.html");
-    if (!flow.launch())
-        return;
-    m_saveButton->setEnabled(false);
-    m_openButton->setEnabled(false); // onSaved() assumes that the shown table is the saved one
+    if (const auto target = askWhereToSave(*window(), m_target.path))
+        startSaving(*target);
+}
+
+void TableEditorPage::startSaving(const TableTarget& target)
+{
+    m_view->finishEditing();
     m_editedWhileSaved = false;
     m_whileSaving = std::make_unique<zelmar::ui::QtSignalConnectionCollection>();
     m_whileSaving->add(connect(m_model, &TableModel::dataChanged, this, [this] { m_editedWhileSaved = true; }));
-    const QString path = QString::fromStdString(flow.selectedFilename());
-    m_savingName = QFileInfo(path).fileName();
-    m_saver->save(*m_model->document(), path, writerFor(path, flow.selectedWriter()));
+    m_savingTarget = target;
+    m_saver->save(*m_model->document(), target.path, *target.format);
+    updateActions();
     showFacts();
 }
 
 void TableEditorPage::onSaved(const QString& path, const QString& error)
 {
     m_whileSaving.reset();
-    m_saveButton->setEnabled(true);
-    m_openButton->setEnabled(true);
+    updateActions();
     const bool close = std::exchange(m_closeWhenSaved, false);
     if (!error.isEmpty()) {
         reportProblem(path, error);
@@ -339,7 +316,7 @@ void TableEditorPage::onSaved(const QString& path, const QString& error)
         return;
     }
     m_messages->clear();
-    showPath(path);
+    setTarget(m_savingTarget);
     if (!m_editedWhileSaved)
         m_model->markSaved();
     showFacts();
@@ -354,7 +331,7 @@ void TableEditorPage::tour(Tour& tour)
     tourCancelledDialogs(tour);
     tourGoodTable(tour);
     tourCopiedCells(tour);
-    tour.readHelpAndCancelFileDialog([this] { m_saveButton->click(); });
+    tour.readHelpAndCancelFileDialog([this] { m_saveAsAction->trigger(); });
     tourSavedTables(tour);
     tourEditWhileSaving(tour);
     tourUnsavedEdits(tour);
@@ -364,13 +341,13 @@ void TableEditorPage::tour(Tour& tour)
 
 void TableEditorPage::tourCancelledDialogs(Tour& tour)
 {
-    tour.useFileDialog({}, QString(), {cancel}, [this] { m_openButton->click(); });
+    tour.useFileDialog({}, QString(), {cancel}, [this] { m_openAction->trigger(); });
     tour.expect(!m_loader->isLoading(), QStringLiteral("a cancelled dialog loads nothing"));
 }
 
 void TableEditorPage::openInTour(Tour& tour, const QString& name, const QString& picture)
 {
-    tour.acceptFileDialog({name, -1, picture}, [this] { m_openButton->click(); });
+    tour.acceptFileDialog({name, -1, picture}, [this] { m_openAction->trigger(); });
     tour.expect(QFileInfo(m_loadingPath).fileName() == name, QStringLiteral("the typed file is loaded: ") + name);
 }
 
@@ -437,14 +414,14 @@ void TableEditorPage::saveInTour(Tour& tour, const QString& name, int format)
     // Types the name without its extension, which the save flow appends. The first filter is the current format.
     tour.acceptFileDialog(
         {QFileInfo(name).completeBaseName(), format, format == 0 ? QStringLiteral("save") : QString()},
-        [this] { m_saveButton->click(); });
+        [this] { m_saveAsAction->trigger(); });
     tour.waitUntil(QStringLiteral("the table is saved"), [this] { return !m_saver->isSaving(); });
-    tour.expect(QFileInfo(m_path).fileName() == name, QStringLiteral("the table is saved as ") + name);
+    tour.expect(QFileInfo(m_target.path).fileName() == name, QStringLiteral("the table is saved as ") + name);
 }
 
 void TableEditorPage::tourEditWhileSaving(Tour& tour)
 {
-    tour.acceptFileDialog({QStringLiteral("edited"), 0, QString()}, [this] { m_saveButton->click(); });
+    tour.acceptFileDialog({QStringLiteral("edited"), 0, QString()}, [this] { m_saveAsAction->trigger(); });
     tour.expect(m_saver->isSaving(), QStringLiteral("the table is being saved"));
     m_model->setData(m_model->index(0, 0), QStringLiteral("edited meanwhile"));
     tour.waitUntil(QStringLiteral("the table is saved"), [this] { return !m_saver->isSaving(); });
@@ -455,9 +432,9 @@ void TableEditorPage::tourEditWhileSaving(Tour& tour)
 void TableEditorPage::tourUnsavedEdits(Tour& tour)
 {
     m_model->setData(m_model->index(0, 0), QStringLiteral("unsaved"));
-    const QString shown = m_path;
-    tour.answerQuestion(QMessageBox::No, [this] { m_openButton->click(); });
-    tour.expect(m_path == shown && m_model->isModified(), QStringLiteral("No keeps the edits"));
+    const QString shown = m_target.path;
+    tour.answerQuestion(QMessageBox::No, [this] { m_openAction->trigger(); });
+    tour.expect(m_target.path == shown && m_model->isModified(), QStringLiteral("No keeps the edits"));
     tour.answerQuestion(QMessageBox::No, [this] { window()->close(); });
     tour.expect(window()->isVisible(), QStringLiteral("the window stays when edits would be lost"));
     m_model->markSaved();
@@ -467,7 +444,7 @@ void TableEditorPage::tourCancelledLoad(Tour& tour)
 {
     const QString shown = m_pathLabel->text();
     openInTour(tour, QStringLiteral("broken.json"));
-    tour.expect(!m_saveButton->isEnabled() && m_view->editTriggers() == QAbstractItemView::NoEditTriggers,
+    tour.expect(!m_saveAction->isEnabled() && m_view->editTriggers() == QAbstractItemView::NoEditTriggers,
                 QStringLiteral("nothing is edited or saved while another table is loading"));
     tour.expect(m_view->cursor().shape() == Qt::BusyCursor, QStringLiteral("the table has a busy cursor meanwhile"));
     m_loadBar->cancelButton().setFocus();
@@ -475,7 +452,7 @@ void TableEditorPage::tourCancelledLoad(Tour& tour)
     tour.expect(window()->focusWidget() == m_openButton,
                 QStringLiteral("the keyboard is where another table can be opened"));
     tour.expect(!m_loader->isLoading(), QStringLiteral("Cancel ends loading"));
-    tour.expect(m_saveButton->isEnabled() && m_view->editTriggers() == m_editTriggers,
+    tour.expect(m_saveAction->isEnabled() && m_view->editTriggers() == m_editTriggers,
                 QStringLiteral("the table can be edited and saved when loading is cancelled"));
     tour.expect(m_view->cursor().shape() == Qt::ArrowCursor, QStringLiteral("the busy cursor goes with the load"));
     tour.expect(m_pathLabel->text() == shown, QStringLiteral("the table stays when loading is cancelled"));

@@ -2,13 +2,15 @@
 
 #include "GalleryPage.h"
 
-#include "TableFormat.h"
+#include "tableDialogs.h"
 
 #include <QAbstractItemView>
 
 #include <memory>
 
 class ElidedTextLabel;
+class QAction;
+class QKeySequence;
 class QLabel;
 class QPushButton;
 class QStackedWidget;
@@ -44,10 +46,10 @@ public:
     void tour(Tour& tour);
 
 private:
+    QAction* addAction(const QString& text, const QString& toolTip, const QKeySequence& shortcut);
     void addWidgets();
     void connectWidgets();
     void openTable();
-    QString askForPath();
     void startLoading(const QString& path);
     void onLoaded(const TableResult& result);
     void cancelLoading();
@@ -56,8 +58,11 @@ private:
     void showFacts();
     void reportProblem(const QString& path, const QString& problem);
     void saveTable();
+    void saveTableAs();
+    void startSaving(const TableTarget& target);
     void onSaved(const QString& path, const QString& error);
-    void showPath(const QString& path);
+    void setTarget(const TableTarget& target);
+    void updateActions();
 
     void tourCancelledDialogs(Tour& tour);
     void openInTour(Tour& tour, const QString& name, const QString& picture = {});
@@ -70,8 +75,10 @@ private:
     void tourBrokenTable(Tour& tour);
     void tourCancelledLoad(Tour& tour);
 
+    QAction* m_openAction;
+    QAction* m_saveAction;
+    QAction* m_saveAsAction;
     QPushButton* m_openButton;
-    QPushButton* m_saveButton;
     ElidedTextLabel* m_pathLabel;
     TableView* m_view;
     const QAbstractItemView::EditTriggers m_editTriggers; ///< the triggers of the view unless a table is loading
@@ -83,9 +90,9 @@ private:
     LoadBar* m_loadBar;
     MessageArea* m_messages;
     QString m_loadingPath; ///< the path of the running or the last load
-    QString m_path;        ///< the path of the shown table; empty if there is none
+    TableTarget m_target;  ///< the file of the shown table, into which it is saved; empty if there is no table
     std::unique_ptr<zelmar::ui::QtSignalConnectionCollection> m_whileSaving; ///< null unless a table is being saved
-    QString m_savingName;            ///< the file name of the running or the last save
+    TableTarget m_savingTarget;      ///< the file of the running or the last save
     bool m_closeWhenSaved = false;   ///< the user has closed the window while the table is being saved
     bool m_editedWhileSaved = false; ///< the saved table is older than the shown one
 };

@@ -115,14 +115,14 @@ QPushButton& tst_TableEditorPage::button(const QString& text) const
 void tst_TableEditorPage::openMeasurements(FileDialogScript& script) const
 {
     script.accept(measurements);
-    button("&Open a table…").click();
+    button("&Open…").click();
     QTRY_COMPARE(table().rowCount(), 24);
 }
 
 /// Presses the button and waits until the table is saved, if the flow has accepted a name.
 void tst_TableEditorPage::save() const
 {
-    QPushButton& saveButton = button("&Save as…");
+    QPushButton& saveButton = button("Save &as…");
     QVERIFY(saveButton.isEnabled());
     saveButton.click();
     QTRY_VERIFY(saveButton.isEnabled());
@@ -146,7 +146,7 @@ void tst_TableEditorPage::keepsTheTableWhenCancelled()
     FileDialogScript script;
     openMeasurements(script);
     script.cancel();
-    button("&Open a table…").click();
+    button("&Open…").click();
     QCOMPARE(script.verify(), QString());
     QCOMPARE(table().rowCount(), 24);
     // The dialog starts at the table that is open.
@@ -180,7 +180,7 @@ void tst_TableEditorPage::savesWithTheWriterOfTheName()
     QVERIFY(file.open(QIODevice::ReadOnly));
     QVERIFY(!QJsonDocument::fromJson(file.readAll()).isNull());
     script.accept(path("saved.JSON"));
-    button("&Open a table…").click();
+    button("&Open…").click();
     QTRY_COMPARE(table().rowCount(), 24);
     QCOMPARE(table().columnCount(), 6);
     QCOMPARE(script.verify(), QString());
@@ -274,7 +274,7 @@ void tst_TableEditorPage::closesWhenTheTableIsSaved()
     m_page->show();
     openMeasurements(script);
     script.accept(path("saved.csv"));
-    button("&Save as…").click();
+    button("Save &as…").click();
     QVERIFY(shows("Saving saved.csv"));
     QVERIFY(!m_page->mayLeave());
     QVERIFY(m_page->isVisible());
@@ -289,7 +289,7 @@ void tst_TableEditorPage::staysBelowADialog()
     m_page->show();
     openMeasurements(script);
     script.accept(path("saved.csv"));
-    QPushButton& saveButton = button("&Save as…");
+    QPushButton& saveButton = button("Save &as…");
     saveButton.click();
     QVERIFY(!m_page->mayLeave());
     QMessageBox box(m_page.get());
@@ -307,7 +307,7 @@ void tst_TableEditorPage::staysWhenTheTableCannotBeSaved()
     m_page->show();
     openMeasurements(script);
     script.accept(path("missing folder/saved.csv"));
-    button("&Save as…").click();
+    button("Save &as…").click();
     QVERIFY(!m_page->mayLeave());
     auto* const messages = m_page->findChild<QPlainTextEdit*>();
     QTRY_VERIFY(messages->isVisible());
@@ -326,7 +326,7 @@ void tst_TableEditorPage::givesTheKeyboardToTheTable()
 {
     FileDialogScript script;
     m_page->show();
-    button("&Open a table…").setFocus();
+    button("&Open…").setFocus();
     openMeasurements(script);
     QCOMPARE(m_page->focusWidget(), m_page->findChild<QTableView*>());
     QVERIFY(shows("24 rows, 6 columns"));

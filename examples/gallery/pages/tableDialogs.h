@@ -1,0 +1,28 @@
+#pragma once
+
+#include "TableFormat.h"
+
+#include <QString>
+
+#include <optional>
+
+class QWidget;
+
+namespace gallery {
+
+/// Asks which table to open, and returns its path, or an empty text if the user cancels. The dialog starts at
+/// `shownPath`, which may be empty.
+QString askForTable(const QString& shownPath);
+
+/// A file and the format in which a table is written to it.
+struct TableTarget
+{
+    QString path;
+    const TableFormat* format = nullptr;
+};
+
+/// Asks with the save flow where to save the table that was loaded from or saved at `shownPath`. Returns nothing if
+/// the user cancels.
+std::optional<TableTarget> askWhereToSave(QWidget& window, const QString& shownPath);
+
+} // namespace gallery

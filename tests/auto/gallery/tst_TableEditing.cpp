@@ -1,0 +1,243 @@
+#include "pages/TableEditorPage.h"
+
+#include "testing/FileDialogScript.h"
+
+#include "Keyboard.h"
+#include "TestHome.h"
+
+#include <QAbstractItemModel>
+#include <QApplication>
+#include <QFile>
+#include <QFileInfo>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QStackedWidget>
+#include <QTableView>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <memory>
+
+using gallery::TableEditorPage;
+using zelmar::testing::FileDialogScript;
+
+namespace {
+
+const QByteArray sample = "name,colour,number\nfirst,red,1.50\nsecond,light red,\nthird,blue,3e2\n";
+
+} // namespace
+
+/// Edits a small table with the keys of a user, who sees the page in a window with another page behind it.
+class tst_TableEditing : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void savesIntoTheSameFile();
+    void savesInTheFormatOfTheLastSave();
+    void savesWhatIsTyped_data();
+    void savesWhatIsTyped();
+    void hasItsShortcutsWhileItIsShown();
+    void savesOnceAtATime();
+    void tellsTheShortcuts();
+
+private:
+    void open(const QString& name, const QByteArray& contents);
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+    void type(const QString& text);
+    void save();
+    void go(int row, int column) { view().setCurrentIndex(table().index(row, column)); }
+    QTableView& view() const { return *m_page->findChild<QTableView*>(); }
+    QAbstractItemModel& table() const { return *view().model(); }
+    QString text(int row, int column) const { return table().index(row, column).data().toString(); }
+    bool isEdited() const;
+    QPushButton& button(const QString& text) const;
+    QString path(const QString& name) const { return m_folder->filePath(name); }
+    QByteArray contents(const QString& name) const;
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+    std::unique_ptr<FileDialogScript> m_script;
+    std::unique_ptr<QStackedWidget> m_window;
+    TableEditorPage* m_page = nullptr;
+};
+
+void tst_TableEditing::init()
+{
+    m_folder = std::make_unique<QTemporaryDir>();
+    m_script = std::make_unique<FileDialogScript>();
+    m_window = std::make_unique<QStackedWidget>();
+    m_page = new TableEditorPage;
+    m_window->addWidget(m_page);
+    m_window->addWidget(new QLineEdit);
+    m_window->resize(800, 600);
+    m_window->show();
+    takeKeyboardFocus(*m_page);
+    open("table.csv", sample);
+}
+
+void tst_TableEditing::cleanup()
+{
+    QCOMPARE(m_script->verify(), QString());
+    m_window.reset();
+    m_script.reset();
+    m_folder.reset();
+}
+
+/// Writes a file and opens it by shortcut.
+void tst_TableEditing::open(const QString& name, const QByteArray& contents)
+{
+    QFile file(path(name));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(contents);
+    file.close();
+    m_script->accept(file.fileName());
+    const QSignalSpy resets(&table(), &QAbstractItemModel::modelReset);
+    press(Qt::Key_O, Qt::ControlModifier);
+    QTRY_COMPARE(resets.size(), 1);
+}
+
+/// Sends the key to the window, from which Qt looks for shortcuts and forwards the key to an open list.
+void tst_TableEditing::press(Qt::Key key, Qt::KeyboardModifiers modifiers)
+{
+    QTest::keyClick(m_window->windowHandle(), key, modifiers);
+}
+
+void tst_TableEditing::type(const QString& text)
+{
+    for (const QChar letter : text)
+        QTest::keyClick(m_window->windowHandle(), letter.toLatin1());
+}
+
+/// Saves by shortcut and waits until the table is saved.
+void tst_TableEditing::save()
+{
+    press(Qt::Key_S, Qt::ControlModifier);
+    QTRY_VERIFY(button("&Save").isEnabled());
+}
+
+bool tst_TableEditing::isEdited() const
+{
+    const QList<QLabel*> labels = m_page->findChildren<QLabel*>();
+    return std::any_of(labels.begin(), labels.end(),
+                       [](const QLabel* label) { return label->isVisible() && label->text().endsWith(", edited"); });
+}
+
+QPushButton& tst_TableEditing::button(const QString& text) const
+{
+    for (QPushButton* const button : m_page->findChildren<QPushButton*>()) {
+        if (button->text() == text)
+            return *button;
+    }
+    qFatal("the page has no button %s", qPrintable(text));
+}
+
+QByteArray tst_TableEditing::contents(const QString& name) const
+{
+    QFile file(path(name));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+// Saving
+
+void tst_TableEditing::savesIntoTheSameFile()
+{
+    go(0, 0);
+    type("new");
+    press(Qt::Key_Return);
+    QTRY_VERIFY(isEdited());
+    save();
+    QCOMPARE(m_script->dialogs().size(), 1U);
+    QVERIFY2(contents("table.csv").contains("\nnew,red,1.50\n"), contents("table.csv").constData());
+    QVERIFY(!isEdited());
+}
+
+void tst_TableEditing::savesInTheFormatOfTheLastSave()
+{
+    m_script->accept(path("saved.json"));
+    press(Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
+    QTRY_VERIFY(button("&Save").isEnabled());
+    go(0, 0);
+    type("new");
+    press(Qt::Key_Return);
+    QTRY_VERIFY(isEdited());
+    save();
+    QVERIFY(contents("saved.json").contains("\"new\""));
+    QCOMPARE(contents("table.csv"), sample);
+}
+
+void tst_TableEditing::savesWhatIsTyped_data()
+{
+    QTest::addColumn<int>("column");
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<bool>("isSavedAs");
+    QTest::newRow("a text") << 0 << "typed" << false;
+    QTest::newRow("a text below its completions") << 1 << "red" << false;
+    QTest::newRow("a number") << 2 << "25" << false;
+    QTest::newRow("a text, saved as") << 0 << "typed" << true;
+    QTest::newRow("a text below its completions, saved as") << 1 << "red" << true;
+}
+
+/// The text is in the table although no key has ended typing.
+void tst_TableEditing::savesWhatIsTyped()
+{
+    QFETCH(int, column);
+    QFETCH(QString, typed);
+    QFETCH(bool, isSavedAs);
+    go(1, column);
+    type(typed);
+    QCOMPARE(QApplication::activePopupWidget() != nullptr, column == 1);
+    if (isSavedAs)
+        m_script->accept(path("table2.csv"));
+    press(Qt::Key_S, isSavedAs ? Qt::ControlModifier | Qt::ShiftModifier : Qt::ControlModifier);
+    QTRY_VERIFY(button("&Save").isEnabled());
+    QCOMPARE(text(1, column), typed);
+    QTRY_VERIFY(contents(isSavedAs ? "table2.csv" : "table.csv").contains(typed.toLatin1()));
+    QVERIFY(!isEdited());
+}
+
+void tst_TableEditing::hasItsShortcutsWhileItIsShown()
+{
+    m_window->setCurrentIndex(1);
+    for (const Qt::Key key : {Qt::Key_O, Qt::Key_S})
+        press(key, Qt::ControlModifier);
+    press(Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
+    QCOMPARE(m_script->dialogs().size(), 1U);
+    QVERIFY(button("&Save").isEnabled());
+
+    // They work wherever the keyboard is on the page.
+    m_window->setCurrentIndex(0);
+    button("&Open…").setFocus();
+    m_script->cancel();
+    press(Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
+    QCOMPARE(m_script->dialogs().size(), 2U);
+}
+
+void tst_TableEditing::savesOnceAtATime()
+{
+    press(Qt::Key_S, Qt::ControlModifier);
+    for (const char* text : {"&Open…", "&Save", "Save &as…"})
+        QVERIFY(!button(QString::fromUtf8(text)).isEnabled());
+    press(Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
+    press(Qt::Key_O, Qt::ControlModifier);
+    QCOMPARE(m_script->dialogs().size(), 1U);
+    for (const char* text : {"&Open…", "&Save", "Save &as…"})
+        QTRY_VERIFY(button(QString::fromUtf8(text)).isEnabled());
+}
+
+void tst_TableEditing::tellsTheShortcuts()
+{
+    const auto native = [](const char* keys) {
+        return QKeySequence(QString::fromLatin1(keys)).toString(QKeySequence::NativeText);
+    };
+    QVERIFY(button("&Open…").toolTip().contains(native("Ctrl+O")));
+    QVERIFY(button("&Save").toolTip().contains(native("Ctrl+S")));
+    QVERIFY(button("Save &as…").toolTip().contains(native("Ctrl+Shift+S")));
+}
+
+UI_TEST_MAIN(tst_TableEditing)
+#include "tst_TableEditing.moc"
