@@ -18,7 +18,7 @@ set(expected
     "Table editor: saved and opened again: ${folder}/saved\\.csv, 24 rows, 6 columns, UTF-8"
     "Table editor: saved and opened again: ${folder}/saved\\.tsv, 24 rows, 6 columns, UTF-8"
     "Table editor: saved and opened again: ${folder}/saved\\.json, 24 rows, 6 columns, UTF-8"
-    "Table editor: asked: The table has edits that are not saved\\. Do you want to lose them\\?"
+    "Table editor: asked: The table \"edited\\.csv\" has edits that are not saved\\. Do you want to save them\\?"
     "Table editor: cancelled loading: ${folder}/broken\\.json"
     "Table editor: message: ${folder}/broken\\.json: Line 1, column 29: .+"
     "Open one file: The dialog was cancelled\\."

@@ -29,6 +29,7 @@
 #include <QLabel>
 #include <QLocale>
 #include <QMessageBox>
+#include <QPointer>
 #include <QPushButton>
 #include <QSet>
 #include <QStackedWidget>
@@ -166,7 +167,7 @@ void TableEditorPage::connectWidgets()
 
 void TableEditorPage::openTable()
 {
-    if (!mayLeave())
+    if (!mayReplaceTable({tr("Another table can be opened when it is saved."), [this] { openTable(); }}))
         return;
     const QString path = askForTable(m_target.path);
     if (!path.isEmpty())
@@ -175,17 +176,29 @@ void TableEditorPage::openTable()
 
 bool TableEditorPage::mayLeave()
 {
+    return mayReplaceTable({tr("The window closes when it is saved."), [this] { window()->close(); }});
+}
+
+/// Returns whether the table has no edits that would be lost now. If the user wants to save it, or it is being saved,
+/// goes on with `next` when it is saved.
+bool TableEditorPage::mayReplaceTable(const Next& next)
+{
     m_view->finishEditing();
-    if (m_saver->isSaving()) {
-        m_closeWhenSaved = true;
-        showFacts();
-        return false;
+    if (!m_saver->isSaving()) {
+        if (!m_model->isModified())
+            return true;
+        cancelLoading(); // otherwise another table could arrive below the question
+        const QPointer<TableEditorPage> page = this;
+        const QMessageBox::StandardButton answer = askWhetherToSave(*window(), m_target.path);
+        if (!page || answer == QMessageBox::Discard)
+            return page;
+        if (answer == QMessageBox::Save)
+            saveTable();
     }
-    return !m_model->isModified()
-           || QMessageBox::question(window(), tr("Table editor"),
-                                    tr("The table has edits that are not saved. Do you want to lose them?"),
-                                    QMessageBox::Yes | QMessageBox::No, QMessageBox::No)
-                  == QMessageBox::Yes;
+    if (m_saver->isSaving())
+        m_whenSaved = next;
+    showFacts();
+    return false;
 }
 
 void TableEditorPage::startLoading(const QString& path)
@@ -202,6 +215,8 @@ void TableEditorPage::startLoading(const QString& path)
 
 void TableEditorPage::cancelLoading()
 {
+    if (!m_loader->isLoading())
+        return;
     m_loader->cancel();
     hideLoadBar();
 }
@@ -265,13 +280,12 @@ void TableEditorPage::showFacts()
     const QString facts = QStringList{rowsText(m_model->rowCount()), columnsText(m_model->columnCount()),
                                       m_model->document()->encodingName()}
                               .join(QStringLiteral(", "));
-    const QString saved = QFileInfo(m_savingTarget.path).fileName();
-    if (!m_saver->isSaving())
+    if (m_saver->isSaving()) {
+        const QString saving = tr("Saving %1…").arg(QFileInfo(m_savingTarget.path).fileName());
+        m_facts->setText(m_whenSaved.go ? saving + QLatin1Char(' ') + m_whenSaved.announcement : saving);
+    } else {
         m_facts->setText(m_model->isModified() ? tr("%1, edited").arg(facts) : facts);
-    else if (m_closeWhenSaved)
-        m_facts->setText(tr("Saving %1… The window closes when it is saved.").arg(saved));
-    else
-        m_facts->setText(tr("Saving %1…").arg(saved));
+    }
 }
 
 void TableEditorPage::reportProblem(const QString& path, const QString& problem)
@@ -309,7 +323,7 @@ void TableEditorPage::onSaved(const QString& path, const QString& error)
 {
     m_whileSaving.reset();
     updateActions();
-    const bool close = std::exchange(m_closeWhenSaved, false);
+    const Next next = std::exchange(m_whenSaved, {});
     if (!error.isEmpty()) {
         reportProblem(path, error);
         showFacts();
@@ -320,8 +334,8 @@ void TableEditorPage::onSaved(const QString& path, const QString& error)
     if (!m_editedWhileSaved)
         m_model->markSaved();
     showFacts();
-    if (close && !QApplication::activeModalWidget()) // The user has started something else meanwhile.
-        window()->close();
+    if (next.go && !QApplication::activeModalWidget()) // Otherwise the user has started something else meanwhile.
+        next.go();
 }
 
 // Tour
@@ -433,9 +447,9 @@ void TableEditorPage::tourUnsavedEdits(Tour& tour)
 {
     m_model->setData(m_model->index(0, 0), QStringLiteral("unsaved"));
     const QString shown = m_target.path;
-    tour.answerQuestion(QMessageBox::No, [this] { m_openAction->trigger(); });
-    tour.expect(m_target.path == shown && m_model->isModified(), QStringLiteral("No keeps the edits"));
-    tour.answerQuestion(QMessageBox::No, [this] { window()->close(); });
+    tour.answerQuestion(QMessageBox::Cancel, [this] { m_openAction->trigger(); });
+    tour.expect(m_target.path == shown && m_model->isModified(), QStringLiteral("Cancel keeps the edits"));
+    tour.answerQuestion(QMessageBox::Cancel, [this] { window()->close(); });
     tour.expect(window()->isVisible(), QStringLiteral("the window stays when edits would be lost"));
     m_model->markSaved();
 }

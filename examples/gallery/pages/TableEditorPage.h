@@ -6,6 +6,7 @@
 
 #include <QAbstractItemView>
 
+#include <functional>
 #include <memory>
 
 class ElidedTextLabel;
@@ -31,8 +32,8 @@ class Tour;
 
 /// A page with a small real application: it opens a table of any size with a file dialog, reads it in the background,
 /// shows it for editing, and saves it with the save flow, with one writer per file format. The current table stays
-/// until the next one is complete, and edits are never lost without a question. If the user closes
-/// the window while a table is being saved, it closes when the table is saved, and stays if that fails.
+/// until the next one is complete, and edits are never lost without a question. What the user asks for while the table
+/// is being saved, such as closing the window, happens when it is saved, and does not if that fails.
 class TableEditorPage : public GalleryPage
 {
     Q_OBJECT
@@ -46,10 +47,18 @@ public:
     void tour(Tour& tour);
 
 private:
+    /// What the user has asked for, and how it is announced while the table is being saved.
+    struct Next
+    {
+        QString announcement;
+        std::function<void()> go;
+    };
+
     QAction* addAction(const QString& text, const QString& toolTip, const QKeySequence& shortcut);
     void addWidgets();
     void connectWidgets();
     void openTable();
+    bool mayReplaceTable(const Next& next);
     void startLoading(const QString& path);
     void onLoaded(const TableResult& result);
     void cancelLoading();
@@ -93,7 +102,7 @@ private:
     TableTarget m_target;  ///< the file of the shown table, into which it is saved; empty if there is no table
     std::unique_ptr<zelmar::ui::QtSignalConnectionCollection> m_whileSaving; ///< null unless a table is being saved
     TableTarget m_savingTarget;      ///< the file of the running or the last save
-    bool m_closeWhenSaved = false;   ///< the user has closed the window while the table is being saved
+    Next m_whenSaved;                ///< follows the running save if it succeeds; empty for nothing
     bool m_editedWhileSaved = false; ///< the saved table is older than the shown one
 };
 

@@ -5,6 +5,7 @@
 
 #include <QCoreApplication>
 #include <QFileInfo>
+#include <QPointer>
 #include <QStringList>
 
 #include <string>
@@ -14,9 +15,9 @@ namespace gallery {
 
 namespace {
 
-std::string translated(const char* text)
+QString tr(const char* text)
 {
-    return QCoreApplication::translate("gallery::tableDialogs", text).toStdString();
+    return QCoreApplication::translate("gallery::tableDialogs", text);
 }
 
 /// Returns the name filters for opening: first all formats together, then each format.
@@ -28,7 +29,7 @@ std::vector<std::string> openFilters()
         patterns += QStringLiteral("*.") + format.extension;
         filters.push_back(format.nameFilter.toStdString());
     }
-    filters.front() = translated("All tables") + " (" + patterns.join(QLatin1Char(' ')).toStdString() + ')';
+    filters.front() = tr("All tables").toStdString() + " (" + patterns.join(QLatin1Char(' ')).toStdString() + ')';
     return filters;
 }
 
@@ -64,21 +65,35 @@ QString askForTable(const QString& shownPath)
         shown.push_back(shownPath.toStdString());
     std::vector<std::string> files;
     int filter = -1;
-    const bool accepted =
-        zelmar::ui::LaunchFileDialog(files, filter, translated("Open a table"), openFilters(), shown, false, false, 0);
+    const bool accepted = zelmar::ui::LaunchFileDialog(files, filter, tr("Open a table").toStdString(), openFilters(),
+                                                       shown, false, false, 0);
     return accepted && !files.empty() ? QString::fromStdString(files.front()) : QString();
 }
 
 std::optional<TableTarget> askWhereToSave(QWidget& window, const QString& shownPath)
 {
     const QFileInfo shown(shownPath);
-    SaveFileDialog flow(&window, translated("Save the table"), shown.path().toStdString(),
+    SaveFileDialog flow(&window, tr("Save the table").toStdString(), shown.path().toStdString(),
                         shown.completeBaseName().toStdString(), saveFilters(), indexOfFormat(shownPath),
                         "table/save.html");
     if (!flow.launch())
         return {};
     const QString path = QString::fromStdString(flow.selectedFilename());
     return TableTarget{path, &writerFor(path, flow.selectedWriter())};
+}
+
+QMessageBox::StandardButton askWhetherToSave(QWidget& window, const QString& path)
+{
+    const QString text = tr("The table \"%1\" has edits that are not saved. Do you want to save them?");
+    // On the heap, because the window may be destroyed while the question is open, and the question with it.
+    const QPointer<QMessageBox> question =
+        new QMessageBox(QMessageBox::Question, tr("Table editor"), text.arg(QFileInfo(path).fileName()),
+                        QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, &window);
+    question->setTextFormat(Qt::PlainText);
+    question->setDefaultButton(QMessageBox::Save);
+    const int answer = question->exec();
+    delete question;
+    return QMessageBox::StandardButton(answer);
 }
 
 } // namespace gallery

@@ -2,6 +2,7 @@
 
 #include "TableFormat.h"
 
+#include <QMessageBox>
 #include <QString>
 
 #include <optional>
@@ -24,5 +25,9 @@ struct TableTarget
 /// Asks with the save flow where to save the table that was loaded from or saved at `shownPath`. Returns nothing if
 /// the user cancels.
 std::optional<TableTarget> askWhereToSave(QWidget& window, const QString& shownPath);
+
+/// Asks whether to save the table at `path`, which has edits, and returns Save, Discard or Cancel. Returns Cancel if
+/// the window is destroyed meanwhile.
+QMessageBox::StandardButton askWhetherToSave(QWidget& window, const QString& path);
 
 } // namespace gallery

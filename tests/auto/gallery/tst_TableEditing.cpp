@@ -2,22 +2,25 @@
 
 #include "testing/FileDialogScript.h"
 
+#include "DialogDriver.h"
 #include "Keyboard.h"
 #include "TestHome.h"
 
 #include <QAbstractItemModel>
 #include <QApplication>
 #include <QFile>
-#include <QFileInfo>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMessageBox>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QStackedWidget>
 #include <QTableView>
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <algorithm>
+#include <functional>
 #include <memory>
 
 using gallery::TableEditorPage;
@@ -26,6 +29,16 @@ using zelmar::testing::FileDialogScript;
 namespace {
 
 const QByteArray sample = "name,colour,number\nfirst,red,1.50\nsecond,light red,\nthird,blue,3e2\n";
+
+/// A window that closes only if its first page allows that.
+class Window : public QStackedWidget
+{
+protected:
+    void closeEvent(QCloseEvent* event) override
+    {
+        event->setAccepted(static_cast<TableEditorPage*>(widget(0))->mayLeave());
+    }
+};
 
 } // namespace
 
@@ -45,12 +58,24 @@ private Q_SLOTS:
     void hasItsShortcutsWhileItIsShown();
     void savesOnceAtATime();
     void tellsTheShortcuts();
+    void asksNothingWithoutEdits();
+    void staysWhenCancelled();
+    void closesWithoutDiscardedEdits();
+    void closesWhenTheEditsAreSaved();
+    void opensAnotherWhenTheEditsAreSaved();
+    void staysWhenTheEditsCannotBeSaved();
+    void asksAgainAboutEditsWhileSaving();
+    void endsALoadBeforeAQuestion();
+    void survivesItsEndInTheQuestion_data();
+    void survivesItsEndInTheQuestion();
 
 private:
     void open(const QString& name, const QByteArray& contents);
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
     void type(const QString& text);
     void save();
+    void edit(int row, int column, const QString& text);
+    void answer(QMessageBox::StandardButton button, const std::function<void()>& ask);
     void go(int row, int column) { view().setCurrentIndex(table().index(row, column)); }
     QTableView& view() const { return *m_page->findChild<QTableView*>(); }
     QAbstractItemModel& table() const { return *view().model(); }
@@ -62,7 +87,7 @@ private:
 
     std::unique_ptr<QTemporaryDir> m_folder;
     std::unique_ptr<FileDialogScript> m_script;
-    std::unique_ptr<QStackedWidget> m_window;
+    std::unique_ptr<Window> m_window;
     TableEditorPage* m_page = nullptr;
 };
 
@@ -70,7 +95,7 @@ void tst_TableEditing::init()
 {
     m_folder = std::make_unique<QTemporaryDir>();
     m_script = std::make_unique<FileDialogScript>();
-    m_window = std::make_unique<QStackedWidget>();
+    m_window = std::make_unique<Window>();
     m_page = new TableEditorPage;
     m_window->addWidget(m_page);
     m_window->addWidget(new QLineEdit);
@@ -237,6 +262,128 @@ void tst_TableEditing::tellsTheShortcuts()
     QVERIFY(button("&Open…").toolTip().contains(native("Ctrl+O")));
     QVERIFY(button("&Save").toolTip().contains(native("Ctrl+S")));
     QVERIFY(button("Save &as…").toolTip().contains(native("Ctrl+Shift+S")));
+}
+
+// Questions about edits
+
+/// Types a text into a cell, and Return.
+void tst_TableEditing::edit(int row, int column, const QString& text)
+{
+    go(row, column);
+    type(text);
+    press(Qt::Key_Return);
+    QTRY_COMPARE(this->text(row, column), text);
+}
+
+/// Calls `ask`, which must ask one question, and answers it.
+void tst_TableEditing::answer(QMessageBox::StandardButton button, const std::function<void()>& ask)
+{
+    DialogDriver driver;
+    driver.onDialog<QMessageBox>("answer", [button](QMessageBox& box) { box.button(button)->click(); });
+    ask();
+    QVERIFY2(driver.finished(), qPrintable(driver.problem()));
+}
+
+void tst_TableEditing::asksNothingWithoutEdits()
+{
+    QVERIFY(m_window->close());
+    go(0, 0);
+    press(Qt::Key_F2);
+    QVERIFY(m_window->close());
+}
+
+void tst_TableEditing::staysWhenCancelled()
+{
+    edit(0, 0, "new");
+    answer(QMessageBox::Cancel, [this] { QVERIFY(!m_window->close()); });
+    answer(QMessageBox::Cancel, [this] { press(Qt::Key_O, Qt::ControlModifier); });
+    QCOMPARE(m_script->dialogs().size(), 1U);
+    QVERIFY(isEdited());
+    QCOMPARE(contents("table.csv"), sample);
+}
+
+void tst_TableEditing::closesWithoutDiscardedEdits()
+{
+    edit(0, 0, "new");
+    answer(QMessageBox::Discard, [this] { QVERIFY(m_window->close()); });
+    QCOMPARE(contents("table.csv"), sample);
+}
+
+void tst_TableEditing::closesWhenTheEditsAreSaved()
+{
+    edit(0, 0, "new");
+    answer(QMessageBox::Save, [this] { QVERIFY(!m_window->close()); });
+    QVERIFY(m_window->isVisible());
+    QTRY_VERIFY(!m_window->isVisible());
+    QVERIFY(contents("table.csv").contains("\nnew,"));
+}
+
+void tst_TableEditing::opensAnotherWhenTheEditsAreSaved()
+{
+    QFile other(path("other.csv"));
+    QVERIFY(other.open(QIODevice::WriteOnly));
+    other.write("name\nother\n");
+    other.close();
+    edit(0, 0, "new");
+    m_script->accept(other.fileName());
+    answer(QMessageBox::Save, [this] { press(Qt::Key_O, Qt::ControlModifier); });
+    QTRY_COMPARE(text(0, 0), QString("other"));
+    QVERIFY(contents("table.csv").contains("\nnew,"));
+}
+
+void tst_TableEditing::staysWhenTheEditsCannotBeSaved()
+{
+
+    edit(0, 0, "new");
+    m_folder->remove(); // No file can be written there.
+    answer(QMessageBox::Save, [this] { QVERIFY(!m_window->close()); });
+    QTRY_VERIFY(button("&Save").isEnabled());
+    QVERIFY(m_page->findChild<QPlainTextEdit*>()->toPlainText().contains("table.csv"));
+    QVERIFY(m_window->isVisible());
+    QVERIFY(isEdited());
+}
+
+void tst_TableEditing::asksAgainAboutEditsWhileSaving()
+{
+    edit(0, 0, "new");
+    answer(QMessageBox::Save, [this] { QVERIFY(!m_window->close()); });
+    table().setData(table().index(1, 0), "newer");
+    answer(QMessageBox::Cancel, [this] { QTRY_VERIFY(button("&Save").isEnabled()); });
+    QVERIFY(m_window->isVisible());
+    QVERIFY(isEdited());
+}
+
+void tst_TableEditing::endsALoadBeforeAQuestion()
+{
+    edit(0, 0, "new");
+    m_script->accept(path("table.csv"));
+    // Not by key, after which events are handled that could end the load.
+    answer(QMessageBox::Discard, [this] { button("&Open…").click(); });
+    QVERIFY(!button("&Save").isEnabled());
+    answer(QMessageBox::Cancel, [this] { QVERIFY(!m_window->close()); });
+    QVERIFY(button("&Save").isEnabled());
+    QCOMPARE(text(0, 0), QString("new"));
+}
+
+void tst_TableEditing::survivesItsEndInTheQuestion_data()
+{
+    QTest::addColumn<bool>("isOpening");
+    QTest::newRow("closing") << false;
+    QTest::newRow("opening") << true;
+}
+
+void tst_TableEditing::survivesItsEndInTheQuestion()
+{
+    QFETCH(bool, isOpening);
+    edit(0, 0, "new");
+    DialogDriver driver;
+    driver.onDialog<QMessageBox>("destroy the window", [this](QMessageBox& /*box*/) { m_window.reset(); });
+    if (isOpening)
+        button("&Open…").click();
+    else
+        QVERIFY(!m_page->mayLeave());
+    QVERIFY2(driver.finished(), qPrintable(driver.problem()));
+    QCOMPARE(m_script->dialogs().size(), 1U);
 }
 
 UI_TEST_MAIN(tst_TableEditing)
