@@ -17,7 +17,6 @@
 
 #include "ui/qt/controls/ElidedTextLabel.h"
 #include "ui/qt/controls/OverrideCursor.h"
-#include "ui/qt/controls/QtSignalConnectionCollection.h"
 
 #include <QAction>
 #include <QApplication>
@@ -45,6 +44,16 @@ namespace {
 // Enough rows for suggestions, which are searched quickly.
 const int rowsLookedAt = 100000;
 const int longestName = 200;
+
+/// Returns the platform's keys, and `common` if it is not among them.
+QList<QKeySequence> keys(QKeySequence::StandardKey standard, const char* common = "")
+{
+    QList<QKeySequence> all = QKeySequence::keyBindings(standard);
+    const QKeySequence other(QString::fromLatin1(common));
+    if (!other.isEmpty() && !all.contains(other))
+        all += other;
+    return all;
+}
 
 /// Returns suggestions for a cell of a text column: the texts of the other cells in the column.
 QAbstractItemModel* otherTexts(const TableModel& model, const QModelIndex& index, QObject* editor)
@@ -93,10 +102,12 @@ TableEditorPage::TableEditorPage()
     : GalleryPage(tr("Table editor"),
                   tr("Opens a table of any size, shows it to be edited, and saves it. Reading goes on in "
                      "the background and can be cancelled."))
-    , m_openAction(addAction(tr("&Open…"), tr("Open a table"), QKeySequence::Open))
-    , m_saveAction(addAction(tr("&Save"), tr("Save the table in its file"), QKeySequence::Save))
-    , m_saveAsAction(addAction(tr("Save &as…"), tr("Save the table in another file"),
-                               QKeySequence(QStringLiteral("Ctrl+Shift+S"))))
+    , m_openAction(addAction(tr("&Open…"), tr("Open a table"), keys(QKeySequence::Open)))
+    , m_saveAction(addAction(tr("&Save"), tr("Save the table in its file"), keys(QKeySequence::Save)))
+    , m_saveAsAction(
+          addAction(tr("Save &as…"), tr("Save the table in another file"), keys(QKeySequence::SaveAs, "Ctrl+Shift+S")))
+    , m_undoAction(addAction(tr("&Undo"), tr("Undo"), keys(QKeySequence::Undo)))
+    , m_redoAction(addAction(tr("Re&do"), tr("Redo"), keys(QKeySequence::Redo, "Ctrl+Shift+Z")))
     , m_openButton(makeActionButton(*m_openAction))
     , m_pathLabel(new ElidedTextLabel)
     , m_view(new TableView)
@@ -121,12 +132,12 @@ TableEditorPage::TableEditorPage()
 TableEditorPage::~TableEditorPage() = default;
 
 /// Adds an action with a shortcut that works while the page is shown, whichever widget has the keyboard.
-QAction* TableEditorPage::addAction(const QString& text, const QString& toolTip, const QKeySequence& shortcut)
+QAction* TableEditorPage::addAction(const QString& text, const QString& toolTip, const QList<QKeySequence>& shortcuts)
 {
     auto* action = new QAction(text, this);
     action->setIconText(text);
     action->setToolTip(toolTip);
-    action->setShortcut(shortcut);
+    action->setShortcuts(shortcuts);
     QWidget::addAction(action);
     return action;
 }
@@ -144,8 +155,11 @@ void TableEditorPage::addWidgets()
     top->addWidget(m_openButton);
     top->addWidget(makeActionButton(*m_saveAction));
     top->addWidget(makeActionButton(*m_saveAsAction));
-    top->addWidget(m_pathLabel, 1, Qt::AlignVCenter);
+    top->addWidget(makeActionButton(*m_undoAction));
+    top->addWidget(makeActionButton(*m_redoAction));
+    top->addStretch();
     contents().addLayout(top);
+    contents().addWidget(m_pathLabel);
     contents().addWidget(m_view, 1);
     contents().addWidget(m_statusLine);
     contents().addWidget(m_messages);
@@ -156,6 +170,9 @@ void TableEditorPage::connectWidgets()
     connect(m_openAction, &QAction::triggered, this, &TableEditorPage::openTable);
     connect(m_saveAction, &QAction::triggered, this, &TableEditorPage::saveTable);
     connect(m_saveAsAction, &QAction::triggered, this, &TableEditorPage::saveTableAs);
+    connect(m_undoAction, &QAction::triggered, this, &TableEditorPage::undo);
+    connect(m_redoAction, &QAction::triggered, this, &TableEditorPage::redo);
+    connect(&m_model->edits(), &QUndoStack::indexChanged, this, &TableEditorPage::updateActions);
     connect(m_saver, &TableSaver::finished, this, &TableEditorPage::onSaved);
     connect(m_model, &TableModel::modifiedChanged, this, &TableEditorPage::showFacts);
     connect(m_loadBar, &LoadBar::cancelled, this, &TableEditorPage::cancelLoading);
@@ -273,6 +290,13 @@ void TableEditorPage::updateActions()
     m_openAction->setEnabled(!m_saver->isSaving()); // onSaved() assumes that the shown table is the saved one
     m_saveAction->setEnabled(isShown && !m_saver->isSaving());
     m_saveAsAction->setEnabled(isShown && !m_saver->isSaving());
+    const QUndoStack& edits = m_model->edits();
+    m_undoAction->setEnabled(isShown && edits.canUndo());
+    m_undoAction->setText(tr("&Undo %1").arg(edits.undoText()));
+    m_undoAction->setToolTip(tr("Undo %1").arg(edits.undoText()));
+    m_redoAction->setEnabled(isShown && edits.canRedo());
+    m_redoAction->setText(tr("Re&do %1").arg(edits.redoText()));
+    m_redoAction->setToolTip(tr("Redo %1").arg(edits.redoText()));
 }
 
 void TableEditorPage::showFacts()
@@ -293,6 +317,26 @@ void TableEditorPage::reportProblem(const QString& path, const QString& problem)
     m_messages->add(tr("%1: %2").arg(QDir::toNativeSeparators(path), problem));
 }
 
+// Editing
+
+void TableEditorPage::undo()
+{
+    m_view->finishEditing();
+    showCell(m_model->undo());
+}
+
+void TableEditorPage::redo()
+{
+    m_view->finishEditing(); // If a text was typed, there is nothing to redo any more.
+    showCell(m_model->redo());
+}
+
+void TableEditorPage::showCell(const QModelIndex& cell)
+{
+    if (cell.isValid())
+        m_view->setCurrentIndex(cell);
+}
+
 // Saving
 
 void TableEditorPage::saveTable()
@@ -310,10 +354,8 @@ void TableEditorPage::saveTableAs()
 void TableEditorPage::startSaving(const TableTarget& target)
 {
     m_view->finishEditing();
-    m_editedWhileSaved = false;
-    m_whileSaving = std::make_unique<zelmar::ui::QtSignalConnectionCollection>();
-    m_whileSaving->add(connect(m_model, &TableModel::dataChanged, this, [this] { m_editedWhileSaved = true; }));
     m_savingTarget = target;
+    m_savingState = m_model->state();
     m_saver->save(*m_model->document(), target.path, *target.format);
     updateActions();
     showFacts();
@@ -321,7 +363,6 @@ void TableEditorPage::startSaving(const TableTarget& target)
 
 void TableEditorPage::onSaved(const QString& path, const QString& error)
 {
-    m_whileSaving.reset();
     updateActions();
     const Next next = std::exchange(m_whenSaved, {});
     if (!error.isEmpty()) {
@@ -331,8 +372,7 @@ void TableEditorPage::onSaved(const QString& path, const QString& error)
     }
     m_messages->clear();
     setTarget(m_savingTarget);
-    if (!m_editedWhileSaved)
-        m_model->markSaved();
+    m_model->markSaved(m_savingState);
     showFacts();
     if (next.go && !QApplication::activeModalWidget()) // Otherwise the user has started something else meanwhile.
         next.go();
@@ -391,7 +431,7 @@ void TableEditorPage::tourCopiedCells(Tour& tour)
     tour.expect(copied == textsOf(*m_model)[1].join(QLatin1Char('\t')), QStringLiteral("a row is copied whole"));
     tour.log(QStringLiteral("copied a row: %1 fields").arg(copied.count(QLatin1Char('\t')) + 1));
     m_model->setData(first, shown);
-    m_model->markSaved();
+    m_model->markSaved(m_model->state());
 
     m_view->setCurrentIndex(first);
     for (QAction* action : {m_view->actions().last(), m_view->actions().first()}) // Select all, and Copy
@@ -440,7 +480,7 @@ void TableEditorPage::tourEditWhileSaving(Tour& tour)
     m_model->setData(m_model->index(0, 0), QStringLiteral("edited meanwhile"));
     tour.waitUntil(QStringLiteral("the table is saved"), [this] { return !m_saver->isSaving(); });
     tour.expect(m_model->isModified(), QStringLiteral("an edit that came while the table was saved is unsaved"));
-    m_model->markSaved();
+    m_model->markSaved(m_model->state());
 }
 
 void TableEditorPage::tourUnsavedEdits(Tour& tour)
@@ -451,7 +491,7 @@ void TableEditorPage::tourUnsavedEdits(Tour& tour)
     tour.expect(m_target.path == shown && m_model->isModified(), QStringLiteral("Cancel keeps the edits"));
     tour.answerQuestion(QMessageBox::Cancel, [this] { window()->close(); });
     tour.expect(window()->isVisible(), QStringLiteral("the window stays when edits would be lost"));
-    m_model->markSaved();
+    m_model->markSaved(m_model->state());
 }
 
 void TableEditorPage::tourCancelledLoad(Tour& tour)

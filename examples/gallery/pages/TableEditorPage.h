@@ -5,20 +5,17 @@
 #include "tableDialogs.h"
 
 #include <QAbstractItemView>
+#include <QKeySequence>
+#include <QList>
 
 #include <functional>
 #include <memory>
 
 class ElidedTextLabel;
 class QAction;
-class QKeySequence;
 class QLabel;
 class QPushButton;
 class QStackedWidget;
-
-namespace zelmar::ui {
-class QtSignalConnectionCollection;
-} // namespace zelmar::ui
 
 namespace gallery {
 
@@ -54,7 +51,7 @@ private:
         std::function<void()> go;
     };
 
-    QAction* addAction(const QString& text, const QString& toolTip, const QKeySequence& shortcut);
+    QAction* addAction(const QString& text, const QString& toolTip, const QList<QKeySequence>& shortcuts);
     void addWidgets();
     void connectWidgets();
     void openTable();
@@ -66,6 +63,9 @@ private:
     void showTable(const std::shared_ptr<TableDocument>& document);
     void showFacts();
     void reportProblem(const QString& path, const QString& problem);
+    void undo();
+    void redo();
+    void showCell(const QModelIndex& cell);
     void saveTable();
     void saveTableAs();
     void startSaving(const TableTarget& target);
@@ -87,6 +87,8 @@ private:
     QAction* m_openAction;
     QAction* m_saveAction;
     QAction* m_saveAsAction;
+    QAction* m_undoAction;
+    QAction* m_redoAction;
     QPushButton* m_openButton;
     ElidedTextLabel* m_pathLabel;
     TableView* m_view;
@@ -98,12 +100,11 @@ private:
     QLabel* m_facts;
     LoadBar* m_loadBar;
     MessageArea* m_messages;
-    QString m_loadingPath; ///< the path of the running or the last load
-    TableTarget m_target;  ///< the file of the shown table, into which it is saved; empty if there is no table
-    std::unique_ptr<zelmar::ui::QtSignalConnectionCollection> m_whileSaving; ///< null unless a table is being saved
-    TableTarget m_savingTarget;      ///< the file of the running or the last save
-    Next m_whenSaved;                ///< follows the running save if it succeeds; empty for nothing
-    bool m_editedWhileSaved = false; ///< the saved table is older than the shown one
+    QString m_loadingPath;      ///< the path of the running or the last load
+    TableTarget m_target;       ///< the file of the shown table, into which it is saved; empty if there is no table
+    TableTarget m_savingTarget; ///< the file of the running or the last save
+    Next m_whenSaved;           ///< follows the running save if it succeeds; empty for nothing
+    int m_savingState = 0;      ///< the state of the table when the running or the last save began
 };
 
 } // namespace gallery

@@ -1,5 +1,9 @@
 #include "TableModel.h"
 
+#include <QRect>
+
+#include <utility>
+
 namespace gallery {
 
 namespace {
@@ -18,24 +22,40 @@ TableModel::TableModel(QObject* parent)
     : QAbstractTableModel(parent)
     , m_document(std::make_shared<TableDocument>())
 {
+    connect(&m_edits, &QUndoStack::indexChanged, this, &TableModel::tellWhetherModified);
+}
+
+TableModel::~TableModel()
+{
+    m_edits.disconnect(); // because it emits signals while it is being destroyed
 }
 
 void TableModel::setDocument(std::shared_ptr<TableDocument> document)
 {
-    const bool wasModified = isModified();
+    m_savedState = 0;
+    m_edits.clear();
     beginResetModel();
     m_document = document ? std::move(document) : std::make_shared<TableDocument>();
     endResetModel();
-    if (wasModified != isModified())
-        Q_EMIT modifiedChanged(isModified());
 }
 
-void TableModel::markSaved()
+int TableModel::state() const
 {
-    if (!isModified())
-        return;
+    const EditCommand* last = editAt(m_edits.index() - 1);
+    return last ? last->state() : 0;
+}
+
+void TableModel::markSaved(int state)
+{
+    m_savedState = state;
     m_document->markSaved();
-    Q_EMIT modifiedChanged(false);
+    tellWhetherModified();
+}
+
+void TableModel::tellWhetherModified()
+{
+    if (std::exchange(m_toldModified, isModified()) != isModified())
+        Q_EMIT modifiedChanged(isModified());
 }
 
 int TableModel::rowCount(const QModelIndex& parent) const
@@ -84,13 +104,59 @@ bool TableModel::setData(const QModelIndex& index, const QVariant& value, int ro
 {
     if (!isCell(index) || role != Qt::EditRole)
         return false;
-    const bool wasModified = isModified();
-    if (!m_document->setText(index.row(), index.column(), value.toString()))
-        return true;
-    Q_EMIT dataChanged(index, index, {Qt::DisplayRole, Qt::EditRole});
-    if (!wasModified)
-        Q_EMIT modifiedChanged(true);
+    if (value.toString() != m_document->text(index.row(), index.column()))
+        edit({{index.row(), index.column(), value.toString()}});
     return true;
+}
+
+void TableModel::clear(const QModelIndexList& cells)
+{
+    QVector<CellText> edited;
+    for (const QModelIndex& cell : cells) {
+        if (isCell(cell) && !m_document->text(cell.row(), cell.column()).isEmpty())
+            edited.append({cell.row(), cell.column(), QString()});
+    }
+    if (!edited.isEmpty())
+        edit(std::move(edited));
+}
+
+void TableModel::edit(QVector<CellText> cells)
+{
+    m_edits.push(new EditCommand(*this, std::move(cells), ++m_lastState));
+}
+
+/// Returns the edit that leads from the index in the stack to the next one, or null if there is none.
+const EditCommand* TableModel::editAt(int index) const
+{
+    return static_cast<const EditCommand*>(m_edits.command(index));
+}
+
+QModelIndex TableModel::undo()
+{
+    const EditCommand* undone = editAt(m_edits.index() - 1);
+    m_edits.undo();
+    return undone ? index(undone->firstCell().row, undone->firstCell().column) : QModelIndex();
+}
+
+QModelIndex TableModel::redo()
+{
+    const EditCommand* redone = editAt(m_edits.index());
+    m_edits.redo();
+    return redone ? index(redone->firstCell().row, redone->firstCell().column) : QModelIndex();
+}
+
+/// Exchanges the texts of the cells with the given ones.
+void TableModel::swapTexts(QVector<CellText>& cells)
+{
+    QRect changed;
+    for (CellText& cell : cells) {
+        QString former = m_document->text(cell.row, cell.column);
+        m_document->setText(cell.row, cell.column, cell.text);
+        cell.text = std::move(former);
+        changed |= QRect(cell.column, cell.row, 1, 1);
+    }
+    Q_EMIT dataChanged(index(changed.top(), changed.left()), index(changed.bottom(), changed.right()),
+                       {Qt::DisplayRole, Qt::EditRole});
 }
 
 bool TableModel::isCell(const QModelIndex& index) const

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "EditCommand.h"
 #include "TableDocument.h"
 
 #include <QAbstractTableModel>
+#include <QUndoStack>
 
 #include <memory>
 
@@ -12,21 +14,36 @@ namespace gallery {
 QString shownText(const QString& text);
 
 /// A model that shows and edits a document. It decodes a cell when the cell is requested, so that the size of the table
-/// does not matter.
+/// does not matter. Edits can be undone until another document is set.
 class TableModel : public QAbstractTableModel
 {
     Q_OBJECT
 
 public:
     explicit TableModel(QObject* parent = nullptr);
+    ~TableModel() override;
 
     /// Returns the document, which is never null and initially an empty table. Edit it only through the model.
     [[nodiscard]] const std::shared_ptr<TableDocument>& document() const { return m_document; }
-    /// Replaces the document. Null sets an empty table.
+    /// Replaces the document and forgets the edits. Null sets an empty table.
     void setDocument(std::shared_ptr<TableDocument> document);
 
-    [[nodiscard]] bool isModified() const { return m_document->isModified(); }
-    void markSaved();
+    /// Returns the number of the current state of the texts. Undoing an edit leads back to the state before it; a new
+    /// edit leads to a state with a new number.
+    [[nodiscard]] int state() const;
+    /// Returns whether the state is another one than that which was loaded or saved last.
+    [[nodiscard]] bool isModified() const { return state() != m_savedState; }
+    /// Tells that the document was saved when it had this state.
+    void markSaved(int state);
+
+    /// Returns the edits, for what they are called and whether there are any. Undo them with undo() and redo().
+    [[nodiscard]] const QUndoStack& edits() const { return m_edits; }
+    /// Undo or redo one edit, and return its first cell, or an invalid index if there is no such edit.
+    QModelIndex undo();
+    QModelIndex redo();
+    /// Removes the texts of cells as one edit.
+    void clear(const QModelIndexList& cells);
+
     /// Returns the kind of \a column, which must be in range.
     [[nodiscard]] ColumnKind columnKind(int column) const { return m_document->columnKind(column); }
 
@@ -45,9 +62,19 @@ Q_SIGNALS:
     void modifiedChanged(bool modified);
 
 private:
+    friend class EditCommand;
+
     [[nodiscard]] bool isCell(const QModelIndex& index) const;
+    [[nodiscard]] const EditCommand* editAt(int index) const;
+    void edit(QVector<CellText> cells);
+    void swapTexts(QVector<CellText>& cells);
+    void tellWhetherModified();
 
     std::shared_ptr<TableDocument> m_document;
+    QUndoStack m_edits;
+    int m_lastState = 0;
+    int m_savedState = 0;
+    bool m_toldModified = false;
 };
 
 } // namespace gallery

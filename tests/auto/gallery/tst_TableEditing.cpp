@@ -69,6 +69,13 @@ private Q_SLOTS:
     void survivesItsEndInTheQuestion_data();
     void survivesItsEndInTheQuestion();
 
+    void undoesByKey();
+    void tellsWhatIsUndone();
+    void undoesATextThatIsBeingTyped();
+    void undoesTypingWithinAnEditor();
+    void knowsTheEditsWhileSaving();
+    void undoesNothingOfAnotherTable();
+
 private:
     void open(const QString& name, const QByteArray& contents);
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
@@ -384,6 +391,97 @@ void tst_TableEditing::survivesItsEndInTheQuestion()
         QVERIFY(!m_page->mayLeave());
     QVERIFY2(driver.finished(), qPrintable(driver.problem()));
     QCOMPARE(m_script->dialogs().size(), 1U);
+}
+
+// Undo
+
+void tst_TableEditing::undoesByKey()
+{
+    edit(0, 0, "new");
+    edit(2, 1, "newer");
+    go(1, 2);
+    press(Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(text(2, 1), QString("blue"));
+    QCOMPARE(view().currentIndex(), table().index(2, 1));
+    QVERIFY(isEdited());
+    press(Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(text(0, 0), QString("first"));
+    QCOMPARE(view().currentIndex(), table().index(0, 0));
+    QVERIFY(!isEdited());
+    press(Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(view().currentIndex(), table().index(0, 0));
+
+    press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    QCOMPARE(text(0, 0), QString("new"));
+    QCOMPARE(text(2, 1), QString("newer"));
+    QCOMPARE(view().currentIndex(), table().index(2, 1));
+    QVERIFY(isEdited());
+}
+
+void tst_TableEditing::tellsWhatIsUndone()
+{
+    QVERIFY(!button("&Undo").isEnabled());
+    QVERIFY(!button("Re&do").isEnabled());
+    edit(1, 0, "new");
+    QVERIFY(button("&Undo").isEnabled());
+    QVERIFY2(button("&Undo").toolTip().startsWith("Undo edit in row 2 ("), qPrintable(button("&Undo").toolTip()));
+    button("&Undo").click();
+    QVERIFY(!button("&Undo").isEnabled());
+    QVERIFY2(button("Re&do").toolTip().startsWith("Redo edit in row 2 ("), qPrintable(button("Re&do").toolTip()));
+}
+
+void tst_TableEditing::undoesATextThatIsBeingTyped()
+{
+    edit(1, 0, "new");
+    go(0, 0);
+    type("typed");
+    button("&Undo").click();
+    QCOMPARE(text(0, 0), QString("first"));
+    QCOMPARE(text(1, 0), QString("new"));
+    QVERIFY(!view().indexWidget(table().index(0, 0)));
+    button("Re&do").click();
+    QCOMPARE(text(0, 0), QString("typed"));
+}
+
+void tst_TableEditing::undoesTypingWithinAnEditor()
+{
+    edit(1, 0, "new");
+    go(0, 0);
+    press(Qt::Key_F2);
+    type("typed");
+    press(Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(text(1, 0), QString("new"));
+    QVERIFY(view().indexWidget(table().index(0, 0)));
+    press(Qt::Key_Return);
+    QTRY_VERIFY(!view().indexWidget(table().index(0, 0)));
+    QCOMPARE(text(0, 0), QString("first"));
+}
+
+void tst_TableEditing::knowsTheEditsWhileSaving()
+{
+    edit(0, 0, "new");
+    button("&Save").click(); // after which no events are handled
+    table().setData(table().index(0, 0), "newer");
+    QTRY_VERIFY(button("&Save").isEnabled());
+    QVERIFY(contents("table.csv").contains("\nnew,"));
+    QVERIFY(isEdited());
+    press(Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(text(0, 0), QString("new"));
+    QVERIFY(!isEdited());
+    press(Qt::Key_Z, Qt::ControlModifier);
+    QVERIFY(isEdited());
+}
+
+void tst_TableEditing::undoesNothingOfAnotherTable()
+{
+    edit(0, 0, "new");
+    save();
+    open("other.csv", "name\nother\n");
+    QVERIFY(!button("&Undo").isEnabled());
+    press(Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(text(0, 0), QString("other"));
+    QVERIFY(!isEdited());
 }
 
 UI_TEST_MAIN(tst_TableEditing)

@@ -22,6 +22,10 @@ private Q_SLOTS:
     void refusesOtherPlacesAndRoles();
     void tellsWhenItIsModified();
     void resetsForAnotherDocument();
+    void undoesEdits();
+    void undoesAClearingAtOnce();
+    void forgetsEditsOfAnotherDocument();
+    void knowsTheSavedState();
     void alignsNumbersRight();
     void cutsLongTextsOnlyWhereTheyAreDrawn();
     void copesWithAMillionRows();
@@ -110,8 +114,8 @@ void tst_TableModel::tellsWhenItIsModified()
     QVERIFY(m_model->isModified());
     QCOMPARE(modified.size(), 1);
     QCOMPARE(modified[0][0].toBool(), true);
-    m_model->markSaved();
-    m_model->markSaved();
+    m_model->markSaved(m_model->state());
+    m_model->markSaved(m_model->state());
     QVERIFY(!m_model->isModified());
     QCOMPARE(modified.size(), 2);
     QCOMPARE(modified[1][0].toBool(), false);
@@ -127,6 +131,80 @@ void tst_TableModel::resetsForAnotherDocument()
     QCOMPARE(modified.size(), 1);
     QCOMPARE(m_model->rowCount(), 1);
     QCOMPARE(m_model->columnCount(), 1);
+}
+
+void tst_TableModel::undoesEdits()
+{
+    QVERIFY(!m_model->undo().isValid());
+    m_model->setData(m_model->index(0, 0), "1");
+    m_model->setData(m_model->index(2, 1), "2");
+    QCOMPARE(m_model->edits().count(), 2);
+    QCOMPARE(m_model->edits().undoText(), QString("edit in row 3"));
+
+    const QSignalSpy changes(m_model.get(), &TableModel::dataChanged);
+    QCOMPARE(m_model->undo(), m_model->index(2, 1));
+    QCOMPARE(m_model->index(2, 1).data().toString(), QString());
+    QCOMPARE(changes.last()[0].toModelIndex(), m_model->index(2, 1));
+    QCOMPARE(m_model->undo(), m_model->index(0, 0));
+    QCOMPARE(m_model->index(0, 0).data().toString(), QString("x"));
+    QVERIFY(!m_model->undo().isValid());
+
+    QCOMPARE(m_model->redo(), m_model->index(0, 0));
+    QCOMPARE(m_model->redo(), m_model->index(2, 1));
+    QVERIFY(!m_model->redo().isValid());
+    QCOMPARE(m_model->index(0, 0).data().toString(), QString("1"));
+    QCOMPARE(m_model->index(2, 1).data().toString(), QString("2"));
+}
+
+void tst_TableModel::undoesAClearingAtOnce()
+{
+    const QSignalSpy changes(m_model.get(), &TableModel::dataChanged);
+    m_model->clear({m_model->index(2, 2)}); // which is empty
+    QCOMPARE(m_model->edits().count(), 0);
+    m_model->clear({m_model->index(1, 0), m_model->index(0, 1), m_model->index(1, 1)});
+    QCOMPARE(m_model->edits().count(), 1);
+    QCOMPARE(m_model->edits().undoText(), QString("clearing of 2 cells"));
+    QCOMPARE(m_model->index(1, 0).data().toString(), QString());
+    QCOMPARE(m_model->index(0, 1).data().toString(), QString());
+    QCOMPARE(changes.size(), 1);
+    QCOMPARE(changes[0][0].toModelIndex(), m_model->index(0, 0));
+    QCOMPARE(changes[0][1].toModelIndex(), m_model->index(1, 1));
+    QCOMPARE(m_model->undo(), m_model->index(1, 0));
+    QCOMPARE(m_model->index(1, 0).data().toString(), QString("z"));
+    QCOMPARE(m_model->index(0, 1).data().toString(), QString("y"));
+}
+
+void tst_TableModel::forgetsEditsOfAnotherDocument()
+{
+    m_model->setData(m_model->index(0, 0), "1");
+    m_model->markSaved(m_model->state());
+    m_model->setDocument(document("a\n1\n"));
+    QCOMPARE(m_model->edits().count(), 0);
+    QVERIFY(!m_model->isModified());
+    QVERIFY(!m_model->undo().isValid());
+}
+
+void tst_TableModel::knowsTheSavedState()
+{
+    const QModelIndex cell = m_model->index(0, 0);
+    m_model->setData(cell, "1");
+    const int saved = m_model->state();
+    m_model->setData(cell, "2");
+    m_model->markSaved(saved); // while which the edit to 2 was made
+    QVERIFY(m_model->isModified());
+    m_model->undo();
+    QVERIFY(!m_model->isModified());
+    m_model->undo();
+    QVERIFY(m_model->isModified());
+    m_model->redo();
+    QVERIFY(!m_model->isModified());
+
+    // The saved state cannot be reached any more, even if there are as many edits.
+    m_model->undo();
+    m_model->setData(cell, "3");
+    QVERIFY(m_model->isModified());
+    m_model->undo();
+    QVERIFY(m_model->isModified());
 }
 
 void tst_TableModel::alignsNumbersRight()
