@@ -5,6 +5,7 @@
 #include <QAbstractItemView>
 #include <QEvent>
 #include <QItemSelectionModel>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QSignalBlocker>
 
@@ -56,6 +57,9 @@ QWidget* NameDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&
     connect(box.get(), SIGNAL(selectionComplete()), this, SLOT(commit()));
     connect(box.get(), SIGNAL(editingCanceled()), this, SLOT(revert()));
     followText(*box);
+    // Open lists receive the keys, and not the box.
+    for (QAbstractItemView* list : {box->view(), box->completer()->popup()})
+        list->installEventFilter(const_cast<NameDelegate*>(this));
     return box.release();
 }
 
@@ -103,21 +107,31 @@ void NameDelegate::setModelData(QWidget* editor, QAbstractItemModel* model, cons
         model->setData(index, box->currentText());
 }
 
-bool NameDelegate::eventFilter(QObject* editor, QEvent* event)
+bool NameDelegate::eventFilter(QObject* object, QEvent* event)
 {
-    if (!qobject_cast<ComboBoxAutoFilter*>(editor))
-        return TableDelegate::eventFilter(editor, event);
-    // The combo box handles the keys and reports by a signal how editing ended. A click elsewhere commits the current
-    // text.
-    const bool isLeft = event->type() == QEvent::FocusOut && qobject_cast<QWidget*>(editor)->isVisible();
-    return isLeft && TableDelegate::eventFilter(editor, event);
+    const auto* key = event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride
+                          ? static_cast<QKeyEvent*>(event)
+                          : nullptr;
+    if (key)
+        m_step = stepOfKey(*key);
+    if (qobject_cast<QAbstractItemView*>(object))
+        return false;
+    auto* box = qobject_cast<ComboBoxAutoFilter*>(object);
+    if (!box)
+        return TableDelegate::eventFilter(object, event);
+    if (key && key->key() == Qt::Key_Backtab) { // which the box does not know
+        box->completer()->popup()->hide();
+        return event->type() == QEvent::KeyPress && TableDelegate::eventFilter(object, event);
+    }
+    // The combo box handles the other keys and reports by a signal how editing ended. A click elsewhere commits the
+    // current text.
+    const bool isLeft = event->type() == QEvent::FocusOut && box->isVisible();
+    return isLeft && TableDelegate::eventFilter(object, event);
 }
 
 void NameDelegate::commit()
 {
-    auto* box = qobject_cast<QWidget*>(sender());
-    Q_EMIT commitData(box);
-    Q_EMIT closeEditor(box);
+    leaveCell(qobject_cast<QWidget*>(sender()), std::exchange(m_step, {}));
 }
 
 void NameDelegate::revert()

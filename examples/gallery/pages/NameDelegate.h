@@ -33,7 +33,8 @@ public:
     void setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const override;
 
 protected:
-    bool eventFilter(QObject* editor, QEvent* event) override;
+    /// Filters the events of the editors, and those of the lists of the combo box.
+    bool eventFilter(QObject* object, QEvent* event) override;
 
 private Q_SLOTS:
     void commit();
@@ -44,6 +45,7 @@ private:
 
     Entry m_entry;
     NamesFor m_namesFor;
+    CellStep m_step; ///< where the last key leads to if it ends editing
 };
 
 } // namespace gallery

@@ -2,7 +2,24 @@
 
 #include "TableModel.h"
 
+#include <QKeyEvent>
+
 namespace gallery {
+
+CellStep stepOfKey(const QKeyEvent& key)
+{
+    switch (key.key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        return {key.modifiers() & Qt::ShiftModifier ? -1 : 1, 0};
+    case Qt::Key_Tab:
+        return {0, 1};
+    case Qt::Key_Backtab:
+        return {0, -1};
+    default:
+        return {};
+    }
+}
 
 TableDelegate::TableDelegate(QObject* parent)
     : QStyledItemDelegate(parent)
@@ -24,6 +41,22 @@ QString TableDelegate::displayText(const QVariant& value, const QLocale& locale)
 {
     const bool isText = value.userType() == QMetaType::QString;
     return QStyledItemDelegate::displayText(isText ? shownText(value.toString()) : value, locale);
+}
+
+bool TableDelegate::eventFilter(QObject* editor, QEvent* event)
+{
+    const CellStep step = event->type() == QEvent::KeyPress ? stepOfKey(*static_cast<QKeyEvent*>(event)) : CellStep();
+    if (step.rows == 0 && step.columns == 0)
+        return QStyledItemDelegate::eventFilter(editor, event);
+    leaveCell(qobject_cast<QWidget*>(editor), step);
+    return true;
+}
+
+void TableDelegate::leaveCell(QWidget* editor, CellStep step)
+{
+    Q_EMIT commitData(editor);
+    Q_EMIT closeEditor(editor);
+    Q_EMIT cellLeft(step);
 }
 
 } // namespace gallery

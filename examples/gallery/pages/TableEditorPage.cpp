@@ -44,6 +44,8 @@ namespace {
 // Enough rows for suggestions, which are searched quickly.
 const int rowsLookedAt = 100000;
 const int longestName = 200;
+// Each cleared cell takes memory until another table is opened.
+const int mostCellsCleared = 100000;
 
 /// Returns the platform's keys, and `common` if it is not among them.
 QList<QKeySequence> keys(QKeySequence::StandardKey standard, const char* common = "")
@@ -108,6 +110,7 @@ TableEditorPage::TableEditorPage()
           addAction(tr("Save &as…"), tr("Save the table in another file"), keys(QKeySequence::SaveAs, "Ctrl+Shift+S")))
     , m_undoAction(addAction(tr("&Undo"), tr("Undo"), keys(QKeySequence::Undo)))
     , m_redoAction(addAction(tr("Re&do"), tr("Redo"), keys(QKeySequence::Redo, "Ctrl+Shift+Z")))
+    , m_clearAction(new QAction(tr("C&lear cells"), this))
     , m_openButton(makeActionButton(*m_openAction))
     , m_pathLabel(new ElidedTextLabel)
     , m_view(new TableView)
@@ -124,7 +127,7 @@ TableEditorPage::TableEditorPage()
     const auto names = [this](const QModelIndex& index, QObject* editor) {
         return otherTexts(*m_model, index, editor);
     };
-    m_view->setItemDelegate(new NameDelegate(NameDelegate::Entry::AnyText, names, m_view));
+    m_view->setCellDelegate(*new NameDelegate(NameDelegate::Entry::AnyText, names, m_view));
     addWidgets();
     connectWidgets();
 }
@@ -146,6 +149,9 @@ void TableEditorPage::addWidgets()
 {
     m_pathLabel->setText(tr("No table is open."));
     m_view->setAccessibleName(tr("Table"));
+    m_clearAction->setShortcut(QKeySequence(Qt::Key_Delete));
+    m_clearAction->setShortcutContext(Qt::WidgetShortcut); // and not in the editor of a cell
+    m_view->addActions({m_clearAction, m_undoAction, m_redoAction});
     m_facts->setTextFormat(Qt::PlainText);
     m_statusLine->addWidget(m_facts);
     m_statusLine->addWidget(m_loadBar);
@@ -172,6 +178,7 @@ void TableEditorPage::connectWidgets()
     connect(m_saveAsAction, &QAction::triggered, this, &TableEditorPage::saveTableAs);
     connect(m_undoAction, &QAction::triggered, this, &TableEditorPage::undo);
     connect(m_redoAction, &QAction::triggered, this, &TableEditorPage::redo);
+    connect(m_clearAction, &QAction::triggered, this, &TableEditorPage::clearCells);
     connect(&m_model->edits(), &QUndoStack::indexChanged, this, &TableEditorPage::updateActions);
     connect(m_saver, &TableSaver::finished, this, &TableEditorPage::onSaved);
     connect(m_model, &TableModel::modifiedChanged, this, &TableEditorPage::showFacts);
@@ -266,7 +273,7 @@ void TableEditorPage::showTable(const std::shared_ptr<TableDocument>& document)
     const zelmar::ui::OverrideCursor cursor(Qt::WaitCursor);
     m_model->setDocument(document);
     m_view->fitColumns();
-    m_view->setCurrentIndex(m_model->index(0, 0));
+    m_view->goTo(m_model->index(0, 0));
     m_view->scrollToTop();
     m_messages->clear();
     setTarget({m_loadingPath, &tableFormatForPath(m_loadingPath)});
@@ -290,6 +297,7 @@ void TableEditorPage::updateActions()
     m_openAction->setEnabled(!m_saver->isSaving()); // onSaved() assumes that the shown table is the saved one
     m_saveAction->setEnabled(isShown && !m_saver->isSaving());
     m_saveAsAction->setEnabled(isShown && !m_saver->isSaving());
+    m_clearAction->setEnabled(isShown);
     const QUndoStack& edits = m_model->edits();
     m_undoAction->setEnabled(isShown && edits.canUndo());
     m_undoAction->setText(tr("&Undo %1").arg(edits.undoText()));
@@ -322,19 +330,25 @@ void TableEditorPage::reportProblem(const QString& path, const QString& problem)
 void TableEditorPage::undo()
 {
     m_view->finishEditing();
-    showCell(m_model->undo());
+    m_view->goTo(m_model->undo());
 }
 
 void TableEditorPage::redo()
 {
     m_view->finishEditing(); // If a text was typed, there is nothing to redo any more.
-    showCell(m_model->redo());
+    m_view->goTo(m_model->redo());
 }
 
-void TableEditorPage::showCell(const QModelIndex& cell)
+void TableEditorPage::clearCells()
 {
-    if (cell.isValid())
-        m_view->setCurrentIndex(cell);
+    const QItemSelection selection = m_view->selectionModel()->selection();
+    qint64 cells = 0;
+    for (const QItemSelectionRange& range : selection)
+        cells += qint64(range.width()) * range.height();
+    if (cells > mostCellsCleared)
+        m_messages->add(tr("No more than %1 cells are cleared at once.").arg(QLocale().toString(mostCellsCleared)));
+    else
+        m_model->clear(selection.indexes());
 }
 
 // Saving

@@ -65,7 +65,7 @@ private:
     void reportProblem(const QString& path, const QString& problem);
     void undo();
     void redo();
-    void showCell(const QModelIndex& cell);
+    void clearCells();
     void saveTable();
     void saveTableAs();
     void startSaving(const TableTarget& target);
@@ -89,6 +89,7 @@ private:
     QAction* m_saveAsAction;
     QAction* m_undoAction;
     QAction* m_redoAction;
+    QAction* m_clearAction; ///< of the table, which has its key
     QPushButton* m_openButton;
     ElidedTextLabel* m_pathLabel;
     TableView* m_view;

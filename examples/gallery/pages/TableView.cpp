@@ -33,7 +33,7 @@ QString textWithKeys(const QString& text, QKeySequence::StandardKey keys)
 TableView::TableView()
     : m_copyHandler(new zelmar::ui::TableCopyHandler(*this))
 {
-    setItemDelegate(new TableDelegate(this));
+    setCellDelegate(*new TableDelegate(this));
     addContextMenu();
     // Tab moves to the next widget, because the keyboard could not leave the table otherwise.
     setTabKeyNavigation(false);
@@ -55,6 +55,27 @@ void TableView::addContextMenu()
     connect(selectAll, &QAction::triggered, this, &QTableView::selectAll);
     addActions({copy, selectAll});
     setContextMenuPolicy(Qt::ActionsContextMenu);
+}
+
+void TableView::setCellDelegate(TableDelegate& delegate)
+{
+    setItemDelegate(&delegate);
+    connect(&delegate, &TableDelegate::cellLeft, this, &TableView::goOn);
+}
+
+/// Goes to another cell, from the end of a row to the next one.
+void TableView::goOn(const CellStep& step)
+{
+    const int columns = model()->columnCount();
+    const int column = currentIndex().column() + step.columns;
+    const int row = currentIndex().row() + step.rows + (column == columns ? 1 : 0) - (column < 0 ? 1 : 0);
+    goTo(model()->index(row, (column + columns) % columns));
+}
+
+void TableView::goTo(const QModelIndex& cell)
+{
+    if (cell.isValid())
+        selectionModel()->setCurrentIndex(cell, QItemSelectionModel::ClearAndSelect);
 }
 
 bool TableView::canShow(int rows, int columns) const

@@ -42,6 +42,8 @@ protected:
 
 } // namespace
 
+Q_DECLARE_METATYPE(QVector<Qt::Key>)
+
 /// Edits a small table with the keys of a user, who sees the page in a window with another page behind it.
 class tst_TableEditing : public QObject
 {
@@ -76,6 +78,13 @@ private Q_SLOTS:
     void knowsTheEditsWhileSaving();
     void undoesNothingOfAnotherTable();
 
+    void goesOnAfterACell_data();
+    void goesOnAfterACell();
+    void clearsTheSelectedCells();
+    void clearsNothingElse();
+    void clearsNoHugeSelection();
+    void editsAndCancelsByKey();
+
 private:
     void open(const QString& name, const QByteArray& contents);
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
@@ -83,7 +92,7 @@ private:
     void save();
     void edit(int row, int column, const QString& text);
     void answer(QMessageBox::StandardButton button, const std::function<void()>& ask);
-    void go(int row, int column) { view().setCurrentIndex(table().index(row, column)); }
+    void go(int row, int column);
     QTableView& view() const { return *m_page->findChild<QTableView*>(); }
     QAbstractItemModel& table() const { return *view().model(); }
     QString text(int row, int column) const { return table().index(row, column).data().toString(); }
@@ -136,7 +145,15 @@ void tst_TableEditing::open(const QString& name, const QByteArray& contents)
 /// Sends the key to the window, from which Qt looks for shortcuts and forwards the key to an open list.
 void tst_TableEditing::press(Qt::Key key, Qt::KeyboardModifiers modifiers)
 {
+    QTRY_VERIFY(QApplication::activePopupWidget() || hasKeyboard(*m_window));
     QTest::keyClick(m_window->windowHandle(), key, modifiers);
+}
+
+/// Selects a cell as a click does, whichever keys were pressed last.
+void tst_TableEditing::go(int row, int column)
+{
+    view().selectionModel()->setCurrentIndex(table().index(row, column), QItemSelectionModel::ClearAndSelect);
+    view().setFocus();
 }
 
 void tst_TableEditing::type(const QString& text)
@@ -293,7 +310,7 @@ void tst_TableEditing::answer(QMessageBox::StandardButton button, const std::fun
 
 void tst_TableEditing::asksNothingWithoutEdits()
 {
-    QVERIFY(m_window->close());
+    QVERIFY(m_page->mayLeave());
     go(0, 0);
     press(Qt::Key_F2);
     QVERIFY(m_window->close());
@@ -481,6 +498,121 @@ void tst_TableEditing::undoesNothingOfAnotherTable()
     QVERIFY(!button("&Undo").isEnabled());
     press(Qt::Key_Z, Qt::ControlModifier);
     QCOMPARE(text(0, 0), QString("other"));
+    QVERIFY(!isEdited());
+}
+
+// Keys of cells
+
+void tst_TableEditing::goesOnAfterACell_data()
+{
+    using Keys = QVector<Qt::Key>;
+    QTest::addColumn<QPoint>("from");
+    QTest::addColumn<QVector<Qt::Key>>("keys");
+    QTest::addColumn<bool>("isBack");
+    QTest::addColumn<QPoint>("to");
+    const auto add = [](const char* name, QPoint from, const Keys& keys, bool isBack, QPoint to) {
+        for (const int column : {0, 1, 2}) { // which have editors of different classes
+            if (from.x() < 0 || from.x() == column)
+                QTest::addRow("%s, column %d", name, column)
+                    << QPoint(column, from.y()) << keys << isBack << (to.x() < 0 ? QPoint(column, to.y()) : to);
+        }
+    };
+    add("Return", {-1, 0}, {Qt::Key_Return}, false, {-1, 1});
+    add("Enter", {-1, 0}, {Qt::Key_Enter}, false, {-1, 1});
+    add("Return in the last row", {-1, 2}, {Qt::Key_Return}, false, {-1, 2});
+    add("Shift+Return", {-1, 1}, {Qt::Key_Return}, true, {-1, 0});
+    add("Shift+Return in the first row", {-1, 0}, {Qt::Key_Return}, true, {-1, 0});
+    add("Tab", {0, 1}, {Qt::Key_Tab}, false, {1, 1});
+    add("Tab", {1, 1}, {Qt::Key_Tab}, false, {2, 1});
+    add("Tab at the end of a row", {2, 0}, {Qt::Key_Tab}, false, {0, 1});
+    add("Tab in the last cell", {2, 2}, {Qt::Key_Tab}, false, {2, 2});
+    add("Shift+Tab", {1, 1}, {Qt::Key_Backtab}, true, {0, 1});
+    add("Shift+Tab", {2, 1}, {Qt::Key_Backtab}, true, {1, 1});
+    add("Shift+Tab at the beginning of a row", {0, 1}, {Qt::Key_Backtab}, true, {2, 0});
+    add("Shift+Tab in the first cell", {0, 0}, {Qt::Key_Backtab}, true, {0, 0});
+    add("Shift+Tab below the completions", {1, 1}, {Qt::Key_Home, Qt::Key_Backtab}, true, {0, 1});
+    add("Return in the completions", {1, 0}, {Qt::Key_Down, Qt::Key_Return}, false, {1, 1});
+    add("Return in the list", {1, 0}, {Qt::Key_F4, Qt::Key_Down, Qt::Key_Return}, false, {1, 1});
+}
+
+/// Types a digit, which is a text and a number, and ends editing by keys. If the box has a list, takes another text.
+void tst_TableEditing::goesOnAfterACell()
+{
+    QFETCH(QPoint, from);
+    QFETCH(QVector<Qt::Key>, keys);
+    QFETCH(bool, isBack);
+    QFETCH(QPoint, to);
+    const QString before = text(from.y(), from.x());
+    go(from.y(), from.x());
+    press(Qt::Key_F2);
+    type(keys.size() > 1 ? "l" : "7");
+    for (const Qt::Key key : keys)
+        press(key, isBack ? Qt::ShiftModifier : Qt::NoModifier);
+    QTRY_COMPARE(view().currentIndex(), table().index(to.y(), to.x()));
+    QVERIFY(text(from.y(), from.x()) != before);
+    QVERIFY(!view().indexWidget(table().index(from.y(), from.x())));
+    QTRY_VERIFY(view().hasFocus());
+    QCOMPARE(view().selectionModel()->selectedIndexes().size(), 1);
+}
+
+void tst_TableEditing::clearsTheSelectedCells()
+{
+    go(0, 0);
+    press(Qt::Key_Down, Qt::ShiftModifier);
+    press(Qt::Key_Right, Qt::ShiftModifier);
+    press(Qt::Key_Delete);
+    for (const int row : {0, 1}) {
+        for (const int column : {0, 1})
+            QCOMPARE(text(row, column), QString());
+    }
+    QCOMPARE(text(0, 2), QString("1.50"));
+    QCOMPARE(text(2, 0), QString("third"));
+    press(Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(text(0, 0), QString("first"));
+    QCOMPARE(text(1, 1), QString("light red"));
+    QVERIFY(!isEdited());
+}
+
+void tst_TableEditing::clearsNothingElse()
+{
+    go(0, 0);
+    press(Qt::Key_F2);
+    press(Qt::Key_Home);
+    press(Qt::Key_Delete); // a letter
+    press(Qt::Key_Return);
+    QTRY_COMPARE(text(0, 0), QString("irst"));
+
+    go(0, 0);
+    button("&Open…").setFocus();
+    press(Qt::Key_Delete);
+    QCOMPARE(text(0, 0), QString("irst"));
+}
+
+void tst_TableEditing::clearsNoHugeSelection()
+{
+    open("long.csv", "a\n" + QByteArray("1\n").repeated(100001));
+    view().selectAll();
+    press(Qt::Key_Delete);
+    QCOMPARE(text(0, 0), QString("1"));
+    QVERIFY(m_page->findChild<QPlainTextEdit*>()->toPlainText().contains(QLocale().toString(100000)));
+}
+
+void tst_TableEditing::editsAndCancelsByKey()
+{
+    for (const int column : {0, 1, 2}) {
+        const QString before = text(0, column);
+        go(0, column);
+        press(Qt::Key_F2);
+        QVERIFY(view().indexWidget(table().index(0, column)));
+        type("7");
+        if (QApplication::activePopupWidget())
+            press(Qt::Key_Escape);
+        press(Qt::Key_Escape);
+        QTRY_VERIFY(!view().indexWidget(table().index(0, column)));
+        QCOMPARE(text(0, column), before);
+        QCOMPARE(view().currentIndex(), table().index(0, column));
+        QVERIFY(view().hasFocus());
+    }
     QVERIFY(!isEdited());
 }
 
