@@ -1,5 +1,6 @@
 #include "TableEditorPage.h"
 
+#include "FileDrop.h"
 #include "LoadBar.h"
 #include "MessageArea.h"
 #include "NameDelegate.h"
@@ -122,6 +123,7 @@ TableEditorPage::TableEditorPage()
     , m_facts(new QLabel)
     , m_loadBar(new LoadBar)
     , m_messages(new MessageArea)
+    , m_fileDrop(new FileDrop(this))
 {
     m_view->setModel(m_model);
     const auto names = [this](const QModelIndex& index, QObject* editor) {
@@ -180,6 +182,7 @@ void TableEditorPage::connectWidgets()
     connect(m_redoAction, &QAction::triggered, this, &TableEditorPage::redo);
     connect(m_clearAction, &QAction::triggered, this, &TableEditorPage::clearCells);
     connect(&m_model->edits(), &QUndoStack::indexChanged, this, &TableEditorPage::updateActions);
+    connect(m_fileDrop, &FileDrop::dropped, this, &TableEditorPage::openFile);
     connect(m_saver, &TableSaver::finished, this, &TableEditorPage::onSaved);
     connect(m_model, &TableModel::modifiedChanged, this, &TableEditorPage::showFacts);
     connect(m_loadBar, &LoadBar::cancelled, this, &TableEditorPage::cancelLoading);
@@ -196,6 +199,27 @@ void TableEditorPage::openTable()
     const QString path = askForTable(m_target.path);
     if (!path.isEmpty())
         startLoading(path);
+}
+
+void TableEditorPage::openFile(const QString& path)
+{
+    // A dialog that was opened meanwhile is about the table that is shown.
+    if (!QApplication::activeModalWidget()
+        && mayReplaceTable(
+            {tr("%1 is opened when it is saved.").arg(QFileInfo(path).fileName()), [this, path] { openFile(path); }}))
+        startLoading(path);
+}
+
+void TableEditorPage::showEvent(QShowEvent* event)
+{
+    GalleryPage::showEvent(event);
+    m_fileDrop->setActive(*window(), true);
+}
+
+void TableEditorPage::hideEvent(QHideEvent* event)
+{
+    m_fileDrop->setActive(*window(), false);
+    GalleryPage::hideEvent(event);
 }
 
 bool TableEditorPage::mayLeave()

@@ -19,6 +19,7 @@ class QStackedWidget;
 
 namespace gallery {
 
+class FileDrop;
 class LoadBar;
 class MessageArea;
 class TableLoader;
@@ -43,6 +44,10 @@ public:
     /// Acts as a user of this page.
     void tour(Tour& tour);
 
+protected:
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+
 private:
     /// What the user has asked for, and how it is announced while the table is being saved.
     struct Next
@@ -55,6 +60,7 @@ private:
     void addWidgets();
     void connectWidgets();
     void openTable();
+    void openFile(const QString& path);
     bool mayReplaceTable(const Next& next);
     void startLoading(const QString& path);
     void onLoaded(const TableResult& result);
@@ -101,6 +107,7 @@ private:
     QLabel* m_facts;
     LoadBar* m_loadBar;
     MessageArea* m_messages;
+    FileDrop* m_fileDrop;
     QString m_loadingPath;      ///< the path of the running or the last load
     TableTarget m_target;       ///< the file of the shown table, into which it is saved; empty if there is no table
     TableTarget m_savingTarget; ///< the file of the running or the last save

@@ -8,15 +8,19 @@
 
 #include <QAbstractItemModel>
 #include <QApplication>
+#include <QCloseEvent>
+#include <QDropEvent>
 #include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QMimeData>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QStackedWidget>
 #include <QTableView>
 #include <QTemporaryDir>
+#include <QUrl>
 #include <QtTest>
 
 #include <algorithm>
@@ -85,7 +89,15 @@ private Q_SLOTS:
     void clearsNoHugeSelection();
     void editsAndCancelsByKey();
 
+    void opensADroppedFile();
+    void asksBeforeADroppedFileIsOpened();
+    void opensADroppedFileWhenTheTableIsSaved();
+    void refusesOtherDrops_data();
+    void refusesOtherDrops();
+    void refusesDropsOnOtherPages();
+
 private:
+    bool drop(const QList<QUrl>& urls, Qt::DropActions actions = Qt::CopyAction | Qt::MoveAction);
     void open(const QString& name, const QByteArray& contents);
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
     void type(const QString& text);
@@ -99,6 +111,8 @@ private:
     bool isEdited() const;
     QPushButton& button(const QString& text) const;
     QString path(const QString& name) const { return m_folder->filePath(name); }
+    QUrl url(const QString& name) const { return QUrl::fromLocalFile(path(name)); }
+    void write(const QString& name, const QByteArray& contents) const;
     QByteArray contents(const QString& name) const;
 
     std::unique_ptr<QTemporaryDir> m_folder;
@@ -129,14 +143,18 @@ void tst_TableEditing::cleanup()
     m_folder.reset();
 }
 
-/// Writes a file and opens it by shortcut.
-void tst_TableEditing::open(const QString& name, const QByteArray& contents)
+void tst_TableEditing::write(const QString& name, const QByteArray& contents) const
 {
     QFile file(path(name));
     QVERIFY(file.open(QIODevice::WriteOnly));
     file.write(contents);
-    file.close();
-    m_script->accept(file.fileName());
+}
+
+/// Writes a file and opens it by shortcut.
+void tst_TableEditing::open(const QString& name, const QByteArray& contents)
+{
+    write(name, contents);
+    m_script->accept(path(name));
     const QSignalSpy resets(&table(), &QAbstractItemModel::modelReset);
     press(Qt::Key_O, Qt::ControlModifier);
     QTRY_COMPARE(resets.size(), 1);
@@ -344,12 +362,9 @@ void tst_TableEditing::closesWhenTheEditsAreSaved()
 
 void tst_TableEditing::opensAnotherWhenTheEditsAreSaved()
 {
-    QFile other(path("other.csv"));
-    QVERIFY(other.open(QIODevice::WriteOnly));
-    other.write("name\nother\n");
-    other.close();
+    write("other.csv", "name\nother\n");
     edit(0, 0, "new");
-    m_script->accept(other.fileName());
+    m_script->accept(path("other.csv"));
     answer(QMessageBox::Save, [this] { press(Qt::Key_O, Qt::ControlModifier); });
     QTRY_COMPARE(text(0, 0), QString("other"));
     QVERIFY(contents("table.csv").contains("\nnew,"));
@@ -614,6 +629,89 @@ void tst_TableEditing::editsAndCancelsByKey()
         QVERIFY(view().hasFocus());
     }
     QVERIFY(!isEdited());
+}
+
+// Dropped files
+
+/// Drags files into the window and drops them if that is accepted, which the function returns.
+bool tst_TableEditing::drop(const QList<QUrl>& urls, Qt::DropActions actions)
+{
+    QMimeData data;
+    data.setUrls(urls);
+    QDragEnterEvent enter({10, 10}, actions, &data, Qt::LeftButton, Qt::NoModifier);
+    QDragMoveEvent move({20, 20}, actions, &data, Qt::LeftButton, Qt::NoModifier);
+    QDropEvent drop({20, 20}, actions, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(m_window.get(), &enter);
+    QApplication::sendEvent(m_window.get(), &move);
+    if (!enter.isAccepted() || !move.isAccepted())
+        return false;
+    QApplication::sendEvent(m_window.get(), &drop);
+    return drop.isAccepted() && drop.dropAction() == Qt::CopyAction;
+}
+
+void tst_TableEditing::opensADroppedFile()
+{
+    write("other.csv", "name\nother\n");
+    QVERIFY(drop({url("other.csv")}));
+    QCOMPARE(text(0, 0), QString("first"));
+    QTRY_COMPARE(text(0, 0), QString("other"));
+}
+
+void tst_TableEditing::asksBeforeADroppedFileIsOpened()
+{
+    write("other.csv", "name\nother\n");
+    edit(0, 0, "new");
+    answer(QMessageBox::Cancel, [this] {
+        QVERIFY(drop({url("other.csv")}));
+        QCoreApplication::processEvents();
+    });
+    QCOMPARE(text(0, 0), QString("new"));
+    answer(QMessageBox::Save, [this] {
+        QVERIFY(drop({url("other.csv")}));
+        QCoreApplication::processEvents();
+    });
+    QTRY_COMPARE(text(0, 0), QString("other"));
+    QVERIFY(contents("table.csv").contains("\nnew,"));
+}
+
+void tst_TableEditing::opensADroppedFileWhenTheTableIsSaved()
+{
+    write("other.csv", "name\nother\n");
+    edit(0, 0, "new");
+    button("&Save").click();
+    QVERIFY(drop({url("other.csv")}));
+    QTRY_COMPARE(text(0, 0), QString("other"));
+    QVERIFY(contents("table.csv").contains("\nnew,"));
+}
+
+void tst_TableEditing::refusesOtherDrops_data()
+{
+    QTest::addColumn<QStringList>("urls");
+    QTest::addColumn<int>("actions");
+    const int all = Qt::CopyAction | Qt::MoveAction;
+    QTest::newRow("nothing") << QStringList() << all;
+    QTest::newRow("two files") << QStringList{"table.csv", "table.csv"} << all;
+    QTest::newRow("a folder") << QStringList{""} << all;
+    QTest::newRow("a page of the web") << QStringList{"https://example.com/table.csv"} << all;
+    QTest::newRow("a file to be moved") << QStringList{"table.csv"} << int(Qt::MoveAction);
+}
+
+void tst_TableEditing::refusesOtherDrops()
+{
+    QFETCH(QStringList, urls);
+    QFETCH(int, actions);
+    QList<QUrl> dragged;
+    for (const QString& text : urls)
+        dragged += text.contains("://") ? QUrl(text) : url(text);
+    QVERIFY(!drop(dragged, Qt::DropActions(actions)));
+}
+
+void tst_TableEditing::refusesDropsOnOtherPages()
+{
+    m_window->setCurrentIndex(1);
+    QVERIFY(!drop({url("table.csv")}));
+    m_window->setCurrentIndex(0);
+    QVERIFY(drop({url("table.csv")}));
 }
 
 UI_TEST_MAIN(tst_TableEditing)
