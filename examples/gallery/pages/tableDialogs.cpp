@@ -7,6 +7,7 @@
 #include <QFileInfo>
 #include <QPointer>
 #include <QStringList>
+#include <QWidget>
 
 #include <string>
 #include <vector>
@@ -56,6 +57,26 @@ const TableFormat& writerFor(const QString& path, int filter)
     return isCertain ? named : tableFormats()[qMax(0, filter)];
 }
 
+/// A parent for the dialog of a save flow, which leaves the dialog to its parent. The dialog is centred over the
+/// window, and ends with this object.
+class DialogParent
+{
+public:
+    explicit DialogParent(QWidget& window)
+        : m_widget(new QWidget(&window))
+    {
+        m_widget->hide();
+    }
+    ~DialogParent() { delete m_widget; }
+
+    [[nodiscard]] QWidget* widget() const { return m_widget; }
+
+private:
+    Q_DISABLE_COPY(DialogParent)
+
+    QPointer<QWidget> m_widget; ///< null if the window was destroyed in the dialog
+};
+
 } // namespace
 
 QString askForTable(const QString& shownPath)
@@ -72,8 +93,9 @@ QString askForTable(const QString& shownPath)
 
 std::optional<TableTarget> askWhereToSave(QWidget& window, const QString& shownPath)
 {
+    const DialogParent parent(window);
     const QFileInfo shown(shownPath);
-    SaveFileDialog flow(&window, tr("Save the table").toStdString(), shown.path().toStdString(),
+    SaveFileDialog flow(parent.widget(), tr("Save the table").toStdString(), shown.path().toStdString(),
                         shown.completeBaseName().toStdString(), saveFilters(), indexOfFormat(shownPath),
                         "table/save.html");
     if (!flow.launch())

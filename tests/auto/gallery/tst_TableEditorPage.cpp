@@ -8,7 +8,9 @@
 #include <QAbstractItemModel>
 #include <QApplication>
 #include <QDir>
+#include <QFileDialog>
 #include <QFileInfo>
+#include <QFileSystemModel>
 #include <QJsonDocument>
 #include <QLabel>
 #include <QLineEdit>
@@ -74,6 +76,9 @@ private Q_SLOTS:
     void staysWhenTheTableCannotBeSaved();
     void givesTheKeyboardToTheTable_data() { addKindRows(); }
     void givesTheKeyboardToTheTable();
+
+    void leavesNoDialogBehind_data() { addKindRows(); }
+    void leavesNoDialogBehind();
 
 private:
     QPushButton& button(const QString& text) const;
@@ -330,6 +335,29 @@ void tst_TableEditorPage::givesTheKeyboardToTheTable()
     openMeasurements(script);
     QCOMPARE(m_page->focusWidget(), m_page->findChild<QTableView*>());
     QVERIFY(shows("24 rows, 6 columns"));
+}
+
+/// A dialog has a model of the file system, with threads and watchers.
+void tst_TableEditorPage::leavesNoDialogBehind()
+{
+    FileDialogScript script;
+    m_page->show();
+    openMeasurements(script);
+    const auto count = [this] {
+        int count = 0;
+        for (QWidget* const widget : QApplication::allWidgets()) {
+            count += qobject_cast<QFileDialog*>(widget) ? 1 : 0;
+            count += int(widget->findChildren<QFileSystemModel*>(QString(), Qt::FindDirectChildrenOnly).size());
+        }
+        return count + int(m_page->findChildren<QObject*>().size());
+    };
+    const int before = count();
+    for (int i = 0; i < 5; ++i) {
+        script.accept(path("saved.csv"));
+        save();
+    }
+    QCOMPARE(script.verify(), QString());
+    QTRY_COMPARE(count(), before);
 }
 
 UI_TEST_MAIN(tst_TableEditorPage)
