@@ -99,12 +99,16 @@ void NameDelegate::setEditorData(QWidget* editor, const QModelIndex& index) cons
 void NameDelegate::setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const
 {
     auto* box = qobject_cast<ComboBoxAutoFilter*>(editor);
-    if (!box)
+    if (!box) {
         TableDelegate::setModelData(editor, model, index);
-    else if (m_entry == Entry::AnyText)
+    } else if (m_entry == Entry::AnyText) {
         model->setData(index, box->property(ownText));
-    else if (box->validateEntry())
+    } else if (box->validateEntry()) {
         model->setData(index, box->currentText());
+        Q_EMIT textTaken();
+    } else {
+        Q_EMIT textRefused(box->property(ownText).toString());
+    }
 }
 
 bool NameDelegate::eventFilter(QObject* object, QEvent* event)

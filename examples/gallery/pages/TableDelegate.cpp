@@ -43,12 +43,27 @@ QString TableDelegate::displayText(const QVariant& value, const QLocale& locale)
     return QStyledItemDelegate::displayText(isText ? shownText(value.toString()) : value, locale);
 }
 
-bool TableDelegate::eventFilter(QObject* editor, QEvent* event)
+QString TableDelegate::refusedText(const QWidget& /*editor*/) const
+{
+    return {};
+}
+
+bool TableDelegate::accepts(const QWidget& editor) const
+{
+    const QString refused = refusedText(editor);
+    if (!refused.isNull())
+        Q_EMIT textRefused(refused);
+    return refused.isNull();
+}
+
+bool TableDelegate::eventFilter(QObject* object, QEvent* event)
 {
     const CellStep step = event->type() == QEvent::KeyPress ? stepOfKey(*static_cast<QKeyEvent*>(event)) : CellStep();
     if (step.rows == 0 && step.columns == 0)
-        return QStyledItemDelegate::eventFilter(editor, event);
-    leaveCell(qobject_cast<QWidget*>(editor), step);
+        return QStyledItemDelegate::eventFilter(object, event);
+    auto* editor = qobject_cast<QWidget*>(object);
+    if (accepts(*editor)) // Otherwise the user goes on typing.
+        leaveCell(editor, step);
     return true;
 }
 

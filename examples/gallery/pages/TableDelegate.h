@@ -31,13 +31,22 @@ public:
 
     [[nodiscard]] QString displayText(const QVariant& value, const QLocale& locale) const override;
 
+    /// Returns whether the text of an editor can be stored. Emits textRefused() if not.
+    [[nodiscard]] bool accepts(const QWidget& editor) const;
+
 Q_SIGNALS:
+    /// Emitted when the text of an editor was stored.
+    void textTaken() const;
+    /// Emitted when the text of an editor cannot be stored.
+    void textRefused(const QString& text) const;
     /// Emitted when a key has ended the editing of a cell.
     void cellLeft(gallery::CellStep step);
 
 protected:
-    bool eventFilter(QObject* editor, QEvent* event) override;
-    /// Takes the text of the editor over, and closes it.
+    bool eventFilter(QObject* object, QEvent* event) override;
+    /// Returns the text of an editor if it cannot be stored, and otherwise a null text.
+    [[nodiscard]] virtual QString refusedText(const QWidget& editor) const;
+    /// Takes the text of the editor over, closes it, and leads to another cell.
     void leaveCell(QWidget* editor, CellStep step);
 };
 

@@ -3,7 +3,8 @@
 #include "FileDrop.h"
 #include "LoadBar.h"
 #include "MessageArea.h"
-#include "NameDelegate.h"
+#include "NumberDelegate.h"
+#include "RowField.h"
 #include "TableView.h"
 #include "makeActionButton.h"
 #include "tableDialogs.h"
@@ -119,6 +120,7 @@ TableEditorPage::TableEditorPage()
     , m_model(new TableModel(this))
     , m_loader(new TableLoader(this))
     , m_saver(new TableSaver(this))
+    , m_refusal(new QLabel)
     , m_statusLine(new QStackedWidget)
     , m_facts(new QLabel)
     , m_loadBar(new LoadBar)
@@ -129,7 +131,13 @@ TableEditorPage::TableEditorPage()
     const auto names = [this](const QModelIndex& index, QObject* editor) {
         return otherTexts(*m_model, index, editor);
     };
-    m_view->setCellDelegate(*new NameDelegate(NameDelegate::Entry::AnyText, names, m_view));
+    const auto isNumber = [this](const QModelIndex& index) {
+        return m_model->columnKind(index.column()) == ColumnKind::Number;
+    };
+    auto* delegate = new NumberDelegate(isNumber, names, m_view);
+    m_view->setCellDelegate(*delegate);
+    connect(delegate, &TableDelegate::textTaken, m_refusal, &QLabel::hide);
+    connect(delegate, &TableDelegate::textRefused, this, &TableEditorPage::showRefusal);
     addWidgets();
     connectWidgets();
 }
@@ -154,6 +162,8 @@ void TableEditorPage::addWidgets()
     m_clearAction->setShortcut(QKeySequence(Qt::Key_Delete));
     m_clearAction->setShortcutContext(Qt::WidgetShortcut); // and not in the editor of a cell
     m_view->addActions({m_clearAction, m_undoAction, m_redoAction});
+    m_refusal->setTextFormat(Qt::PlainText);
+    m_refusal->hide();
     m_facts->setTextFormat(Qt::PlainText);
     m_statusLine->addWidget(m_facts);
     m_statusLine->addWidget(m_loadBar);
@@ -167,8 +177,16 @@ void TableEditorPage::addWidgets()
     top->addWidget(makeActionButton(*m_redoAction));
     top->addStretch();
     contents().addLayout(top);
-    contents().addWidget(m_pathLabel);
+    auto* place = new QHBoxLayout;
+    auto* rowLabel = new QLabel(tr("Go to &row"));
+    auto* rowField = new RowField(*m_view);
+    rowLabel->setBuddy(rowField);
+    place->addWidget(m_pathLabel, 1);
+    place->addWidget(rowLabel);
+    place->addWidget(rowField);
+    contents().addLayout(place);
     contents().addWidget(m_view, 1);
+    contents().addWidget(m_refusal);
     contents().addWidget(m_statusLine);
     contents().addWidget(m_messages);
 }
@@ -231,7 +249,8 @@ bool TableEditorPage::mayLeave()
 /// goes on with `next` when it is saved.
 bool TableEditorPage::mayReplaceTable(const Next& next)
 {
-    m_view->finishEditing();
+    if (!m_view->finishEditing())
+        return false;
     if (!m_saver->isSaving()) {
         if (!m_model->isModified())
             return true;
@@ -300,6 +319,7 @@ void TableEditorPage::showTable(const std::shared_ptr<TableDocument>& document)
     m_view->goTo(m_model->index(0, 0));
     m_view->scrollToTop();
     m_messages->clear();
+    m_refusal->hide();
     setTarget({m_loadingPath, &tableFormatForPath(m_loadingPath)});
     showFacts();
 }
@@ -353,14 +373,14 @@ void TableEditorPage::reportProblem(const QString& path, const QString& problem)
 
 void TableEditorPage::undo()
 {
-    m_view->finishEditing();
-    m_view->goTo(m_model->undo());
+    if (m_view->finishEditing())
+        m_view->goTo(m_model->undo());
 }
 
 void TableEditorPage::redo()
 {
-    m_view->finishEditing(); // If a text was typed, there is nothing to redo any more.
-    m_view->goTo(m_model->redo());
+    if (m_view->finishEditing()) // If a text was typed, there is nothing to redo any more.
+        m_view->goTo(m_model->redo());
 }
 
 void TableEditorPage::clearCells()
@@ -375,23 +395,31 @@ void TableEditorPage::clearCells()
         m_model->clear(selection.indexes());
 }
 
+void TableEditorPage::showRefusal(const QString& text)
+{
+    const int width = fontMetrics().averageCharWidth() * 40;
+    m_refusal->setText(tr("\"%1\" is no number.").arg(fontMetrics().elidedText(text, Qt::ElideMiddle, width)));
+    m_refusal->show();
+}
+
 // Saving
 
 void TableEditorPage::saveTable()
 {
-    startSaving(m_target);
+    if (m_view->finishEditing())
+        startSaving(m_target);
 }
 
 void TableEditorPage::saveTableAs()
 {
-    m_view->finishEditing();
+    if (!m_view->finishEditing())
+        return;
     if (const auto target = askWhereToSave(*window(), m_target.path))
         startSaving(*target);
 }
 
 void TableEditorPage::startSaving(const TableTarget& target)
 {
-    m_view->finishEditing();
     m_savingTarget = target;
     m_savingState = m_model->state();
     m_saver->save(*m_model->document(), target.path, *target.format);

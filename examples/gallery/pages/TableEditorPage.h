@@ -72,6 +72,7 @@ private:
     void undo();
     void redo();
     void clearCells();
+    void showRefusal(const QString& text);
     void saveTable();
     void saveTableAs();
     void startSaving(const TableTarget& target);
@@ -103,6 +104,7 @@ private:
     TableModel* m_model;
     TableLoader* m_loader;
     TableSaver* m_saver;
+    QLabel* m_refusal;            ///< tells which text was not taken, until one is
     QStackedWidget* m_statusLine; ///< shows facts of the table, or the bar while a table is loading
     QLabel* m_facts;
     LoadBar* m_loadBar;

@@ -59,6 +59,7 @@ void TableView::addContextMenu()
 
 void TableView::setCellDelegate(TableDelegate& delegate)
 {
+    m_delegate = &delegate;
     setItemDelegate(&delegate);
     connect(&delegate, &TableDelegate::cellLeft, this, &TableView::goOn);
 }
@@ -83,13 +84,21 @@ bool TableView::canShow(int rows, int columns) const
     return fits(*verticalHeader(), rows) && fits(*horizontalHeader(), columns);
 }
 
-void TableView::finishEditing()
+bool TableView::finishEditing()
 {
     QWidget* const editor = state() == EditingState ? indexWidget(currentIndex()) : nullptr;
-    if (!editor)
-        return;
-    commitData(editor);
-    closeEditor(editor, QAbstractItemDelegate::NoHint);
+    if (editor && !m_delegate->accepts(*editor))
+        return false;
+    if (editor) {
+        commitData(editor);
+        closeEditor(editor, QAbstractItemDelegate::NoHint);
+    }
+    return true;
+}
+
+int TableView::rowsOnPage() const
+{
+    return qMax(1, viewport()->height() / verticalHeader()->defaultSectionSize());
 }
 
 void TableView::fitColumns()

@@ -34,8 +34,12 @@ public:
     /// Makes a cell the current and only selected one, whichever keys are held down.
     void goTo(const QModelIndex& cell);
 
-    /// Takes over the text of an editor that is open, and closes it.
-    void finishEditing();
+    /// Takes over the text of an editor that is open, and closes it. Returns false and leaves it open if the text is
+    /// not accepted.
+    bool finishEditing();
+
+    /// Returns the number of rows that are visible at once, at least 1.
+    [[nodiscard]] int rowsOnPage() const;
 
     [[nodiscard]] zelmar::ui::TableCopyHandler& copyHandler() const { return *m_copyHandler; }
 
@@ -44,6 +48,7 @@ private:
     void goOn(const CellStep& step);
 
     zelmar::ui::TableCopyHandler* m_copyHandler;
+    TableDelegate* m_delegate = nullptr; ///< set by the constructor
 };
 
 } // namespace gallery

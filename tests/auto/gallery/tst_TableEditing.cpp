@@ -17,6 +17,7 @@
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QSpinBox>
 #include <QStackedWidget>
 #include <QTableView>
 #include <QTemporaryDir>
@@ -96,7 +97,16 @@ private Q_SLOTS:
     void refusesOtherDrops();
     void refusesDropsOnOtherPages();
 
+    void editsNumbers_data();
+    void editsNumbers();
+    void keepsATextThatIsNoNumber();
+    void tellsWhatIsNoNumberWhenTheEditorIsLeft();
+    void showsTheCurrentRow();
+    void goesToARow();
+    void stepsByRowsAndPages();
+
 private:
+    QSpinBox& rowField() const { return *m_page->findChild<QSpinBox*>(); }
     bool drop(const QList<QUrl>& urls, Qt::DropActions actions = Qt::CopyAction | Qt::MoveAction);
     void open(const QString& name, const QByteArray& contents);
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
@@ -108,7 +118,8 @@ private:
     QTableView& view() const { return *m_page->findChild<QTableView*>(); }
     QAbstractItemModel& table() const { return *view().model(); }
     QString text(int row, int column) const { return table().index(row, column).data().toString(); }
-    bool isEdited() const;
+    bool shows(const QString& text) const;
+    bool isEdited() const { return shows(", edited"); }
     QPushButton& button(const QString& text) const;
     QString path(const QString& name) const { return m_folder->filePath(name); }
     QUrl url(const QString& name) const { return QUrl::fromLocalFile(path(name)); }
@@ -187,11 +198,12 @@ void tst_TableEditing::save()
     QTRY_VERIFY(button("&Save").isEnabled());
 }
 
-bool tst_TableEditing::isEdited() const
+/// Returns whether a visible label contains the text.
+bool tst_TableEditing::shows(const QString& text) const
 {
     const QList<QLabel*> labels = m_page->findChildren<QLabel*>();
     return std::any_of(labels.begin(), labels.end(),
-                       [](const QLabel* label) { return label->isVisible() && label->text().endsWith(", edited"); });
+                       [&](const QLabel* label) { return label->isVisible() && label->text().contains(text); });
 }
 
 QPushButton& tst_TableEditing::button(const QString& text) const
@@ -712,6 +724,144 @@ void tst_TableEditing::refusesDropsOnOtherPages()
     QVERIFY(!drop({url("table.csv")}));
     m_window->setCurrentIndex(0);
     QVERIFY(drop({url("table.csv")}));
+}
+
+// Numbers
+
+void tst_TableEditing::editsNumbers_data()
+{
+    QTest::addColumn<int>("row");
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QVector<Qt::Key>>("keys");
+    QTest::addColumn<QString>("stored");
+    using Keys = QVector<Qt::Key>;
+    const Keys end{Qt::Key_Return};
+    QTest::newRow("a number") << 0 << "2.5" << end << "2.5";
+    QTest::newRow("with its zeros") << 0 << "2.50" << end << "2.50";
+    QTest::newRow("with an exponent") << 0 << "1e-7" << end << "1e-7";
+    QTest::newRow("with all its digits") << 0 << "3.14159265358979312" << end << "3.14159265358979312";
+    QTest::newRow("with group separators") << 0 << "1,234" << end << "1234";
+    QTest::newRow("a letter is not typed") << 0 << "12x4" << end << "124";
+    QTest::newRow("untouched") << 0 << "" << end << "1.50";
+    QTest::newRow("untouched, with an exponent") << 2 << "" << end << "3e2";
+    QTest::newRow("untouched and empty") << 1 << "" << end << "";
+    QTest::newRow("into an empty cell") << 1 << "7" << end << "7";
+    QTest::newRow("removed") << 0 << "" << Keys{Qt::Key_Backspace, Qt::Key_Return} << "";
+    QTest::newRow("a step") << 0 << "" << Keys{Qt::Key_Up, Qt::Key_Return} << "2.5";
+    QTest::newRow("ended by Tab") << 0 << "8" << Keys{Qt::Key_Tab} << "8";
+    QTest::newRow("a step from nothing") << 1 << "" << Keys{Qt::Key_Down, Qt::Key_Return} << "-1";
+    QTest::newRow("there and back") << 0 << "" << Keys{Qt::Key_Up, Qt::Key_Down, Qt::Key_Return} << "1.50";
+    QTest::newRow("cancelled") << 0 << "8" << Keys{Qt::Key_Escape} << "1.50";
+}
+
+void tst_TableEditing::editsNumbers()
+{
+    QFETCH(int, row);
+    QFETCH(QString, typed);
+    QFETCH(QVector<Qt::Key>, keys);
+    QFETCH(QString, stored);
+    const QString before = text(row, 2);
+    go(row, 2);
+    press(Qt::Key_F2);
+    const auto* const field = qobject_cast<QDoubleSpinBox*>(view().indexWidget(table().index(row, 2)));
+    QVERIFY(field);
+    QTRY_VERIFY(field->isVisible());
+    QCOMPARE(field->text(), before);
+    type(typed);
+    for (const Qt::Key key : keys)
+        press(key);
+    QTRY_VERIFY(!view().indexWidget(table().index(row, 2)));
+    QCOMPARE(text(row, 2), stored);
+    QCOMPARE(isEdited(), stored != before);
+}
+
+/// The editor stays open, so that the user can go on typing, and nothing is done with the table without the text.
+void tst_TableEditing::keepsATextThatIsNoNumber()
+{
+    edit(1, 0, "new");
+    go(0, 2);
+    press(Qt::Key_F2);
+    type("12e");
+    press(Qt::Key_Return);
+    QVERIFY(view().indexWidget(table().index(0, 2)));
+    QVERIFY(shows("\"12e\" is no number"));
+    press(Qt::Key_S, Qt::ControlModifier);
+    button("&Undo").click();
+    QVERIFY(!m_page->mayLeave());
+    QVERIFY(view().indexWidget(table().index(0, 2)));
+    QCOMPARE(contents("table.csv"), sample);
+    QCOMPARE(text(1, 0), QString("new"));
+    QCOMPARE(text(0, 2), QString("1.50"));
+
+    type("3");
+    press(Qt::Key_Return);
+    QTRY_COMPARE(text(0, 2), QString("12e3"));
+    QVERIFY(!shows("is no number"));
+}
+
+void tst_TableEditing::tellsWhatIsNoNumberWhenTheEditorIsLeft()
+{
+    go(0, 2);
+    press(Qt::Key_F2);
+    type("12e");
+    button("&Open…").setFocus();
+    QTRY_VERIFY(!view().indexWidget(table().index(0, 2)));
+    QCOMPARE(text(0, 2), QString("1.50"));
+    QVERIFY(shows("\"12e\" is no number"));
+    edit(0, 2, "12");
+    QVERIFY(!shows("is no number"));
+}
+
+// Rows
+
+void tst_TableEditing::showsTheCurrentRow()
+{
+    QCOMPARE(rowField().value(), 1);
+    QCOMPARE(rowField().minimum(), 1);
+    QCOMPARE(rowField().maximum(), 3);
+    go(2, 1);
+    QCOMPARE(rowField().value(), 3);
+    open("short.csv", "a\n1\n2\n");
+    QCOMPARE(rowField().value(), 1);
+    QCOMPARE(rowField().maximum(), 2);
+    open("empty.csv", "a\n");
+    QVERIFY(!rowField().isEnabled());
+}
+
+void tst_TableEditing::goesToARow()
+{
+    go(0, 1);
+    press(Qt::Key_R, Qt::AltModifier);
+    QVERIFY(rowField().hasFocus());
+    rowField().selectAll();
+    type("3");
+    press(Qt::Key_Return);
+    QCOMPARE(view().currentIndex(), table().index(2, 1));
+}
+
+void tst_TableEditing::stepsByRowsAndPages()
+{
+    open("long.csv", "a\n" + QByteArray("1\n").repeated(1000));
+    rowField().setFocus();
+    press(Qt::Key_Up);
+    QCOMPARE(view().currentIndex().row(), 1);
+    press(Qt::Key_PageUp);
+    const int page = view().currentIndex().row() - 1;
+    QVERIFY2(page > 1 && qAbs(page * view().rowHeight(0) - view().viewport()->height()) < 2 * view().rowHeight(0),
+             qPrintable(QString::number(page)));
+    press(Qt::Key_PageDown);
+    press(Qt::Key_Down);
+    QCOMPARE(view().currentIndex().row(), 0);
+    press(Qt::Key_PageDown);
+    QCOMPARE(view().currentIndex().row(), 0);
+
+    // A step begins at the number that is typed, and stays in the table.
+    rowField().selectAll();
+    type("995");
+    press(Qt::Key_Up);
+    QCOMPARE(view().currentIndex().row(), 995);
+    press(Qt::Key_PageUp);
+    QCOMPARE(view().currentIndex().row(), 999);
 }
 
 UI_TEST_MAIN(tst_TableEditing)

@@ -1,0 +1,128 @@
+#include "NumberDelegate.h"
+
+#include "ui/qt/controls/QScientificSpinBox.h"
+
+#include <QLineEdit>
+#include <QLocale>
+
+#include <utility>
+
+using zelmar::ui::QScientificSpinBox;
+
+namespace gallery {
+
+namespace {
+
+const int mostDigits = 12;
+
+/// A number field that shows the number of a cell as it is written there.
+class CellField : public QScientificSpinBox
+{
+public:
+    explicit CellField(QWidget* parent)
+        : QScientificSpinBox(parent)
+    {
+        setDecimals(mostDigits);
+        setFrame(false);
+    }
+
+    void setCellText(const QString& text)
+    {
+        m_cellText = text;
+        m_cellValue = QLocale::c().toDouble(text); // 0 if the cell is empty
+        setValue(m_cellValue);
+        lineEdit()->setText(text);
+    }
+    [[nodiscard]] const QString& cellText() const { return m_cellText; }
+    [[nodiscard]] QString typedText() const { return cleanText().trimmed(); }
+    [[nodiscard]] bool isTyped() const { return lineEdit()->isModified(); }
+
+    [[nodiscard]] QString textFromValue(double value) const override
+    {
+        return value == m_cellValue ? m_cellText : QScientificSpinBox::textFromValue(value);
+    }
+
+private:
+    QString m_cellText;
+    double m_cellValue = 0;
+};
+
+/// Returns whether other programs can read the text as a number.
+bool isPlainNumber(const QString& text)
+{
+    QLocale plain = QLocale::c();
+    plain.setNumberOptions(QLocale::RejectGroupSeparator);
+    bool isNumber = false;
+    plain.toDouble(text, &isNumber);
+    return isNumber;
+}
+
+QString shortestText(double value)
+{
+    return QString::number(value, 'g', QLocale::FloatingPointShortest);
+}
+
+/// Returns the text to store.
+QString numberText(const CellField& field)
+{
+    const QString typed = field.typedText();
+    if (typed == field.cellText().trimmed())
+        return field.cellText();
+    if (!field.isTyped()) // but a number after steps, which may have more digits than are shown
+        return shortestText(field.value());
+    return typed.isEmpty() || isPlainNumber(typed) ? typed : shortestText(field.valueFromText(typed));
+}
+
+} // namespace
+
+NumberDelegate::NumberDelegate(IsNumber isNumber, NamesFor namesFor, QObject* parent)
+    : NameDelegate(Entry::AnyText, std::move(namesFor), parent)
+    , m_isNumber(std::move(isNumber))
+{
+}
+
+NumberDelegate::~NumberDelegate() = default;
+
+QWidget* NumberDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem& option,
+                                      const QModelIndex& index) const
+{
+    if (!m_isNumber(index))
+        return NameDelegate::createEditor(parent, option, index);
+    auto* field = new CellField(parent);
+    field->setAccessibleName(index.model()->headerData(index.column(), Qt::Horizontal).toString());
+    return field;
+}
+
+void NumberDelegate::setEditorData(QWidget* editor, const QModelIndex& index) const
+{
+    auto* field = dynamic_cast<CellField*>(editor);
+    if (!field)
+        return NameDelegate::setEditorData(editor, index);
+    field->setCellText(index.data(Qt::EditRole).toString());
+    field->selectAll();
+}
+
+void NumberDelegate::setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const
+{
+    const auto* field = dynamic_cast<CellField*>(editor);
+    if (!field) {
+        NameDelegate::setModelData(editor, model, index);
+    } else if (accepts(*field)) {
+        model->setData(index, numberText(*field));
+        Q_EMIT textTaken();
+    }
+}
+
+QString NumberDelegate::refusedText(const QWidget& editor) const
+{
+    const auto* field = dynamic_cast<const CellField*>(&editor);
+    if (!field)
+        return NameDelegate::refusedText(editor);
+    QString typed = field->typedText();
+    int cursor = 0;
+    const bool isStored = typed.isEmpty() || typed == field->cellText().trimmed() || isPlainNumber(typed)
+                          || field->validate(typed, cursor) == QValidator::Acceptable;
+    return isStored ? QString() : typed;
+}
+
+} // namespace gallery
