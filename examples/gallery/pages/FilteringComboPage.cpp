@@ -82,8 +82,22 @@ void FilteringComboPage::addTable()
     m_table->setTabKeyNavigation(false);
     m_table->horizontalHeader()->setStretchLastSection(true);
     const auto names = [this](const QModelIndex&, QObject*) { return m_names; };
-    m_table->setItemDelegateForColumn(1, new NameDelegate(NameDelegate::Entry::Name, names, m_table));
+    auto* delegate = new NameDelegate(NameDelegate::Entry::Name, names, m_table);
+    m_table->setItemDelegateForColumn(1, delegate);
     contents().addWidget(m_table, 1);
+    addRefusal(*delegate);
+}
+
+/// Tells below the table which text was not taken, until one is.
+void FilteringComboPage::addRefusal(const NameDelegate& delegate)
+{
+    auto* refusal = new QLabel;
+    refusal->setTextFormat(Qt::PlainText);
+    refusal->setWordWrap(true);
+    contents().addWidget(refusal);
+    connect(&delegate, &NameDelegate::textTaken, refusal, &QLabel::clear);
+    connect(&delegate, &NameDelegate::textRefused, refusal,
+            [refusal](const QString& text) { refusal->setText(tr("\"%1\" is no signal.").arg(text)); });
 }
 
 void FilteringComboPage::setNames(int count)

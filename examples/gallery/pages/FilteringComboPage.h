@@ -15,6 +15,8 @@ class ComboBoxAutoFilter;
 
 namespace gallery {
 
+class NameDelegate;
+
 /// A page with the filtering combo box for lists of up to a million names in its two uses: as the editor of a value in
 /// a form and as the editor of table cells.
 class FilteringComboPage : public GalleryPage
@@ -32,6 +34,7 @@ private Q_SLOTS:
 private:
     void addForm();
     void addTable();
+    void addRefusal(const NameDelegate& delegate);
     void setNames(int count);
     void edit();
     void showValue(const QString& end);

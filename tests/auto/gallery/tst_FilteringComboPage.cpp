@@ -5,9 +5,14 @@
 #include "Keyboard.h"
 #include "TestHome.h"
 
+#include <QAbstractItemModel>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QTableView>
 #include <QtTest>
+
+#include <algorithm>
 
 using gallery::FilteringComboPage;
 using zelmar::ui::ComboBoxAutoFilter;
@@ -19,6 +24,7 @@ class tst_FilteringComboPage : public QObject
 
 private Q_SLOTS:
     void hasOneEditorAtATime();
+    void tellsWhichNameIsUnknown();
 };
 
 void tst_FilteringComboPage::hasOneEditorAtATime()
@@ -46,6 +52,34 @@ void tst_FilteringComboPage::hasOneEditorAtATime()
     QTest::keyClick(page.windowHandle(), Qt::Key_Return);
     QTRY_COMPARE(page.findChildren<ComboBoxAutoFilter*>().size(), 0);
     QCOMPARE(value->text(), name);
+}
+
+void tst_FilteringComboPage::tellsWhichNameIsUnknown()
+{
+    FilteringComboPage page;
+    page.show();
+    auto& table = *page.findChild<QTableView*>();
+    const QModelIndex cell = table.model()->index(2, 1);
+    const QString before = cell.data().toString();
+    const auto shows = [&page](const QString& text) {
+        const QList<QLabel*> labels = page.findChildren<QLabel*>();
+        return std::any_of(labels.begin(), labels.end(), [&](const QLabel* label) { return label->text() == text; });
+    };
+    const auto enter = [&](const QString& text) {
+        takeKeyboardFocus(table);
+        table.setCurrentIndex(cell);
+        QTest::keyClick(page.windowHandle(), Qt::Key_F2);
+        for (const QChar letter : text)
+            QTest::keyClick(page.windowHandle(), letter.toLatin1());
+        QTest::keyClick(page.windowHandle(), Qt::Key_Return);
+        QTRY_COMPARE(page.findChildren<ComboBoxAutoFilter*>().size(), 0);
+    };
+    enter("zzz");
+    QCOMPARE(cell.data().toString(), before);
+    QVERIFY(shows("\"zzz\" is no signal."));
+    enter("press");
+    QVERIFY(cell.data().toString() != before);
+    QVERIFY(!shows("\"zzz\" is no signal."));
 }
 
 UI_TEST_MAIN(tst_FilteringComboPage)
