@@ -19,7 +19,9 @@ set(expected
     "Table editor: saved and opened again: ${folder}/saved\\.tsv, 24 rows, 6 columns, UTF-8"
     "Table editor: saved and opened again: ${folder}/saved\\.json, 24 rows, 6 columns, UTF-8"
     "Table editor: asked: The table \"edited\\.csv\" has edits that are not saved\\. Do you want to save them\\?"
-    "Table editor: cancelled loading: ${folder}/broken\\.json"
+    "Table editor: edited and saved by keyboard: ${folder}/measurements\\.csv"
+    "Table editor: asked: The table \"saved\\.csv\" has edits that are not saved\\. Do you want to save them\\?"
+    "Table editor: cancelled loading, and kept: ${folder}/edited\\.csv"
     "Table editor: message: ${folder}/broken\\.json: Line 1, column 29: .+"
     "Open one file: The dialog was cancelled\\."
     "Open one file: The dialog was accepted\\."
@@ -97,6 +99,9 @@ list(JOIN pictures "\n" named_pictures)
 set(files "")
 foreach(page table-editor open-one-file open-several-files save-a-file choose-a-directory save-with-a-writer native-dialog)
     list(APPEND files ${page} ${page}-dialog ${page}-help)
+endforeach()
+foreach(step number refused edited undone row saved save message)
+    list(APPEND files table-editor-${step})
 endforeach()
 list(APPEND files filtering-combo-box filtering-combo-box-form)
 list(APPEND files labels-and-buttons labels-and-buttons-long helpers)

@@ -8,10 +8,6 @@
 #include "TableView.h"
 #include "makeActionButton.h"
 #include "tableDialogs.h"
-#include "tour/Tour.h"
-
-#include "FileDialogActions.h"
-#include "Keyboard.h"
 
 #include "TableLoader.h"
 #include "TableModel.h"
@@ -22,20 +18,16 @@
 
 #include <QAction>
 #include <QApplication>
-#include <QClipboard>
 #include <QDir>
 #include <QFileInfo>
-#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLocale>
-#include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
 #include <QSet>
 #include <QStackedWidget>
 #include <QStringListModel>
-#include <QTest>
 
 #include <utility>
 
@@ -87,19 +79,6 @@ QString columnsText(int count)
                       : TableEditorPage::tr("%1 columns").arg(QLocale().toString(count));
 }
 
-QVector<QStringList> textsOf(const QAbstractItemModel& model)
-{
-    QVector<QStringList> texts(1);
-    for (int column = 0; column < model.columnCount(); ++column)
-        texts.first() += model.headerData(column, Qt::Horizontal).toString();
-    for (int row = 0; row < model.rowCount(); ++row) {
-        texts.append(QStringList());
-        for (int column = 0; column < model.columnCount(); ++column)
-            texts.last() += model.index(row, column).data(Qt::EditRole).toString();
-    }
-    return texts;
-}
-
 } // namespace
 
 TableEditorPage::TableEditorPage()
@@ -110,7 +89,7 @@ TableEditorPage::TableEditorPage()
     , m_saveAction(addAction(tr("&Save"), tr("Save the table in its file"), keys(QKeySequence::Save)))
     , m_saveAsAction(
           addAction(tr("Save &as…"), tr("Save the table in another file"), keys(QKeySequence::SaveAs, "Ctrl+Shift+S")))
-    , m_undoAction(addAction(tr("&Undo"), tr("Undo"), keys(QKeySequence::Undo)))
+    , m_undoAction(addAction(tr("U&ndo"), tr("Undo"), keys(QKeySequence::Undo)))
     , m_redoAction(addAction(tr("Re&do"), tr("Redo"), keys(QKeySequence::Redo, "Ctrl+Shift+Z")))
     , m_clearAction(new QAction(tr("C&lear cells"), this))
     , m_openButton(makeActionButton(*m_openAction))
@@ -164,6 +143,7 @@ void TableEditorPage::addWidgets()
     m_view->addActions({m_clearAction, m_undoAction, m_redoAction});
     m_refusal->setTextFormat(Qt::PlainText);
     m_refusal->hide();
+    m_facts->setObjectName(QStringLiteral("facts"));
     m_facts->setTextFormat(Qt::PlainText);
     m_statusLine->addWidget(m_facts);
     m_statusLine->addWidget(m_loadBar);
@@ -344,7 +324,7 @@ void TableEditorPage::updateActions()
     m_clearAction->setEnabled(isShown);
     const QUndoStack& edits = m_model->edits();
     m_undoAction->setEnabled(isShown && edits.canUndo());
-    m_undoAction->setText(tr("&Undo %1").arg(edits.undoText()));
+    m_undoAction->setText(tr("U&ndo %1").arg(edits.undoText()));
     m_undoAction->setToolTip(tr("Undo %1").arg(edits.undoText()));
     m_redoAction->setEnabled(isShown && edits.canRedo());
     m_redoAction->setText(tr("Re&do %1").arg(edits.redoText()));
@@ -442,152 +422,6 @@ void TableEditorPage::onSaved(const QString& path, const QString& error)
     showFacts();
     if (next.go && !QApplication::activeModalWidget()) // Otherwise the user has started something else meanwhile.
         next.go();
-}
-
-// Tour
-
-void TableEditorPage::tour(Tour& tour)
-{
-    tourCancelledDialogs(tour);
-    tourGoodTable(tour);
-    tourCopiedCells(tour);
-    tour.readHelpAndCancelFileDialog([this] { m_saveAsAction->trigger(); });
-    tourSavedTables(tour);
-    tourEditWhileSaving(tour);
-    tourUnsavedEdits(tour);
-    tourCancelledLoad(tour);
-    tourBrokenTable(tour);
-}
-
-void TableEditorPage::tourCancelledDialogs(Tour& tour)
-{
-    tour.useFileDialog({}, QString(), {cancel}, [this] { m_openAction->trigger(); });
-    tour.expect(!m_loader->isLoading(), QStringLiteral("a cancelled dialog loads nothing"));
-}
-
-void TableEditorPage::openInTour(Tour& tour, const QString& name, const QString& picture)
-{
-    tour.acceptFileDialog({name, -1, picture}, [this] { m_openAction->trigger(); });
-    tour.expect(QFileInfo(m_loadingPath).fileName() == name, QStringLiteral("the typed file is loaded: ") + name);
-}
-
-void TableEditorPage::tourGoodTable(Tour& tour)
-{
-    openInTour(tour, QStringLiteral("measurements.csv"), QStringLiteral("dialog"));
-    tour.waitUntil(QStringLiteral("the table is loaded"), [this] { return !m_loader->isLoading(); });
-    tour.log(QStringLiteral("shown: ") + m_pathLabel->text());
-    tour.log(QStringLiteral("table: ") + m_facts->text());
-    tour.expect(m_model->rowCount() > 0, QStringLiteral("the table has rows"));
-    tour.expect(m_messages->text().isEmpty(), QStringLiteral("nothing went wrong"));
-    tour.takePicture();
-}
-
-/// Verifies that a cell with a long text is drawn abridged but copied completely.
-void TableEditorPage::tourCopiedCells(Tour& tour)
-{
-    const QClipboard& clipboard = *QGuiApplication::clipboard();
-    const QModelIndex first = m_model->index(0, 0);
-    const QString shown = first.data().toString();
-    const QString longText(5000, QLatin1Char('x'));
-    m_model->setData(first, longText);
-    takeKeyboardFocus(*m_view);
-    m_view->selectRow(0);
-    QTest::keyClick(m_view, Qt::Key_C, Qt::ControlModifier);
-    const QString copied = clipboard.text();
-    tour.expect(copied == textsOf(*m_model)[1].join(QLatin1Char('\t')), QStringLiteral("a row is copied whole"));
-    tour.log(QStringLiteral("copied a row: %1 fields").arg(copied.count(QLatin1Char('\t')) + 1));
-    m_model->setData(first, shown);
-    m_model->markSaved(m_model->state());
-
-    m_view->setCurrentIndex(first);
-    for (QAction* action : {m_view->actions().last(), m_view->actions().first()}) // Select all, and Copy
-        action->trigger();
-    QStringList lines;
-    for (const QStringList& row : textsOf(*m_model).mid(1))
-        lines += row.join(QLatin1Char('\t'));
-    tour.expect(clipboard.text() == lines.join(QLatin1Char('\n')),
-                QStringLiteral("the table is copied, without its header"));
-    m_view->setCurrentIndex(first);
-}
-
-/// Verifies for each format that a saved table is the same when it is opened again.
-void TableEditorPage::tourSavedTables(Tour& tour)
-{
-    const QString edited = QStringLiteral("edited, \"quoted\"\nin two lines\tand with a tab");
-    m_model->setData(m_model->index(1, 5), edited);
-    tour.expect(m_model->isModified(), QStringLiteral("an edit is unsaved"));
-    const QVector<QStringList> texts = textsOf(*m_model);
-    for (int format = 0; format < tableFormats().size(); ++format) {
-        const QString name = QStringLiteral("saved.") + tableFormats()[format].extension;
-        saveInTour(tour, name, format);
-        tour.expect(!m_model->isModified(), QStringLiteral("the table is saved"));
-        openInTour(tour, name);
-        tour.waitUntil(QStringLiteral("the table is loaded"), [this] { return !m_loader->isLoading(); });
-        tour.expect(textsOf(*m_model) == texts,
-                    QStringLiteral("what was saved opens again to the same table: ") + name);
-        tour.log(QStringLiteral("saved and opened again: %1, %2").arg(m_pathLabel->text(), m_facts->text()));
-    }
-}
-
-void TableEditorPage::saveInTour(Tour& tour, const QString& name, int format)
-{
-    // Types the name without its extension, which the save flow appends. The first filter is the current format.
-    tour.acceptFileDialog(
-        {QFileInfo(name).completeBaseName(), format, format == 0 ? QStringLiteral("save") : QString()},
-        [this] { m_saveAsAction->trigger(); });
-    tour.waitUntil(QStringLiteral("the table is saved"), [this] { return !m_saver->isSaving(); });
-    tour.expect(QFileInfo(m_target.path).fileName() == name, QStringLiteral("the table is saved as ") + name);
-}
-
-void TableEditorPage::tourEditWhileSaving(Tour& tour)
-{
-    tour.acceptFileDialog({QStringLiteral("edited"), 0, QString()}, [this] { m_saveAsAction->trigger(); });
-    tour.expect(m_saver->isSaving(), QStringLiteral("the table is being saved"));
-    m_model->setData(m_model->index(0, 0), QStringLiteral("edited meanwhile"));
-    tour.waitUntil(QStringLiteral("the table is saved"), [this] { return !m_saver->isSaving(); });
-    tour.expect(m_model->isModified(), QStringLiteral("an edit that came while the table was saved is unsaved"));
-    m_model->markSaved(m_model->state());
-}
-
-void TableEditorPage::tourUnsavedEdits(Tour& tour)
-{
-    m_model->setData(m_model->index(0, 0), QStringLiteral("unsaved"));
-    const QString shown = m_target.path;
-    tour.answerQuestion(QMessageBox::Cancel, [this] { m_openAction->trigger(); });
-    tour.expect(m_target.path == shown && m_model->isModified(), QStringLiteral("Cancel keeps the edits"));
-    tour.answerQuestion(QMessageBox::Cancel, [this] { window()->close(); });
-    tour.expect(window()->isVisible(), QStringLiteral("the window stays when edits would be lost"));
-    m_model->markSaved(m_model->state());
-}
-
-void TableEditorPage::tourCancelledLoad(Tour& tour)
-{
-    const QString shown = m_pathLabel->text();
-    openInTour(tour, QStringLiteral("broken.json"));
-    tour.expect(!m_saveAction->isEnabled() && m_view->editTriggers() == QAbstractItemView::NoEditTriggers,
-                QStringLiteral("nothing is edited or saved while another table is loading"));
-    tour.expect(m_view->cursor().shape() == Qt::BusyCursor, QStringLiteral("the table has a busy cursor meanwhile"));
-    m_loadBar->cancelButton().setFocus();
-    m_loadBar->cancelButton().click();
-    tour.expect(window()->focusWidget() == m_openButton,
-                QStringLiteral("the keyboard is where another table can be opened"));
-    tour.expect(!m_loader->isLoading(), QStringLiteral("Cancel ends loading"));
-    tour.expect(m_saveAction->isEnabled() && m_view->editTriggers() == m_editTriggers,
-                QStringLiteral("the table can be edited and saved when loading is cancelled"));
-    tour.expect(m_view->cursor().shape() == Qt::ArrowCursor, QStringLiteral("the busy cursor goes with the load"));
-    tour.expect(m_pathLabel->text() == shown, QStringLiteral("the table stays when loading is cancelled"));
-    tour.log(QStringLiteral("cancelled loading: ") + m_loadingPath);
-}
-
-void TableEditorPage::tourBrokenTable(Tour& tour)
-{
-    const QString shown = m_pathLabel->text();
-    openInTour(tour, QStringLiteral("broken.json"));
-    tour.waitUntil(QStringLiteral("loading has failed"), [this] { return !m_loader->isLoading(); });
-    tour.log(QStringLiteral("message: ") + m_messages->text());
-    tour.expect(m_messages->text().contains(QStringLiteral("broken.json")), QStringLiteral("the error is shown"));
-    tour.expect(m_pathLabel->text() == shown, QStringLiteral("the table stays when another cannot be read"));
-    tour.takePicture(QStringLiteral("message"));
 }
 
 } // namespace gallery

@@ -26,7 +26,6 @@ class TableLoader;
 class TableModel;
 class TableSaver;
 class TableView;
-class Tour;
 
 /// A page with a small real application: it opens a table of any size with a file dialog, reads it in the background,
 /// shows it for editing, and saves it with the save flow, with one writer per file format. The current table stays
@@ -41,8 +40,6 @@ public:
     ~TableEditorPage() override;
 
     bool mayLeave() override;
-    /// Acts as a user of this page.
-    void tour(Tour& tour);
 
 protected:
     void showEvent(QShowEvent* event) override;
@@ -79,17 +76,6 @@ private:
     void onSaved(const QString& path, const QString& error);
     void setTarget(const TableTarget& target);
     void updateActions();
-
-    void tourCancelledDialogs(Tour& tour);
-    void openInTour(Tour& tour, const QString& name, const QString& picture = {});
-    void tourGoodTable(Tour& tour);
-    void tourCopiedCells(Tour& tour);
-    void tourSavedTables(Tour& tour);
-    void tourEditWhileSaving(Tour& tour);
-    void tourUnsavedEdits(Tour& tour);
-    void saveInTour(Tour& tour, const QString& name, int format);
-    void tourBrokenTable(Tour& tour);
-    void tourCancelledLoad(Tour& tour);
 
     QAction* m_openAction;
     QAction* m_saveAction;

@@ -31,7 +31,8 @@ std::vector<std::unique_ptr<GalleryPage>> makeGalleryPages()
         page->offerCode(PageCode(code));
         pages.push_back(std::move(page));
     };
-    add(std::make_unique<TableEditorPage>(), {{"TableEditorPage.cpp", {"askForPath", "saveTable"}}});
+    add(std::make_unique<TableEditorPage>(),
+        {{"tableDialogs.cpp", {"askForTable", "askWhereToSave"}}, {"RowField.cpp", {"RowField"}}});
     for (const FileDialogExample& example : fileDialogExamples())
         add(std::make_unique<FileDialogPage>(example), {{"FileDialogPage.cpp", {"outcomeOfDialog"}}});
     add(std::make_unique<SaveFlowPage>(), {{"SaveFlowPage.cpp", {"makeHandler", "makeFlow", "save"}}});

@@ -114,6 +114,8 @@ QMessageBox::StandardButton askWhetherToSave(QWidget& window, const QString& pat
     question->setTextFormat(Qt::PlainText);
     question->setDefaultButton(QMessageBox::Save);
     const int answer = question->exec();
+    if (!question)
+        return QMessageBox::Cancel;
     delete question;
     return QMessageBox::StandardButton(answer);
 }

@@ -465,13 +465,13 @@ void tst_TableEditing::undoesByKey()
 
 void tst_TableEditing::tellsWhatIsUndone()
 {
-    QVERIFY(!button("&Undo").isEnabled());
+    QVERIFY(!button("U&ndo").isEnabled());
     QVERIFY(!button("Re&do").isEnabled());
     edit(1, 0, "new");
-    QVERIFY(button("&Undo").isEnabled());
-    QVERIFY2(button("&Undo").toolTip().startsWith("Undo edit in row 2 ("), qPrintable(button("&Undo").toolTip()));
-    button("&Undo").click();
-    QVERIFY(!button("&Undo").isEnabled());
+    QVERIFY(button("U&ndo").isEnabled());
+    QVERIFY2(button("U&ndo").toolTip().startsWith("Undo edit in row 2 ("), qPrintable(button("U&ndo").toolTip()));
+    button("U&ndo").click();
+    QVERIFY(!button("U&ndo").isEnabled());
     QVERIFY2(button("Re&do").toolTip().startsWith("Redo edit in row 2 ("), qPrintable(button("Re&do").toolTip()));
 }
 
@@ -480,7 +480,7 @@ void tst_TableEditing::undoesATextThatIsBeingTyped()
     edit(1, 0, "new");
     go(0, 0);
     type("typed");
-    button("&Undo").click();
+    button("U&ndo").click();
     QCOMPARE(text(0, 0), QString("first"));
     QCOMPARE(text(1, 0), QString("new"));
     QVERIFY(!view().indexWidget(table().index(0, 0)));
@@ -522,7 +522,7 @@ void tst_TableEditing::undoesNothingOfAnotherTable()
     edit(0, 0, "new");
     save();
     open("other.csv", "name\nother\n");
-    QVERIFY(!button("&Undo").isEnabled());
+    QVERIFY(!button("U&ndo").isEnabled());
     press(Qt::Key_Z, Qt::ControlModifier);
     QCOMPARE(text(0, 0), QString("other"));
     QVERIFY(!isEdited());
@@ -786,7 +786,7 @@ void tst_TableEditing::keepsATextThatIsNoNumber()
     QVERIFY(view().indexWidget(table().index(0, 2)));
     QVERIFY(shows("\"12e\" is no number"));
     press(Qt::Key_S, Qt::ControlModifier);
-    button("&Undo").click();
+    button("U&ndo").click();
     QVERIFY(!m_page->mayLeave());
     QVERIFY(view().indexWidget(table().index(0, 2)));
     QCOMPARE(contents("table.csv"), sample);
