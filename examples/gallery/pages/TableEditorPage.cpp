@@ -119,6 +119,7 @@ TableEditorPage::TableEditorPage()
     connect(delegate, &TableDelegate::textRefused, this, &TableEditorPage::showRefusal);
     addWidgets();
     connectWidgets();
+    updateActions();
 }
 
 TableEditorPage::~TableEditorPage() = default;
@@ -149,22 +150,23 @@ void TableEditorPage::addWidgets()
     m_statusLine->addWidget(m_loadBar);
     m_statusLine->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
 
-    auto* top = new QHBoxLayout;
-    top->addWidget(m_openButton);
-    top->addWidget(makeActionButton(*m_saveAction));
-    top->addWidget(makeActionButton(*m_saveAsAction));
-    top->addWidget(makeActionButton(*m_undoAction));
-    top->addWidget(makeActionButton(*m_redoAction));
-    top->addStretch();
-    contents().addLayout(top);
-    auto* place = new QHBoxLayout;
+    auto* files = new QHBoxLayout;
+    files->addWidget(m_openButton);
+    files->addWidget(makeActionButton(*m_saveAction));
+    files->addWidget(makeActionButton(*m_saveAsAction));
+    files->addWidget(m_pathLabel, 1, Qt::AlignVCenter);
+    contents().addLayout(files);
+
     auto* rowLabel = new QLabel(tr("Go to &row"));
     auto* rowField = new RowField(*m_view);
     rowLabel->setBuddy(rowField);
-    place->addWidget(m_pathLabel, 1);
-    place->addWidget(rowLabel);
-    place->addWidget(rowField);
-    contents().addLayout(place);
+    auto* edits = new QHBoxLayout;
+    edits->addWidget(makeActionButton(*m_undoAction));
+    edits->addWidget(makeActionButton(*m_redoAction));
+    edits->addStretch();
+    edits->addWidget(rowLabel);
+    edits->addWidget(rowField);
+    contents().addLayout(edits);
     contents().addWidget(m_view, 1);
     contents().addWidget(m_refusal);
     contents().addWidget(m_statusLine);

@@ -60,6 +60,7 @@ private Q_SLOTS:
 
     void savesIntoTheSameFile();
     void savesInTheFormatOfTheLastSave();
+    void savesInUtf8AndTellsSo();
     void savesWhatIsTyped_data();
     void savesWhatIsTyped();
     void hasItsShortcutsWhileItIsShown();
@@ -247,6 +248,15 @@ void tst_TableEditing::savesInTheFormatOfTheLastSave()
     save();
     QVERIFY(contents("saved.json").contains("\"new\""));
     QCOMPARE(contents("table.csv"), sample);
+}
+
+void tst_TableEditing::savesInUtf8AndTellsSo()
+{
+    open("latin.csv", "name\nna\xefve\n");
+    QVERIFY(shows("Latin-1"));
+    save();
+    QVERIFY(shows("UTF-8"));
+    QCOMPARE(contents("latin.csv"), QByteArray("name\nna\xc3\xafve\n"));
 }
 
 void tst_TableEditing::savesWhatIsTyped_data()
