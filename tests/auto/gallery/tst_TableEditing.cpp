@@ -1,8 +1,10 @@
 #include "pages/TableEditorPage.h"
 
 #include "testing/FileDialogScript.h"
+#include "ui/qt/dialogs/ExtendedFileDialog.h"
 
 #include "DialogDriver.h"
+#include "FileDialogActions.h"
 #include "Keyboard.h"
 #include "TestHome.h"
 
@@ -11,6 +13,7 @@
 #include <QCloseEvent>
 #include <QDropEvent>
 #include <QFile>
+#include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -106,6 +109,8 @@ private Q_SLOTS:
     void goesToARow();
     void stepsByRowsAndPages();
 
+    void needsNoMouse();
+
 private:
     QSpinBox& rowField() const { return *m_page->findChild<QSpinBox*>(); }
     bool drop(const QList<QUrl>& urls, Qt::DropActions actions = Qt::CopyAction | Qt::MoveAction);
@@ -149,10 +154,12 @@ void tst_TableEditing::init()
 
 void tst_TableEditing::cleanup()
 {
-    QCOMPARE(m_script->verify(), QString());
+    if (m_script)
+        QCOMPARE(m_script->verify(), QString());
     m_window.reset();
     m_script.reset();
     m_folder.reset();
+    ExtendedFileDialog::setUseNativeFileDialog(true);
 }
 
 void tst_TableEditing::write(const QString& name, const QByteArray& contents) const
@@ -872,6 +879,44 @@ void tst_TableEditing::stepsByRowsAndPages()
     QCOMPARE(view().currentIndex().row(), 995);
     press(Qt::Key_PageUp);
     QCOMPARE(view().currentIndex().row(), 999);
+}
+
+// All together
+
+/// Opens, edits and saves a table by keys alone, also in the dialogs.
+void tst_TableEditing::needsNoMouse()
+{
+    m_script.reset(); // The dialogs are real ones.
+    ExtendedFileDialog::setUseNativeFileDialog(false);
+    write("other.csv", "name,number\nfirst,1\nsecond,2\n");
+    const auto answerDialog = [this](const QString& name, Qt::KeyboardModifiers modifiers, Qt::Key key) {
+        DialogDriver driver;
+        driver.onDialog<QFileDialog>("type a name", [&](QFileDialog& dialog) { acceptName(dialog, path(name)); });
+        press(key, modifiers);
+        QVERIFY2(driver.finished(), qPrintable(driver.problem()));
+    };
+    answerDialog("other.csv", Qt::ControlModifier, Qt::Key_O);
+    QTRY_COMPARE(text(1, 0), QString("second"));
+    QTRY_VERIFY(view().hasFocus());
+    press(Qt::Key_Right);
+    type("12.50");
+    press(Qt::Key_Return);
+    type("7");
+    press(Qt::Key_Tab);
+    QTRY_COMPARE(text(1, 1), QString("7"));
+    press(Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(text(1, 1), QString("2"));
+    press(Qt::Key_Up);
+    press(Qt::Key_Left);
+    press(Qt::Key_Delete);
+    save();
+    QCOMPARE(contents("other.csv"), QByteArray("name,number\n,12.50\nsecond,2\n"));
+
+    press(Qt::Key_Z, Qt::ControlModifier);
+    answerDialog("saved.json", Qt::ControlModifier | Qt::ShiftModifier, Qt::Key_S);
+    QTRY_VERIFY(button("&Save").isEnabled());
+    QVERIFY(contents("saved.json").contains("first"));
+    QVERIFY(!isEdited());
 }
 
 UI_TEST_MAIN(tst_TableEditing)
