@@ -31,6 +31,9 @@ TestHome::TestHome()
     QFile::setPermissions(home + QStringLiteral("/runtime"), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     // The theme of a desktop would make drawing and style hints differ between machines.
     qunsetenv("QT_QPA_PLATFORMTHEME");
+    // In a desktop session or a sandbox, a portal would show the native dialogs.
+    qunsetenv("XDG_CURRENT_DESKTOP");
+    qunsetenv("SNAP");
     qputenv("LC_ALL", "C.UTF-8");
     QLocale::setDefault(QLocale::c());
     QCoreApplication::setOrganizationName(QStringLiteral("common_ui_qt"));

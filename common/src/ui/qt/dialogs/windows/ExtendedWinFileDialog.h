@@ -26,15 +26,16 @@ class QWidget;
 ///     if (dialog.exec() == QDialog::Accepted)
 ///         import(dialog.selectedFiles());
 ///
-/// On Windows the class shows the common item dialog. Elsewhere it shows the desktop's own dialog as long as the
-/// application has added no controls and given no help topic, and otherwise a dialog that Qt draws with the controls in
-/// it.
+/// On Windows the class shows the common item dialog. Elsewhere it shows that of the desktop portal where the desktop
+/// or a sandbox calls for it (see zelmar::ui::setPortalUse() and docs/portals.md) and the portal can show what was
+/// asked for. Otherwise it shows the desktop's own dialog as long as the application has added no controls and given no
+/// help topic, and else a dialog that Qt draws with the controls in it.
 ///
 /// While the dialog is open, directory(), currentFilterIndex() and the properties of the check boxes follow the user.
 /// The filter index and the properties notify their observers; changes of the folder are not signalled. Button actions
 /// and observers run within exec(), and the dialog stays open meanwhile. An exception that one of them throws closes
 /// the dialog and leaves exec(); on Windows they must not throw, because no exception may pass through the system's
-/// dialog.
+/// dialog. With a portal's dialog all of this happens when the user accepts it.
 ///
 /// Known traps:
 /// - The dialog receives title, file mode, folder, filters, selected filter and file name at the first exec(). Setters

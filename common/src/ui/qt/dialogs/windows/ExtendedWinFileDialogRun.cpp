@@ -2,6 +2,7 @@
 
 #include "ui/qt/dialogs/ScriptedUser_p.h"
 #include "ui/qt/dialogs/windows/ExtendedWinFileDialogEventHandler_p.h"
+#include "ui/qt/dialogs/windows/portalSeam_p.h"
 
 #include <QWidget>
 
@@ -20,9 +21,19 @@ ExtendedWinFileDialog::Impl::Run::Run(Impl& owner)
 {
     ExtendedWinFileDialogEventHandler::create(owner, m_events);
     m_subscribed = m_events && SUCCEEDED(m_dialog->Advise(m_events.get(), &m_cookie));
+    letPortalShow();
     if (owner.m_parent)
         m_parentConnection = QObject::connect(owner.m_parent, &QObject::destroyed, [this] { cancel(); });
     owner.m_run = this;
+}
+
+/// Tells a dialog object that can let a portal show the dialog that this class needs no events before the user's
+/// answer.
+void ExtendedWinFileDialog::Impl::Run::letPortalShow()
+{
+    using namespace zelmar::internal;
+    if (const auto seam = queryFor<PortalSeam>(IID_PortalSeam, m_dialog.get()))
+        seam->acceptLateEvents(m_cookie);
 }
 
 ExtendedWinFileDialog::Impl::Run::~Run()

@@ -26,6 +26,8 @@ public:
     bool isCancelled() const { return m_cancelled; }
 
 private:
+    void letPortalShow();
+
     const zelmar::internal::Apartment m_apartment; // declared first, so that it is left last
     Impl* m_owner;
     const zelmar::internal::ComPtr<IFileDialog> m_dialog;

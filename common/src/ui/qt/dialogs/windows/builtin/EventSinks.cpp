@@ -1,5 +1,7 @@
 #include "ui/qt/dialogs/windows/builtin/EventSinks_p.h"
 
+#include <algorithm>
+
 namespace zelmar::internal {
 
 DWORD EventSinks::add(IFileDialogEvents& sink)
@@ -16,7 +18,19 @@ bool EventSinks::remove(DWORD cookie)
     // Releases the sink at the very end, because its destructor may call this object.
     const ComPtr<IFileDialogEvents> removed = entry->second;
     m_sinks.erase(entry);
+    m_lateSinks.erase(cookie);
     return true;
+}
+
+void EventSinks::acceptLateEvents(DWORD cookie)
+{
+    m_lateSinks.insert(cookie);
+}
+
+bool EventSinks::acceptLateEvents() const
+{
+    return std::all_of(m_sinks.begin(), m_sinks.end(),
+                       [this](const auto& entry) { return m_lateSinks.count(entry.first) != 0; });
 }
 
 void EventSinks::forEach(const std::function<void(IFileDialogEvents&)>& tell) const

@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <map>
+#include <set>
 
 namespace zelmar::internal {
 
@@ -17,6 +18,11 @@ public:
     /// Removes the sink with this cookie. Returns false if there is none.
     bool remove(DWORD cookie);
 
+    /// Declares that the sink with this cookie may be notified of all events after the dialog has closed.
+    void acceptLateEvents(DWORD cookie);
+    /// Returns whether all sinks may.
+    bool acceptLateEvents() const;
+
     /// Calls `tell` for each sink in the order in which they were added. `tell` may add and remove sinks: a removed
     /// sink is no longer called, and an added sink is called only the next time. An exception that `tell` throws ends
     /// the loop and is passed on to the caller.
@@ -26,6 +32,7 @@ public:
 
 private:
     std::map<DWORD, ComPtr<IFileDialogEvents>> m_sinks;
+    std::set<DWORD> m_lateSinks; ///< the cookies of the sinks that accept late events
     DWORD m_lastCookie = 0;
 };
 

@@ -1,10 +1,13 @@
 #include "ui/qt/dialogs/windows/builtin/FileDialogObject_p.h"
 
+#include "ui/qt/dialogs/windows/builtin/PortalFileDialog_p.h"
 #include "ui/qt/dialogs/windows/builtin/ShellItem_p.h"
+#include "ui/qt/dialogs/windows/builtin/portalUsage_p.h"
 #include "ui/qt/dialogs/windows/com/CoTaskMemString_p.h"
 #include "ui/qt/dialogs/windows/com/fileSystemPath_p.h"
 
 #include <QDir>
+#include <QPointer>
 
 #include <utility>
 
@@ -20,12 +23,23 @@ QWidget* widgetOf(HWND window)
 } // namespace
 
 template <typename DialogInterface>
+FileDialogObject<DialogInterface>::FileDialogObject(DialogKind kind, REFIID iid)
+    : m_iid(iid)
+    , m_request(kind)
+{
+}
+
+template <typename DialogInterface>
+FileDialogObject<DialogInterface>::~FileDialogObject() = default;
+
+template <typename DialogInterface>
 HRESULT FileDialogObject<DialogInterface>::QueryInterface(REFIID iid, void** object)
 {
     const QITAB table[] = {{&m_iid, this->template offsetOf<DialogInterface>(this)},
                            {&IID_IFileDialog, this->template offsetOf<IFileDialog>(this)},
                            {&IID_IModalWindow, this->template offsetOf<IModalWindow>(this)},
                            {&IID_IFileDialogCustomize, this->template offsetOf<IFileDialogCustomize>(this)},
+                           {&IID_PortalSeam, this->template offsetOf<PortalSeam>(this)},
                            {nullptr, 0}};
     return QISearch(this, table, iid, object);
 }
@@ -35,21 +49,47 @@ HRESULT FileDialogObject<DialogInterface>::QueryInterface(REFIID iid, void** obj
 template <typename DialogInterface>
 HRESULT FileDialogObject<DialogInterface>::Show(HWND owner)
 {
-    if (m_window)
+    if (isOpen())
         return E_UNEXPECTED;
     const ComPtr<IFileDialog> self(this); // A sink may release the caller's last reference.
     m_chosen.clear();
     m_closeResult.reset();
 
-    FileDialogListener& listener = *this;
-    m_window = std::make_unique<FileDialogWindow>(widgetOf(owner), m_request, this->controls(), listener);
-    const bool accepted = m_window->run();
-    m_window.reset();
+    const QPointer<QWidget> ownerWidget = widgetOf(owner);
+    const std::optional<bool> inPortal = runInPortal(ownerWidget);
+    const bool accepted = inPortal ? *inPortal : runInWindow(ownerWidget);
+    m_replacedPath = accepted && inPortal ? m_chosen.value(0) : QString();
     if (!accepted)
         m_chosen.clear();
     if (m_thrown)
         std::rethrow_exception(std::exchange(m_thrown, nullptr));
     return resultOf(accepted);
+}
+
+/// Lets a portal show the dialog. Returns whether the user has accepted it, or nothing if no portal has shown it.
+template <typename DialogInterface>
+std::optional<bool> FileDialogObject<DialogInterface>::runInPortal(QWidget* owner)
+{
+    if (!callsForPortal(ui::portalUse(), portalSurroundings()) || !m_sinks.acceptLateEvents())
+        return std::nullopt;
+    FileDialogListener& listener = *this;
+    m_portalDialog = std::make_unique<PortalFileDialog>(owner, m_request, this->controls(), listener, m_completion);
+    const PortalFileDialog::Outcome outcome = m_portalDialog->run();
+    m_portalDialog.reset();
+    if (outcome == PortalFileDialog::Outcome::NotShown)
+        return std::nullopt;
+    return outcome == PortalFileDialog::Outcome::Accepted;
+}
+
+/// Shows the dialog in a window of this object. Returns whether the user has accepted it.
+template <typename DialogInterface>
+bool FileDialogObject<DialogInterface>::runInWindow(QWidget* owner)
+{
+    FileDialogListener& listener = *this;
+    m_window = std::make_unique<FileDialogWindow>(owner, m_request, this->controls(), listener);
+    const bool accepted = m_window->run();
+    m_window.reset();
+    return accepted;
 }
 
 template <typename DialogInterface>
@@ -61,11 +101,20 @@ HRESULT FileDialogObject<DialogInterface>::resultOf(bool accepted) const
 template <typename DialogInterface>
 HRESULT FileDialogObject<DialogInterface>::Close(HRESULT result)
 {
-    if (!m_window)
+    if (!isOpen())
         return E_UNEXPECTED;
     m_closeResult = result;
-    m_window->closeAtOnce();
+    closeAtOnce();
     return S_OK;
+}
+
+template <typename DialogInterface>
+void FileDialogObject<DialogInterface>::closeAtOnce()
+{
+    if (m_window)
+        m_window->closeAtOnce();
+    if (m_portalDialog)
+        m_portalDialog->closeAtOnce();
 }
 
 // Notifying the sinks
@@ -82,8 +131,7 @@ void FileDialogObject<DialogInterface>::guarded(const Call& call) noexcept
         call();
     } catch (...) {
         m_thrown = std::current_exception();
-        if (m_window)
-            m_window->closeAtOnce();
+        closeAtOnce();
     }
 }
 
@@ -167,6 +215,26 @@ HRESULT FileDialogObject<DialogInterface>::Unadvise(DWORD cookie)
     return m_sinks.remove(cookie) ? S_OK : E_INVALIDARG;
 }
 
+// The private interface
+
+template <typename DialogInterface>
+void FileDialogObject<DialogInterface>::acceptLateEvents(DWORD cookie)
+{
+    m_sinks.acceptLateEvents(cookie);
+}
+
+template <typename DialogInterface>
+void FileDialogObject<DialogInterface>::setPathCompletion(PathCompletion completion)
+{
+    m_completion = std::move(completion);
+}
+
+template <typename DialogInterface>
+bool FileDialogObject<DialogInterface>::hasAskedToReplace(const QString& path) const
+{
+    return !m_replacedPath.isEmpty() && path == m_replacedPath;
+}
+
 // Options and file types
 
 template <typename DialogInterface>
@@ -190,7 +258,7 @@ HRESULT FileDialogObject<DialogInterface>::SetFileTypes(UINT count, const COMDLG
 {
     if (count == 0 || !types)
         return E_INVALIDARG;
-    if (m_window || !m_request.types.isEmpty())
+    if (isOpen() || !m_request.types.isEmpty())
         return E_UNEXPECTED;
     m_request.types = FileTypes(count, types);
     return S_OK;

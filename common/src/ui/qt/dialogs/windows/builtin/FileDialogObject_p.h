@@ -7,6 +7,7 @@
 #include "ui/qt/dialogs/windows/builtin/FileDialogWindow_p.h"
 #include "ui/qt/dialogs/windows/com/ComPtr_p.h"
 #include "ui/qt/dialogs/windows/com/RefCounted_p.h"
+#include "ui/qt/dialogs/windows/portalSeam_p.h"
 
 #include <QStringList>
 
@@ -16,8 +17,11 @@
 
 namespace zelmar::internal {
 
-/// An implementation of the common file dialog, as IFileOpenDialog or IFileSaveDialog. Each Show() creates a
-/// QFileDialog. GUI thread only. The documentation of the interfaces leaves some behaviour open, which is as follows:
+class PortalFileDialog;
+
+/// An implementation of the common file dialog, as IFileOpenDialog or IFileSaveDialog. Each Show() decides from what
+/// was asked of the object whether a desktop portal shows the dialog; otherwise it creates a QFileDialog. GUI thread
+/// only. The documentation of the interfaces leaves some behaviour open, which is as follows:
 ///
 /// - All settings persist from one Show() to the next, which starts with the folder, the name and the type that were
 ///   shown last. In an open dialog, new labels, a new title, folder, name or type and changes of the controls take
@@ -28,16 +32,16 @@ namespace zelmar::internal {
 /// - OnFileOk() is called on every sink. If any of them returns S_FALSE, the dialog stays open. The results of all
 ///   other operations of a sink are ignored.
 /// - If a sink throws an exception, the dialog closes, and Show() throws the exception.
+/// - While a portal shows the dialog, changes take effect only if it asks again. The sinks are notified when the user
+/// has
+///   accepted it.
 template <typename DialogInterface>
-class FileDialogObject : public RefCounted<DialogInterface, ControlOperations>, private FileDialogListener
+class FileDialogObject : public RefCounted<DialogInterface, ControlOperations, PortalSeam>, private FileDialogListener
 {
 public:
     /// `iid` is the identifier of DialogInterface.
-    FileDialogObject(DialogKind kind, REFIID iid)
-        : m_iid(iid)
-        , m_request(kind)
-    {
-    }
+    FileDialogObject(DialogKind kind, REFIID iid);
+    ~FileDialogObject() override;
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override;
     HRESULT STDMETHODCALLTYPE Show(HWND owner) override;
@@ -66,6 +70,10 @@ public:
     HRESULT STDMETHODCALLTYPE ClearClientData() override { return E_NOTIMPL; }
     HRESULT STDMETHODCALLTYPE SetFilter(IShellItemFilter*) override { return E_NOTIMPL; }
 
+    void acceptLateEvents(DWORD cookie) override;
+    void setPathCompletion(PathCompletion completion) override;
+    bool hasAskedToReplace(const QString& path) const override;
+
 protected:
     const QStringList& chosenFiles() const { return m_chosen; }
 
@@ -77,6 +85,10 @@ private:
     void checkButtonToggled(DWORD control, bool checked) noexcept override;
     void itemSelected(DWORD menu, DWORD item) noexcept override;
 
+    bool isOpen() const { return m_window || m_portalDialog; }
+    std::optional<bool> runInPortal(QWidget* owner);
+    bool runInWindow(QWidget* owner);
+    void closeAtOnce();
     template <typename Call>
     void guarded(const Call& call) noexcept;
     template <typename Event>
@@ -91,8 +103,11 @@ private:
     FileDialogRequest m_request;
     EventSinks m_sinks;
 
-    std::unique_ptr<FileDialogWindow> m_window; ///< null unless Show() is running
-    QStringList m_chosen; ///< the files that the user has chosen in the open dialog or in the latest one
+    std::unique_ptr<FileDialogWindow> m_window;       ///< null unless Show() is running and shows a window of its own
+    std::unique_ptr<PortalFileDialog> m_portalDialog; ///< null unless Show() is running and asks a portal
+    PathCompletion m_completion;
+    QString m_replacedPath; ///< the file that the user has accepted in the latest dialog of a portal
+    QStringList m_chosen;   ///< the files that the user has chosen in the open dialog or in the latest one
     std::optional<HRESULT> m_closeResult; ///< the result that was passed to Close() for the open dialog
     std::exception_ptr m_thrown;          ///< the exception that a sink has thrown in the open dialog
 };
