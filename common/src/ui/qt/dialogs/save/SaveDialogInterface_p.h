@@ -4,6 +4,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <string>
+
 class QWidget;
 
 namespace zelmar::internal {
@@ -32,6 +34,10 @@ public:
     virtual QStringList selectedFiles() = 0;
     virtual QStringList nameFilters() const = 0;
     virtual QString selectedNameFilter() const = 0;
+
+    /// Returns whether the latest run() has asked the user itself whether to replace the file `name` (UTF-8) in case it
+    /// exists.
+    virtual bool hasAskedToReplace(const std::string& /*name*/) const { return false; }
 
 private:
     const QObject m_life;

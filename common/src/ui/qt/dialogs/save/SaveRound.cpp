@@ -75,7 +75,8 @@ SaveRound::Outcome SaveRound::examine(const std::string& name) const
 
 SaveRound::Outcome SaveRound::examine(const std::string& name, const std::string& nameToCheck) const
 {
-    if (exists(nameToCheck)) {
+    const bool alreadyAsked = nameToCheck == name && m_dialog.hasAskedToReplace(name);
+    if (!alreadyAsked && exists(nameToCheck)) {
         const Answer answer = ask(ScriptedUser::Question::Overwrite, m_handler.okToOverwriteMessage());
         if (answer != Answer::Yes)
             return answer == Answer::No ? Outcome::ChooseAgain : Outcome::GivenUp;

@@ -37,9 +37,10 @@ public:
     /// gives up. If a name is returned, the flow still exists.
     std::optional<std::string> chooseName() const;
 
-    /// Asks before an existing file is replaced, and checks that the file can be written. If it cannot, asks whether to
-    /// choose again. If another outcome than GivenUp is returned, the flow still exists. `name` must not be a member of
-    /// the flow, because the handler may delete the flow and use the name afterwards.
+    /// Asks before an existing file is replaced, unless the dialog has done so, and checks that the file can be
+    /// written. If it cannot, asks whether to choose again. If another outcome than GivenUp is returned, the flow still
+    /// exists. `name` must not be a member of the flow, because the handler may delete the flow and use the name
+    /// afterwards.
     Outcome examine(const std::string& name) const;
 
 private:

@@ -1,6 +1,7 @@
 #include "ui/qt/dialogs/save/writeProbe_p.h"
 
 #include "ui/qt/dialogs/save/fileExistence_p.h"
+#include "ui/qt/dialogs/save/grantedFile_p.h"
 
 #include <QDir>
 #include <QFile>
@@ -38,6 +39,13 @@ bool opensWithoutWaiting(const QString& name)
 }
 #endif
 
+/// Returns whether the file can be created, under no other name. Removes it again.
+bool canBeCreated(const QString& name)
+{
+    QFile file(name);
+    return file.open(QIODevice::WriteOnly | QIODevice::NewOnly) && file.remove();
+}
+
 /// Returns whether a file can be created in `folder`.
 bool takesANewFile(const QDir& folder)
 {
@@ -54,7 +62,7 @@ bool canBeWritten(const std::string& name)
     const QString path = QString::fromStdString(name);
     const boost::filesystem::file_type type = fileTypeOf(name);
     if (!countsAsExisting(type))
-        return takesANewFile(QFileInfo(path).absoluteDir());
+        return isGrantedFile(path) ? canBeCreated(path) : takesANewFile(QFileInfo(path).absoluteDir());
     if (type == boost::filesystem::regular_file || type == boost::filesystem::directory_file)
         return opensForAppending(path);
     return opensWithoutWaiting(path);

@@ -1,15 +1,16 @@
 #include "ui/qt/dialogs/windows/SaveFileWinDialog.h"
 
 #include "ui/qt/dialogs/DefaultSaveFileMessageHandler.h"
+#include "ui/qt/dialogs/rules/defaultExtension_p.h"
 #include "ui/qt/dialogs/save/SaveFlowOver_p.h"
 #include "ui/qt/dialogs/windows/ExtendedWinFileDialogImpl_p.h"
+#include "ui/qt/dialogs/windows/portalSeam_p.h"
 
 #include <utility>
 
 using zelmar::DefaultSaveFileMessageHandler;
 using zelmar::SaveFileMessageHandlerInterface;
-using zelmar::internal::SaveDialogAdapter;
-using zelmar::internal::SaveFlowOver;
+using namespace zelmar::internal;
 
 class SaveFileWinDialog::Impl
 {
@@ -25,13 +26,31 @@ public:
         {
         }
 
+        /// Tells a dialog object that can let a portal show the dialog how the flow completes names. What a portal's
+        /// user has not seen is not granted.
+        bool run() override
+        {
+            if (const ComPtr<PortalSeam> seam = portalSeam()) {
+                seam->setPathCompletion([filters = nameFilters()](const QString& path, int type) {
+                    return QString::fromStdString(withDefaultExtension(path.toStdString(), filters.value(type)));
+                });
+            }
+            return SaveDialogAdapter::run();
+        }
         void cancelRun() override { m_impl->cancelRun(); }
+        bool hasAskedToReplace(const std::string& name) const override
+        {
+            const ComPtr<PortalSeam> seam = portalSeam();
+            return seam && seam->hasAskedToReplace(QString::fromStdString(name));
+        }
         /// Returns false after the parent has been destroyed. A dialog drawn by Qt is destroyed with its parent, so
         /// the native flow also stops when its parent is gone.
         bool canGoOn() override { return !m_hasParent || parent(); }
         QWidget* questionParent() override { return parent(); }
 
     private:
+        ComPtr<PortalSeam> portalSeam() const { return queryFor<PortalSeam>(IID_PortalSeam, m_impl->m_dialog.get()); }
+
         const bool m_hasParent;
     };
 

@@ -9,6 +9,11 @@
 #include <QDir>
 #include <QTest>
 
+#ifdef Q_OS_LINUX
+#include <sys/inotify.h>
+#include <unistd.h>
+#endif
+
 using zelmar::internal::canBeWritten;
 
 class tst_writeProbe : public QObject
@@ -21,6 +26,9 @@ private Q_SLOTS:
     void existingFile();
     void contentsAndTimesStay();
     void relativeName();
+#ifdef Q_OS_LINUX
+    void grantedFile();
+#endif
 
 private:
     std::unique_ptr<DialogFolders> m_folders;
@@ -71,6 +79,30 @@ void tst_writeProbe::relativeName()
     QVERIFY(!canBeWritten("missing/new.dat"));
     QVERIFY(QDir::setCurrent(before));
 }
+
+#ifdef Q_OS_LINUX
+/// Beside a file that a document portal has granted, no other name may be created, not even for a moment.
+void tst_writeProbe::grantedFile()
+{
+    const QString folder = qEnvironmentVariable("XDG_RUNTIME_DIR") + QStringLiteral("/doc/1a2b");
+    QVERIFY(QDir().mkpath(folder));
+    const int watch = inotify_init1(IN_NONBLOCK);
+    QVERIFY(inotify_add_watch(watch, QFile::encodeName(folder).constData(), IN_CREATE | IN_DELETE) >= 0);
+    QVERIFY(canBeWritten((folder + QStringLiteral("/new.dat")).toStdString()));
+    QVERIFY(!canBeWritten((folder + QStringLiteral("/missing/new.dat")).toStdString()));
+
+    alignas(inotify_event) char buffer[4096];
+    const ssize_t size = read(watch, buffer, sizeof buffer);
+    QVERIFY(close(watch) == 0);
+    QStringList changes;
+    for (ssize_t at = 0; at < size;) {
+        const auto* event = reinterpret_cast<const inotify_event*>(buffer + at);
+        changes += QString::fromUtf8(event->name) + (event->mask & IN_CREATE ? "+" : "-");
+        at += static_cast<ssize_t>(sizeof(inotify_event) + event->len);
+    }
+    QCOMPARE(changes, (QStringList{"new.dat+", "new.dat-"}));
+}
+#endif
 
 CORE_TEST_MAIN(tst_writeProbe)
 #include "tst_writeProbe.moc"
