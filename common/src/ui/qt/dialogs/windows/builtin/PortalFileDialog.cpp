@@ -39,6 +39,12 @@ QString namesOf(const QStringList& files)
     return fileNameText(names);
 }
 
+/// Returns the path of a file, or its name if the folder is not known.
+QString pathIn(const QString& folder, const QString& name)
+{
+    return folder.isEmpty() ? name : QDir(folder).filePath(name);
+}
+
 } // namespace
 
 PortalFileDialog::PortalFileDialog(QWidget* owner, FileDialogRequest& request, ControlModel& controls,
@@ -104,7 +110,7 @@ std::optional<PortalQuestion> PortalFileDialog::nextQuestion() const
         return question;
     question->parentWindow = parentWindow();
     if (!question->name.isEmpty())
-        question->name = QFileInfo(completed(QDir(question->folder).filePath(question->name))).fileName();
+        question->name = QFileInfo(completed(pathIn(question->folder, question->name))).fileName();
     return question;
 }
 

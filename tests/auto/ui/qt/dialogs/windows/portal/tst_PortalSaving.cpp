@@ -36,6 +36,7 @@ private Q_SLOTS:
     void cleanup();
 
     void proposesTheFullName();
+    void proposesTheFullNameInAnyFolder();
     void asksAgainForTheFullName();
     void extensionOfThePickedType();
     void existingFile();
@@ -106,6 +107,16 @@ void tst_PortalSaving::proposesTheFullName()
     QCOMPARE(m_flow->selectedWriter(), 0);
     QCOMPARE(proposedName(0), QStringLiteral("run.dat"));
     QCOMPARE(m_calls, RecordingMessageHandler::Calls{"check " + text("run.dat")});
+}
+
+/// The portal chooses the folder, for example where a sandbox hides that of the application.
+void tst_PortalSaving::proposesTheFullNameInAnyFolder()
+{
+    SaveFileWinDialog flow(m_window.get(), "Save", path("missing").toStdString(), "run", "Data (*.dat)", "");
+    acceptInPortal(path("run.dat"));
+    QVERIFY(flow.launch());
+    QVERIFY(!m_portal->requests().back().options.contains("current_folder"));
+    QCOMPARE(proposedName(0), QStringLiteral("run.dat"));
 }
 
 /// The user removes the extension. The full name is granted only if the user sees it.
