@@ -2,8 +2,11 @@
 
 #include "property/Property.h"
 #include "ui/qt/dialogs/windows/ExtendedWinFileDialog.h"
+#include "ui/qt/dialogs/windows/com/Apartment_p.h"
 #include "ui/qt/dialogs/windows/portal/portalMarshalling_p.h"
+#include "ui/qt/dialogs/windows/portalSeam_p.h"
 
+#include "../builtin/BuiltInDialog.h"
 #include "DialogDriver.h"
 #include "DialogFolders.h"
 #include "FileDialogActions.h"
@@ -56,6 +59,7 @@ private Q_SLOTS:
     void notALocalFile();
     void builtInForWhatNoPortalShows_data();
     void builtInForWhatNoPortalShows();
+    void builtInForASinkThatNeedsEvents();
     void builtInWithoutAnAnswer_data();
     void builtInWithoutAnAnswer();
     void secondQuestionUnanswered();
@@ -327,6 +331,26 @@ void tst_PortalFileDialog::builtInForWhatNoPortalShows()
     setPortalUse(PortalUse::Always);
 }
 
+/// A sink of another program's may depend on events while the dialog is open.
+void tst_PortalFileDialog::builtInForASinkThatNeedsEvents()
+{
+    const Apartment apartment;
+    const BuiltInDialog dialog;
+    DialogDriver driver;
+    driver.onDialog<QFileDialog>("cancel", [](QFileDialog& shown) { shown.reject(); });
+    QCOMPARE(dialog.show(), HRESULT_FROM_WIN32(ERROR_CANCELLED));
+    QVERIFY(m_portal->requests().empty());
+
+    const auto seam = queryFor<PortalSeam>(IID_PortalSeam, dialog.get());
+    QVERIFY(seam);
+    seam->acceptLateEvents(dialog.cookie());
+    dialog.sink().events.clear();
+    acceptInPortal({path("a.dat")});
+    QCOMPARE(dialog.show(), S_OK);
+    QCOMPARE(dialog.sink().events, (QStringList{"folder", "ok"}));
+    QCOMPARE(dialog.result(), path("a.dat"));
+}
+
 void tst_PortalFileDialog::builtInWithoutAnAnswer_data()
 {
     QTest::addColumn<std::function<void()>>("prepare");
@@ -397,6 +421,8 @@ void tst_PortalFileDialog::closedByTheProgram()
 
 void tst_PortalFileDialog::applicationQuits()
 {
+    // Qt 6 closes all windows first, of which the last one would let the application quit again, in the next test.
+    QGuiApplication::setQuitOnLastWindowClosed(false);
     m_portal->onRequest("quit", [] { QCoreApplication::quit(); });
     QDialog::DialogCode result = QDialog::Accepted;
     QTimer::singleShot(0, this, [this, &result] { result = m_dialog->exec(); });
