@@ -1,3 +1,4 @@
+#include "ui/qt/dialogs/save/grantedFile_p.h"
 #include "ui/qt/dialogs/save/writeProbe_p.h"
 
 #include "AccessRights.h"
@@ -15,6 +16,7 @@
 #endif
 
 using zelmar::internal::canBeWritten;
+using zelmar::internal::isGrantedFile;
 
 class tst_writeProbe : public QObject
 {
@@ -26,6 +28,7 @@ private Q_SLOTS:
     void existingFile();
     void contentsAndTimesStay();
     void relativeName();
+    void tellsGrantedFiles();
     void grantedFile();
 
 private:
@@ -76,6 +79,30 @@ void tst_writeProbe::relativeName()
     QVERIFY(canBeWritten("new.dat"));
     QVERIFY(!canBeWritten("missing/new.dat"));
     QVERIFY(QDir::setCurrent(before));
+}
+
+void tst_writeProbe::tellsGrantedFiles()
+{
+#ifdef Q_OS_LINUX
+    const QString runtime = qEnvironmentVariable("XDG_RUNTIME_DIR");
+    QVERIFY(!runtime.isEmpty());
+    QVERIFY(isGrantedFile(runtime + "/doc/1a2b/new.dat"));
+    QVERIFY(isGrantedFile(runtime + "/other/../doc/1a2b/new.dat"));
+    QVERIFY(!isGrantedFile(runtime + "/doc"));
+    QVERIFY(!isGrantedFile(runtime + "/documents/new.dat"));
+    QVERIFY(!isGrantedFile("/home/doc/1a2b/new.dat"));
+
+    // The mount lies beside the runtime folder of a Snap.
+    const QString user = QStringLiteral("/run/user/%1/").arg(getuid());
+    QVERIFY(isGrantedFile(user + "doc/1a2b/new.dat"));
+    QVERIFY(!isGrantedFile(user + "new.dat"));
+    QVERIFY(isGrantedFile("/run/flatpak/doc/1a2b/new.dat"));
+
+    qputenv("XDG_RUNTIME_DIR", "");
+    QVERIFY(!isGrantedFile("/doc/1a2b/new.dat"));
+    qputenv("XDG_RUNTIME_DIR", QFile::encodeName(runtime));
+#endif
+    QVERIFY(!isGrantedFile(m_folders->path(QStringLiteral("new.dat"))));
 }
 
 /// Beside a file that a document portal has granted, no other name may be created, not even for a moment.

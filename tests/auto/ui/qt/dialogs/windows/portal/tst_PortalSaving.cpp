@@ -6,6 +6,7 @@
 #include "DialogDriver.h"
 #include "DialogFolders.h"
 #include "FileDialogActions.h"
+#include "OrdinaryUser.h"
 #include "RecordingMessageHandler.h"
 #include "RecordingPortal.h"
 #include "SaveFaults.h"
@@ -19,6 +20,7 @@
 #include <QTest>
 #include <QWidget>
 
+#include <algorithm>
 #include <memory>
 #include <string>
 #include <vector>
@@ -45,6 +47,8 @@ private Q_SLOTS:
     void cancelled();
     void notWritable();
     void grantedFile();
+    void faults_data() { addSaveFaultRows(); }
+    void faults();
 
 private:
     QString path(const char* name) const { return m_folders->path(QLatin1String(name)); }
@@ -209,6 +213,33 @@ void tst_PortalSaving::grantedFile()
     QCOMPARE(m_portal->requests().back().options.value("current_folder").toByteArray(),
              m_folders->path().toUtf8().append('\0'));
     QCOMPARE(proposedName(1), QStringLiteral("run.dat"));
+}
+
+/// With each fault of a save location the flow does as over the other dialogs, but leaves the question about
+/// overwriting to the portal.
+void tst_PortalSaving::faults()
+{
+    QFETCH(int, fault);
+    SaveFault expected = saveFaults()[std::size_t(fault)];
+    std::vector<std::string>& questions = expected.questions;
+    questions.erase(std::remove(questions.begin(), questions.end(), "overwrite"), questions.end());
+    SaveFaultTrial trial(expected, path("place"));
+    SaveFileWinDialog flow(m_window.get(), "Save", trial.folder().toStdString(), "", "Data (*.dat)", "",
+                           trial.makeHandler());
+    // The bus knows this process only by the user who has connected.
+    m_portal->onRequest("cancel", [this] { m_portal->respond(1); });
+    QVERIFY(!flow.launch());
+
+    acceptInPortal(trial.chosenName());
+    DialogDriver driver;
+    trial.addAnswers(driver);
+    bool launched = false;
+    {
+        const OrdinaryUser user;
+        QVERIFY(user.isOrdinary());
+        launched = flow.launch();
+    }
+    QCOMPARE(trial.problem(launched), QString());
 }
 
 UI_TEST_MAIN(tst_PortalSaving)
