@@ -6,6 +6,8 @@
 #include "RecordingPortal.h"
 #include "TestHome.h"
 
+#include <QDBusConnection>
+#include <QDBusConnectionInterface>
 #include <QTest>
 #include <QTimer>
 
@@ -234,7 +236,12 @@ void tst_PortalRequest::portalLeaves()
 
 void tst_PortalRequest::busStops()
 {
-    m_portal->onRequest("stop", [this] { m_bus->stop(); });
+    m_portal->onRequest("stop", [this] {
+        // The bus delivers in order: after an answer of its own, the portal's reply has arrived, too.
+        const QDBusConnection client(QStringLiteral("common_ui_qt_portal"));
+        QVERIFY(client.interface()->isServiceRegistered(client.baseService()));
+        m_bus->stop();
+    });
     QCOMPARE(PortalRequest().ask({}), Outcome::Cancelled);
     QCOMPARE(PortalRequest().ask({}), Outcome::NotShown);
 }
