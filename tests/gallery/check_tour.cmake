@@ -53,6 +53,8 @@ set(expected
     "Native dialog: Chosen: ${folder}/notes\\.txt"
     "Native dialog: Filter: Text files \\(\\*\\.txt\\)"
     "Native dialog: Option of the accept button: 3"
+    "Desktop portal: Never: Names of the columns: yes, Not as a copy"
+    "Desktop portal: Always: Names of the columns: no, Not as a copy"
     "Either dialog: The system's dialog, Open one file…; Chosen: ${folder}/run-2\\.dat"
     "Either dialog: The system's dialog, Save…; May be written: ${folder}/either\\.dat"
     "Either dialog: The dialog drawn by Qt, Open several files…; Chosen: ${folder}/run-1\\.dat"

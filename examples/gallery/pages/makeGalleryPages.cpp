@@ -8,6 +8,7 @@
 #include "LabelsAndButtonsPage.h"
 #include "NativeDialogPage.h"
 #include "NumberFieldsPage.h"
+#include "PortalPage.h"
 #include "SaveFlowPage.h"
 #include "TableCopyPage.h"
 #include "TableEditorPage.h"
@@ -37,6 +38,7 @@ std::vector<std::unique_ptr<GalleryPage>> makeGalleryPages()
         add(std::make_unique<FileDialogPage>(example), {{"FileDialogPage.cpp", {"outcomeOfDialog"}}});
     add(std::make_unique<SaveFlowPage>(), {{"SaveFlowPage.cpp", {"makeHandler", "makeFlow", "save"}}});
     add(std::make_unique<NativeDialogPage>(), {{"NativeDialogPage.cpp", {"runDialog", "addControls"}}});
+    add(std::make_unique<PortalPage>(), {{"PortalPage.cpp", {"open", "save"}}});
     add(std::make_unique<EitherDialogPage>(), {{"EitherDialogPage.cpp", {"open", "save", "chooseDirectory", "run"}}});
     add(std::make_unique<NumberFieldsPage>(),
         {{"NumberFieldsPage.cpp", {"connectSettings", "applyRange", "takeStepsOver"}}});

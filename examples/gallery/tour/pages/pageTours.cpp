@@ -26,6 +26,7 @@ const PageTour tours[] = {
     {"Choose a directory", tourFileDialog},
     {"Save with a writer", tourSaveFlow},
     {"Native dialog", tourNativeDialog},
+    {"Desktop portal", tourPortal},
     {"Either dialog", tourEitherDialog},
     {"Number fields", tourNumberFields},
     {"Filtering combo box", tourFilteringCombo},

@@ -18,6 +18,7 @@ void tourHelpers(GalleryPage& page, Tour& tour);
 void tourLabelsAndButtons(GalleryPage& page, Tour& tour);
 void tourNativeDialog(GalleryPage& page, Tour& tour);
 void tourNumberFields(GalleryPage& page, Tour& tour);
+void tourPortal(GalleryPage& page, Tour& tour);
 void tourSaveFlow(GalleryPage& page, Tour& tour);
 void tourTableCopy(GalleryPage& page, Tour& tour);
 void tourTableEditor(GalleryPage& page, Tour& tour);
