@@ -18,7 +18,7 @@ class DrawnScriptedDialog : public QObject, public ScriptedDialog
 {
 public:
     DrawnScriptedDialog(QExtendedFileDialog& dialog, QLineEdit& fileNameEdit);
-    ~DrawnScriptedDialog();
+    ~DrawnScriptedDialog() override;
     Q_DISABLE_COPY(DrawnScriptedDialog)
 
     /// Returns the result of the dialog, which is QDialog::Rejected if it was deleted.

@@ -16,6 +16,7 @@
 #include <QApplication>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QLineEdit>
 #include <QTest>
 #include <QTimer>
 #include <QWidget>
@@ -301,7 +302,7 @@ void tst_PortalFileDialog::notALocalFile()
 void tst_PortalFileDialog::builtInForWhatNoPortalShows_data()
 {
     QTest::addColumn<std::function<void()>>("prepare");
-    const auto add = [](const char* name, std::function<void()> prepare) { QTest::newRow(name) << prepare; };
+    const auto add = [](const char* name, const std::function<void()>& prepare) { QTest::newRow(name) << prepare; };
     add("portals are switched off", [] { setPortalUse(PortalUse::Never); });
     add("no desktop and no sandbox calls for one", [] { setPortalUse(PortalUse::Automatic); });
     add("push button", [this] { m_dialog->addCustomButton("Columns", [] {}); });
@@ -354,7 +355,7 @@ void tst_PortalFileDialog::builtInForASinkThatNeedsEvents()
 void tst_PortalFileDialog::builtInWithoutAnAnswer_data()
 {
     QTest::addColumn<std::function<void()>>("prepare");
-    const auto add = [](const char* name, std::function<void()> prepare) { QTest::newRow(name) << prepare; };
+    const auto add = [](const char* name, const std::function<void()>& prepare) { QTest::newRow(name) << prepare; };
     add("no bus", [this] {
         m_portal.reset();
         m_bus.reset();
@@ -404,7 +405,7 @@ void tst_PortalFileDialog::secondQuestionUnanswered()
 void tst_PortalFileDialog::closedByTheProgram_data()
 {
     QTest::addColumn<std::function<void()>>("close");
-    const auto add = [](const char* name, std::function<void()> close) { QTest::newRow(name) << close; };
+    const auto add = [](const char* name, const std::function<void()>& close) { QTest::newRow(name) << close; };
     add("the parent is destroyed", [this] { m_window.reset(); });
     add("the parent is hidden", [this] { m_window->hide(); });
     add("the dialog is deleted", [this] { m_dialog.reset(); });
