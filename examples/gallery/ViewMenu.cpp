@@ -44,6 +44,17 @@ QVariant setting(const char* key)
     return QSettings().value(QLatin1String(key));
 }
 
+/// Returns the palette with each of its brushes as one of its own. Those that a palette leaves to the application's
+/// would stay dark.
+QPalette withOwnBrushes(QPalette palette)
+{
+    for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+        for (int role = 0; role < QPalette::NColorRoles; ++role)
+            palette.setBrush(group, QPalette::ColorRole(role), palette.brush(group, QPalette::ColorRole(role)));
+    }
+    return palette;
+}
+
 /// Stores the value whenever the user triggers the action, and not when the program changes its state.
 void keepChoices(QAction* action, const char* key, const QVariant& value)
 {
@@ -124,7 +135,7 @@ void ViewMenu::setDark(bool on)
 {
     if (on) {
         m_lightStyle = QApplication::style()->objectName();
-        m_lightPalette = QApplication::palette();
+        m_lightPalette = withOwnBrushes(QApplication::palette());
         QApplication::setStyle(
             QStringLiteral("Fusion")); // Other styles do not draw everything in the palette's colours.
         QApplication::setPalette(darkPalette());
