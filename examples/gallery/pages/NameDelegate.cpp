@@ -118,9 +118,12 @@ bool NameDelegate::eventFilter(QObject* object, QEvent* event)
                           : nullptr;
     if (key)
         m_step = stepOfKey(*key);
-    if (qobject_cast<QAbstractItemView*>(object))
-        return false;
     auto* box = qobject_cast<ComboBoxAutoFilter*>(object);
+    const auto* widget = qobject_cast<QWidget*>(object);
+    // A list of completions is a mere window while it is being destroyed.
+    const bool isList = qobject_cast<QAbstractItemView*>(object) || (!box && widget && widget->isWindow());
+    if (isList)
+        return false;
     if (!box)
         return TableDelegate::eventFilter(object, event);
     if (key && key->key() == Qt::Key_Backtab) { // which the box does not know
