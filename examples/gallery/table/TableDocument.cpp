@@ -43,7 +43,6 @@ bool TableDocument::setText(int row, int column, const QString& text)
         m_edits.remove({row, column});
     else
         m_edits.insert({row, column}, writable);
-    m_modified = true;
     return true;
 }
 
@@ -67,7 +66,6 @@ ColumnKind TableDocument::columnKind(int column) const
 
 void TableDocument::markSaved()
 {
-    m_modified = false;
     m_encodingName = QStringLiteral("UTF-8");
 }
 

@@ -40,8 +40,6 @@ public:
     /// Unpaired surrogates, which no file can contain, become U+FFFD.
     bool setText(int row, int column, const QString& text);
 
-    /// Returns whether there were changes since the load or the last markSaved().
-    [[nodiscard]] bool isModified() const { return m_modified; }
     /// Makes the document that of its saved file, which is always UTF-8.
     void markSaved();
 
@@ -59,7 +57,6 @@ private:
     QString m_encodingName;
     mutable QHash<int, ColumnKind> m_kinds; ///< of the columns for which they were requested
     QMap<Cell, QString> m_edits;
-    bool m_modified = false;
 };
 
 } // namespace gallery

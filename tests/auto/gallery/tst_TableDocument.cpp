@@ -99,7 +99,6 @@ void tst_TableDocument::readsFiles()
     const TableResult result = TestFolder().load(name, bytes);
     QCOMPARE(result.error, QString());
     QCOMPARE(textsOf(*result.document), expected);
-    QVERIFY(!result.document->isModified());
 }
 
 void tst_TableDocument::readsEncodings_data()
@@ -321,10 +320,8 @@ void tst_TableDocument::keepsEditsOverTheFile()
 {
     TableDocument document = *TestFolder().load("t.csv", "a,b,c\n1,2,3\n4\n").document;
     QVERIFY(!document.setText(0, 1, "2"));
-    QVERIFY(!document.isModified());
     QVERIFY(document.setText(0, 1, "two"));
     QVERIFY(document.setText(1, 2, "six"));
-    QVERIFY(document.isModified());
     const Texts edited = {{"a", "b", "c"}, {"1", "two", "3"}, {"4", "", "six"}};
     QCOMPARE(textsOf(document), edited);
     QCOMPARE(document.cellCount(0), 3);
@@ -332,9 +329,7 @@ void tst_TableDocument::keepsEditsOverTheFile()
 
     const TableDocument copy = document;
     document.markSaved();
-    QVERIFY(!document.isModified());
     QVERIFY(document.setText(0, 1, "2"));
-    QVERIFY(document.isModified());
     QVERIFY(document.setText(1, 2, ""));
     QCOMPARE(document.cellCount(1), 1);
     QCOMPARE(textsOf(copy), edited);
