@@ -9,9 +9,8 @@
 #include "makeActionButton.h"
 #include "tableDialogs.h"
 
-#include "TableLoader.h"
 #include "TableModel.h"
-#include "TableSaver.h"
+#include "TableWorker.h"
 
 #include "ui/qt/controls/ElidedTextLabel.h"
 #include "ui/qt/controls/OverrideCursor.h"
@@ -54,7 +53,7 @@ QList<QKeySequence> keys(QKeySequence::StandardKey standard, const char* common 
 /// Returns suggestions for a cell of a text column: the texts of the other cells in the column.
 QAbstractItemModel* otherTexts(const TableModel& model, const QModelIndex& index, QObject* editor)
 {
-    if (model.columnKind(index.column()) != ColumnKind::Text)
+    if (model.document()->columnKind(index.column()) != ColumnKind::Text)
         return nullptr;
     QSet<QString> texts;
     const int rows = qMin(model.rowCount(), rowsLookedAt);
@@ -97,8 +96,7 @@ TableEditorPage::TableEditorPage()
     , m_view(new TableView)
     , m_editTriggers(m_view->editTriggers())
     , m_model(new TableModel(this))
-    , m_loader(new TableLoader(this))
-    , m_saver(new TableSaver(this))
+    , m_worker(new TableWorker(this))
     , m_refusal(new QLabel)
     , m_statusLine(new QStackedWidget)
     , m_facts(new QLabel)
@@ -111,7 +109,7 @@ TableEditorPage::TableEditorPage()
         return otherTexts(*m_model, index, editor);
     };
     const auto isNumber = [this](const QModelIndex& index) {
-        return m_model->columnKind(index.column()) == ColumnKind::Number;
+        return m_model->document()->columnKind(index.column()) == ColumnKind::Number;
     };
     auto* delegate = new NumberDelegate(isNumber, names, m_view);
     m_view->setCellDelegate(*delegate);
@@ -183,11 +181,11 @@ void TableEditorPage::connectWidgets()
     connect(m_clearAction, &QAction::triggered, this, &TableEditorPage::clearCells);
     connect(&m_model->edits(), &QUndoStack::indexChanged, this, &TableEditorPage::updateActions);
     connect(m_fileDrop, &FileDrop::dropped, this, &TableEditorPage::openFile);
-    connect(m_saver, &TableSaver::finished, this, &TableEditorPage::onSaved);
+    connect(m_worker, &TableWorker::saved, this, &TableEditorPage::onSaved);
     connect(m_model, &TableModel::modifiedChanged, this, &TableEditorPage::showFacts);
     connect(m_loadBar, &LoadBar::cancelled, this, &TableEditorPage::cancelLoading);
-    connect(m_loader, &TableLoader::progressChanged, m_loadBar, &LoadBar::setPercent);
-    connect(m_loader, &TableLoader::finished, this, &TableEditorPage::onLoaded);
+    connect(m_worker, &TableWorker::progressChanged, m_loadBar, &LoadBar::setPercent);
+    connect(m_worker, &TableWorker::loaded, this, &TableEditorPage::onLoaded);
 }
 
 // Opening
@@ -233,7 +231,7 @@ bool TableEditorPage::mayReplaceTable(const Next& next)
 {
     if (!m_view->finishEditing())
         return false;
-    if (!m_saver->isSaving()) {
+    if (!m_worker->isSaving()) {
         if (!m_model->isModified())
             return true;
         cancelLoading(); // otherwise another table could arrive below the question
@@ -244,7 +242,7 @@ bool TableEditorPage::mayReplaceTable(const Next& next)
         if (answer == QMessageBox::Save)
             saveTable();
     }
-    if (m_saver->isSaving())
+    if (m_worker->isSaving())
         m_whenSaved = next;
     showFacts();
     return false;
@@ -258,15 +256,15 @@ void TableEditorPage::startLoading(const QString& path)
     // Not an override cursor, because loading may end while a dialog has its own entry on the override cursor stack.
     m_view->setCursor(Qt::BusyCursor);
     m_view->setFocus(); // now, because the user may be somewhere else when the table is loaded
-    m_loader->load(path);
+    m_worker->load(path);
     updateActions();
 }
 
 void TableEditorPage::cancelLoading()
 {
-    if (!m_loader->isLoading())
+    if (!m_worker->isLoading())
         return;
-    m_loader->cancel();
+    m_worker->cancelLoad();
     hideLoadBar();
 }
 
@@ -318,11 +316,11 @@ void TableEditorPage::setTarget(const TableTarget& target)
 void TableEditorPage::updateActions()
 {
     // A table that will be replaced is neither edited nor saved.
-    const bool isShown = !m_loader->isLoading() && !m_target.path.isEmpty();
-    m_view->setEditTriggers(m_loader->isLoading() ? QAbstractItemView::NoEditTriggers : m_editTriggers);
-    m_openAction->setEnabled(!m_saver->isSaving()); // onSaved() assumes that the shown table is the saved one
-    m_saveAction->setEnabled(isShown && !m_saver->isSaving());
-    m_saveAsAction->setEnabled(isShown && !m_saver->isSaving());
+    const bool isShown = !m_worker->isLoading() && !m_target.path.isEmpty();
+    m_view->setEditTriggers(m_worker->isLoading() ? QAbstractItemView::NoEditTriggers : m_editTriggers);
+    m_openAction->setEnabled(!m_worker->isSaving()); // onSaved() assumes that the shown table is the saved one
+    m_saveAction->setEnabled(isShown && !m_worker->isSaving());
+    m_saveAsAction->setEnabled(isShown && !m_worker->isSaving());
     m_clearAction->setEnabled(isShown);
     const QUndoStack& edits = m_model->edits();
     m_undoAction->setEnabled(isShown && edits.canUndo());
@@ -338,7 +336,7 @@ void TableEditorPage::showFacts()
     const QString facts = QStringList{rowsText(m_model->rowCount()), columnsText(m_model->columnCount()),
                                       m_model->document()->encodingName()}
                               .join(QStringLiteral(", "));
-    if (m_saver->isSaving()) {
+    if (m_worker->isSaving()) {
         const QString saving = tr("Saving %1…").arg(QFileInfo(m_savingTarget.path).fileName());
         m_facts->setText(m_whenSaved.go ? saving + QLatin1Char(' ') + m_whenSaved.announcement : saving);
     } else {
@@ -404,7 +402,7 @@ void TableEditorPage::startSaving(const TableTarget& target)
 {
     m_savingTarget = target;
     m_savingState = m_model->state();
-    m_saver->save(*m_model->document(), target.path, *target.format);
+    m_worker->save(*m_model->document(), target.path, *target.format);
     updateActions();
     showFacts();
 }

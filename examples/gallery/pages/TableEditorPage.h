@@ -22,10 +22,9 @@ namespace gallery {
 class FileDrop;
 class LoadBar;
 class MessageArea;
-class TableLoader;
 class TableModel;
-class TableSaver;
 class TableView;
+class TableWorker;
 
 /// A page with a small real application: it opens a table of any size with a file dialog, reads it in the background,
 /// shows it for editing, and saves it with the save flow, with one writer per file format. The current table stays
@@ -88,8 +87,7 @@ private:
     TableView* m_view;
     const QAbstractItemView::EditTriggers m_editTriggers; ///< the triggers of the view unless a table is loading
     TableModel* m_model;
-    TableLoader* m_loader;
-    TableSaver* m_saver;
+    TableWorker* m_worker;
     QLabel* m_refusal;            ///< tells which text was not taken, until one is
     QStackedWidget* m_statusLine; ///< shows facts of the table, or the bar while a table is loading
     QLabel* m_facts;

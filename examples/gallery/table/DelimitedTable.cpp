@@ -1,6 +1,5 @@
-#include "DelimitedTable.h"
+#include "TableFormat.h"
 
-#include <QCoreApplication>
 #include <QIODevice>
 
 #include <algorithm>
@@ -14,15 +13,14 @@ bool isLineEnd(char byte)
     return byte == '\n' || byte == '\r';
 }
 
-/// Calls \a append for each part of the text up to the closing quote.
+/// Appends the text up to the closing quote to \a table.
 /// Returns the position after the closing quote, or \a end if there is none.
-template <typename Append>
-const char* readQuoted(const char* pos, const char* end, Append append)
+const char* readQuoted(const char* pos, const char* end, TableSource& table)
 {
     for (;;) {
         const char* quote = std::find(pos, end, '"');
         const bool isDoubled = end - quote >= 2 && quote[1] == '"';
-        append(std::string_view(pos, size_t(quote - pos) + (isDoubled ? 1 : 0)));
+        table.append({pos, size_t(quote - pos) + (isDoubled ? 1 : 0)});
         if (!isDoubled)
             return quote == end ? end : quote + 1;
         pos = quote + 2;
@@ -30,12 +28,13 @@ const char* readQuoted(const char* pos, const char* end, Append append)
 }
 
 /// Appends the cell at \a pos to \a table and returns its end.
-const char* readCell(const char* pos, const char* end, char separator, TableSource& table)
+template <typename IsSeparator>
+const char* readCell(const char* pos, const char* end, IsSeparator isSeparator, TableSource& table)
 {
     if (pos != end && *pos == '"')
-        pos = readQuoted(pos + 1, end, [&](std::string_view text) { table.append(text); });
+        pos = readQuoted(pos + 1, end, table);
     // The text after the closing quote does not conform to the standard, but is data.
-    const char* cellEnd = std::find_if(pos, end, [&](char c) { return c == separator || isLineEnd(c); });
+    const char* cellEnd = std::find_if(pos, end, [&](char byte) { return isSeparator(byte) || isLineEnd(byte); });
     table.append({pos, size_t(cellEnd - pos)});
     table.endCell();
     return cellEnd;
@@ -49,24 +48,25 @@ const char* skipEnd(const char* pos, const char* end)
     return *pos == '\r' && end - pos >= 2 && pos[1] == '\n' ? pos + 2 : pos + 1;
 }
 
-/// Detects the separator in the header. Quotes open only where a cell may start, so that 5" does not hide the rest.
+/// Detects the separator in the beginning of the header. Reads cells, because separators in quotes do not count.
 char detectSeparator(std::string_view text)
 {
-    qint64 semicolonsMinusCommas = 0;
-    const char* const end = text.data() + text.size();
-    for (const char* pos = text.data(); pos != end && !isLineEnd(*pos); ++pos) {
-        const bool cellStarts = pos == text.data() || pos[-1] == ',' || pos[-1] == ';';
-        if (cellStarts && *pos == '"')
-            pos = readQuoted(pos + 1, end, [](std::string_view) {}) - 1;
-        else
-            semicolonsMinusCommas += *pos == ';' ? 1 : *pos == ',' ? -1 : 0;
+    TableSource header;
+    const char* const end = text.data() + std::min(text.size(), ReportStep);
+    int semicolonsMinusCommas = 0;
+    for (const char* pos = text.data();; ++pos) {
+        pos = readCell(
+            pos, end, [](char byte) { return byte == ',' || byte == ';'; }, header);
+        if (pos == end || isLineEnd(*pos))
+            return semicolonsMinusCommas > 0 ? ';' : ',';
+        semicolonsMinusCommas += *pos == ';' ? 1 : -1;
     }
-    return semicolonsMinusCommas > 0 ? ';' : ',';
 }
 
-std::shared_ptr<TableSource> readDelimited(std::string text, char separator, const ProgressCallback& progress)
+std::shared_ptr<const TableSource> readDelimited(std::string text, char separator, const ProgressCallback& progress)
 {
-    auto table = std::make_shared<TableSource>(std::move(text));
+    auto table = std::make_shared<TableSource>(std::move(text), separator);
+    const auto isSeparator = [separator](char byte) { return byte == separator; };
     const char* const begin = table->buffer().data();
     const char* const end = begin + table->buffer().size();
     quint64 nextReport = 0;
@@ -77,7 +77,7 @@ std::shared_ptr<TableSource> readDelimited(std::string text, char separator, con
             report(progress, 50, 99, done, table->buffer().size());
             nextReport = done + ReportStep;
         }
-        pos = readCell(pos, end, separator, *table);
+        pos = readCell(pos, end, isSeparator, *table);
         lineContinues = pos != end && *pos == separator;
         if (!lineContinues)
             table->endRow();
@@ -105,48 +105,42 @@ void writeDelimited(const TableDocument& document, char separator, QIODevice& de
 {
     if (document.columnCount() == 0)
         return;
-    quint64 offset = 0;
     for (int row = TableDocument::HeaderRow; row < document.rowCount(); ++row) {
         QByteArray line;
-        const int count = document.cellCount(row);
-        for (int column = 0; column < count; ++column) {
+        for (int column = 0; column < document.columnCount(); ++column) {
             if (column > 0)
                 line += separator;
             line += escaped(document.text(row, column));
         }
+        if (line.contains('\0'))
+            throw TableError{TableText::tr("The character NUL makes it a binary file. It can be saved as JSON.")};
         // Not every program reads an empty line as an empty cell.
         line += line.isEmpty() ? "\"\"\n" : "\n";
-        if (isBinary({line.constData(), size_t(line.size())}, offset))
-            throw TableError{QCoreApplication::translate(
-                "gallery::DelimitedTable", "Control characters make it a binary file. It can be saved as JSON.")};
         device.write(line);
-        offset += quint64(line.size());
     }
 }
 
 } // namespace
 
-std::shared_ptr<const TableSource> readCsv(std::string text, const ProgressCallback& progress)
+TableFormat csvFormat()
 {
-    const char separator = detectSeparator(text);
-    const auto table = readDelimited(std::move(text), separator, progress);
-    table->setSeparator(separator);
-    return table;
+    return {TableText::tr("CSV table (*.csv)"), QStringLiteral("csv"),
+            [](std::string text, const ProgressCallback& progress) {
+                const char separator = detectSeparator(text);
+                return readDelimited(std::move(text), separator, progress);
+            },
+            [](const TableDocument& document, QIODevice& device) {
+                writeDelimited(document, document.separator() == ';' ? ';' : ',', device);
+            }};
 }
 
-std::shared_ptr<const TableSource> readTsv(std::string text, const ProgressCallback& progress)
+TableFormat tsvFormat()
 {
-    return readDelimited(std::move(text), '\t', progress);
-}
-
-void writeCsv(const TableDocument& document, QIODevice& device)
-{
-    writeDelimited(document, document.source().separator(), device);
-}
-
-void writeTsv(const TableDocument& document, QIODevice& device)
-{
-    writeDelimited(document, '\t', device);
+    return {TableText::tr("TSV table (*.tsv)"), QStringLiteral("tsv"),
+            [](std::string text, const ProgressCallback& progress) {
+                return readDelimited(std::move(text), '\t', progress);
+            },
+            [](const TableDocument& document, QIODevice& device) { writeDelimited(document, '\t', device); }};
 }
 
 } // namespace gallery

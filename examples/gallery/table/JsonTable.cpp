@@ -1,6 +1,5 @@
-#include "JsonTable.h"
+#include "TableFormat.h"
 
-#include <QCoreApplication>
 #include <QIODevice>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -14,11 +13,6 @@ namespace gallery {
 
 namespace {
 
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("gallery::JsonTable", text);
-}
-
 QJsonDocument parse(std::string_view text)
 {
     // The parsed document takes several times the size of the text, and Qt counts its bytes with an int.
@@ -31,7 +25,7 @@ QJsonDocument parse(std::string_view text)
     const std::string_view before = text.substr(0, size_t(std::max(0, error.offset - 1)));
     const auto line = std::count(before.begin(), before.end(), '\n') + 1;
     const auto column = before.size() - (before.rfind('\n') + 1) + 1;
-    throw TableError{tr("Line %1, column %2: %3.").arg(line).arg(column).arg(error.errorString())};
+    throw TableError{TableText::tr("Line %1, column %2: %3.").arg(line).arg(column).arg(error.errorString())};
 }
 
 /// Returns the keys that occur in any of the objects.
@@ -42,30 +36,25 @@ QJsonArray columnsOf(const QJsonArray& objects)
         const QStringList keys = object.toObject().keys();
         columns.insert(keys.begin(), keys.end());
     }
-    QJsonArray result;
-    for (const QString& column : columns)
-        result.append(column);
-    return result;
-}
-
-void appendCell(const QJsonValue& value, TableSource& table)
-{
-    if (value.isArray() || value.isObject())
-        throw TableError{tr("Row %1: a cell has to be a plain value, not a list or an object.").arg(table.rowCount())};
-    table.append(value.toVariant().toString().toStdString());
-    table.endCell();
+    return QJsonArray::fromStringList(QStringList(columns.begin(), columns.end()));
 }
 
 /// Appends a list, or the values of an object.
 void appendRow(const QJsonValue& row, const QJsonArray& columns, TableSource& table)
 {
     if (!row.isArray() && !row.isObject())
-        throw TableError{tr("Row %1 is neither a list nor an object.").arg(table.rowCount())};
+        throw TableError{TableText::tr("Row %1 is neither a list nor an object.").arg(table.rowCount())};
     const QJsonArray cells = row.toArray();
     const QJsonObject object = row.toObject();
     const int count = row.isArray() ? cells.size() : columns.size();
-    for (int column = 0; column < count; ++column)
-        appendCell(row.isArray() ? cells.at(column) : object.value(columns.at(column).toString()), table);
+    for (int column = 0; column < count; ++column) {
+        const QJsonValue cell = row.isArray() ? cells.at(column) : object.value(columns.at(column).toString());
+        if (cell.isArray() || cell.isObject())
+            throw TableError{TableText::tr("Row %1: a cell has to be a plain value, not a list or an object.")
+                                 .arg(table.rowCount())};
+        table.append(cell.toVariant().toString().toStdString());
+        table.endCell();
+    }
     table.endRow();
 }
 
@@ -83,21 +72,17 @@ QJsonValue cellValue(const TableDocument& document, int row, int column)
         return QJsonValue::Null;
     const QByteArray json = '[' + text.toUtf8() + ']';
     const QJsonArray read = QJsonDocument::fromJson(json).array();
-    const bool isKept = read.size() == 1 && read.at(0).isDouble() && compact(read) == json;
-    return isKept ? read.at(0) : QJsonValue(text);
+    return read.size() == 1 && read.at(0).isDouble() && compact(read) == json ? read.at(0) : text;
 }
 
 QByteArray rowOf(const TableDocument& document, int row)
 {
     QJsonArray cells;
-    const int count = document.cellCount(row);
-    for (int column = 0; column < count; ++column)
+    for (int column = 0; column < document.columnCount(); ++column)
         cells.append(cellValue(document, row, column));
     // Qt reads no byte order mark at the beginning of a string unless it is escaped.
     return compact(cells).replace("\xEF\xBB\xBF", "\\ufeff");
 }
-
-} // namespace
 
 std::shared_ptr<const TableSource> readJson(std::string text, const ProgressCallback& progress)
 {
@@ -106,7 +91,8 @@ std::shared_ptr<const TableSource> readJson(std::string text, const ProgressCall
     const QJsonValue columns = json.object().value(QLatin1String("columns"));
     const QJsonValue rows = json.object().value(QLatin1String("rows"));
     if (json.isObject() && (!columns.isArray() || !rows.isArray() || json.object().size() != 2))
-        throw TableError{tr(R"(A table is a list of objects, or an object with the lists "columns" and "rows".)")};
+        throw TableError{
+            TableText::tr(R"(A table is a list of objects, or an object with the lists "columns" and "rows".)")};
     const QJsonArray lines = json.isArray() ? json.array() : rows.toArray();
     const QJsonArray header = json.isArray() ? columnsOf(lines) : columns.toArray();
     appendRow(header, header, *table);
@@ -123,6 +109,13 @@ void writeJson(const TableDocument& document, QIODevice& device)
     for (int row = 0; row < document.rowCount(); ++row)
         device.write((row == 0 ? "\n" : ",\n") + rowOf(document, row));
     device.write("\n]\n}\n");
+}
+
+} // namespace
+
+TableFormat jsonFormat()
+{
+    return {TableText::tr("JSON table (*.json)"), QStringLiteral("json"), readJson, writeJson};
 }
 
 } // namespace gallery

@@ -1,10 +1,7 @@
 #include "TableFormat.h"
 
-#include "DelimitedTable.h"
-#include "JsonTable.h"
 #include "SafeFile.h"
 
-#include <QCoreApplication>
 #include <QFileInfo>
 
 #include <exception>
@@ -13,14 +10,7 @@ namespace gallery {
 
 const QVector<TableFormat>& tableFormats()
 {
-    static const QVector<TableFormat> formats = {
-        {QStringLiteral("CSV"), QCoreApplication::translate("gallery::TableFormat", "CSV table (*.csv)"),
-         QStringLiteral("csv"), readCsv, writeCsv},
-        {QStringLiteral("TSV"), QCoreApplication::translate("gallery::TableFormat", "TSV table (*.tsv)"),
-         QStringLiteral("tsv"), readTsv, writeTsv},
-        {QStringLiteral("JSON"), QCoreApplication::translate("gallery::TableFormat", "JSON table (*.json)"),
-         QStringLiteral("json"), readJson, writeJson},
-    };
+    static const QVector<TableFormat> formats = {csvFormat(), tsvFormat(), jsonFormat()};
     return formats;
 }
 
@@ -38,11 +28,9 @@ TableResult readTable(const QString& path, const ProgressCallback& progress)
 {
     try {
         TextFile file = readTextFile(path, progress);
-        const auto document = std::make_shared<TableDocument>(
-            tableFormatForPath(path).read(std::move(file.text), progress), file.encodingName);
-        if (progress)
-            progress(100);
-        return {document, {}};
+        auto source = tableFormatForPath(path).read(std::move(file.text), progress);
+        report(progress, 100, 100, 1, 1);
+        return {std::make_shared<TableDocument>(std::move(source), file.encodingName), {}};
     } catch (const TableError& error) {
         return {nullptr, error.text};
     } catch (const std::exception&) {

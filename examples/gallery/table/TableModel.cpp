@@ -70,14 +70,14 @@ int TableModel::columnCount(const QModelIndex& parent) const
 
 QVariant TableModel::data(const QModelIndex& index, int role) const
 {
-    if (!isCell(index))
+    if (!hasIndex(index.row(), index.column()))
         return {};
     switch (role) {
     case Qt::DisplayRole: // unabridged, because this role is copied
     case Qt::EditRole:
         return m_document->text(index.row(), index.column());
     case Qt::TextAlignmentRole: {
-        const bool isNumber = columnKind(index.column()) == ColumnKind::Number;
+        const bool isNumber = m_document->columnKind(index.column()) == ColumnKind::Number;
         return int((isNumber ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
     }
     default:
@@ -97,12 +97,12 @@ QVariant TableModel::headerData(int section, Qt::Orientation orientation, int ro
 Qt::ItemFlags TableModel::flags(const QModelIndex& index) const
 {
     const Qt::ItemFlags flags = QAbstractTableModel::flags(index);
-    return isCell(index) ? flags | Qt::ItemIsEditable : flags;
+    return hasIndex(index.row(), index.column()) ? flags | Qt::ItemIsEditable : flags;
 }
 
 bool TableModel::setData(const QModelIndex& index, const QVariant& value, int role)
 {
-    if (!isCell(index) || role != Qt::EditRole)
+    if (!hasIndex(index.row(), index.column()) || role != Qt::EditRole)
         return false;
     if (value.toString() != m_document->text(index.row(), index.column()))
         edit({{index.row(), index.column(), value.toString()}});
@@ -113,7 +113,7 @@ void TableModel::clear(const QModelIndexList& cells)
 {
     QVector<CellText> edited;
     for (const QModelIndex& cell : cells) {
-        if (isCell(cell) && !m_document->text(cell.row(), cell.column()).isEmpty())
+        if (hasIndex(cell.row(), cell.column()) && !m_document->text(cell.row(), cell.column()).isEmpty())
             edited.append({cell.row(), cell.column(), QString()});
     }
     if (!edited.isEmpty())
@@ -157,11 +157,6 @@ void TableModel::swapTexts(QVector<CellText>& cells)
     }
     Q_EMIT dataChanged(index(changed.top(), changed.left()), index(changed.bottom(), changed.right()),
                        {Qt::DisplayRole, Qt::EditRole});
-}
-
-bool TableModel::isCell(const QModelIndex& index) const
-{
-    return index.isValid() && checkIndex(index);
 }
 
 } // namespace gallery

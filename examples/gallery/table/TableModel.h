@@ -44,9 +44,6 @@ public:
     /// Removes the texts of cells as one edit.
     void clear(const QModelIndexList& cells);
 
-    /// Returns the kind of \a column, which must be in range.
-    [[nodiscard]] ColumnKind columnKind(int column) const { return m_document->columnKind(column); }
-
     [[nodiscard]] int rowCount(const QModelIndex& parent = QModelIndex()) const override;
     [[nodiscard]] int columnCount(const QModelIndex& parent = QModelIndex()) const override;
     /// Returns texts unabridged, however long they are. Code that draws them uses shownText().
@@ -64,7 +61,6 @@ Q_SIGNALS:
 private:
     friend class EditCommand;
 
-    [[nodiscard]] bool isCell(const QModelIndex& index) const;
     [[nodiscard]] const EditCommand* editAt(int index) const;
     void edit(QVector<CellText> cells);
     void swapTexts(QVector<CellText>& cells);

@@ -1,7 +1,5 @@
 #include "TableSource.h"
 
-#include <QCoreApplication>
-
 #include <algorithm>
 #include <limits>
 
@@ -15,48 +13,38 @@ constexpr quint64 MaxCount = std::numeric_limits<int>::max();
 
 } // namespace
 
-TableSource::TableSource(std::string buffer, quint64 memoryLimit)
+TableSource::TableSource(std::string buffer, char separator, quint64 memoryLimit)
     : m_bytes(std::move(buffer))
+    , m_separator(separator)
     , m_memoryLimit(memoryLimit)
 {
 }
 
 void TableSource::endCell()
 {
-    const Row& row = m_rows.back();
-    const quint64 begin = m_cellEnds.size() > row.firstCell ? m_cellEnds.back() : 0;
-    const quint64 end = m_size - row.start;
-    if (end > std::numeric_limits<quint32>::max() || end - begin > LongestCell)
-        throw TableError{QCoreApplication::translate("gallery::TableSource", "Row %1 is too long.").arg(rowCount())};
-    // While a vector grows there are the old block and one of the double size.
-    const quint64 index = 3 * (m_rows.size() * sizeof(Row) + m_cellEnds.size() * sizeof(quint32));
-    if (m_bytes.size() + index > m_memoryLimit || m_rows.size() > MaxCount
-        || m_cellEnds.size() - row.firstCell > MaxCount)
+    const quint64 start = m_cellEnds.empty() ? 0 : m_cellEnds.back();
+    if (m_size - start > LongestCell)
+        throw TableError{TableText::tr("Row %1 is too long.").arg(rowCount())};
+    const quint64 index = (m_cellEnds.size() + m_firstCells.size()) * sizeof(quint64);
+    const quint64 longest = std::max<quint64>(m_firstCells.size(), m_cellEnds.size() - m_firstCells.back());
+    if (m_bytes.size() + index > m_memoryLimit || longest > MaxCount)
         throw TableError{tooBigText()};
-    m_cellEnds.push_back(quint32(end));
+    m_cellEnds.push_back(m_size);
 }
 
 void TableSource::endRow()
 {
-    m_columnCount = std::max(m_columnCount, int(m_cellEnds.size() - m_rows.back().firstCell));
-    m_rows.push_back({m_size, m_cellEnds.size()});
-}
-
-int TableSource::cellCount(int row) const
-{
-    if (row >= rowCount())
-        return 0;
-    return int(m_rows[size_t(row) + 1].firstCell - m_rows[size_t(row)].firstCell);
+    m_columnCount = std::max(m_columnCount, int(m_cellEnds.size() - m_firstCells.back()));
+    m_firstCells.push_back(m_cellEnds.size());
 }
 
 QString TableSource::text(int row, int column) const
 {
-    if (column >= cellCount(row))
+    const quint64 cell = m_firstCells[size_t(row)] + quint64(column);
+    if (cell >= m_firstCells[size_t(row) + 1])
         return {};
-    const Row& start = m_rows[size_t(row)];
-    const quint32* const ends = &m_cellEnds[size_t(start.firstCell)];
-    const quint32 begin = column > 0 ? ends[column - 1] : 0;
-    return decodeUtf8({m_bytes.data() + start.start + begin, ends[column] - begin});
+    const quint64 start = cell == 0 ? 0 : m_cellEnds[size_t(cell) - 1];
+    return decodeUtf8({m_bytes.data() + start, size_t(m_cellEnds[size_t(cell)] - start)});
 }
 
 } // namespace gallery

@@ -3,22 +3,22 @@
 #include "TextFile.h"
 
 #include <cstring>
+#include <deque>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace gallery {
 
-/// The texts of a file: UTF-8, cell after cell, and their ends. The ends take 4 bytes for a cell and 16 for a row. Rows
-/// may differ in length; the first one is the header. Fill an object once; a const one may be used on any thread.
+/// The texts of a file: UTF-8, cell after cell, and an index, which takes 8 bytes for a cell and for a row. Rows may
+/// differ in length; the first one is the header. Fill an object once; a const one may be used on any thread.
 class TableSource
 {
 public:
-    /// Creates a table without rows, which may take \a memoryLimit bytes. The texts of the cells overwrite \a buffer.
-    explicit TableSource(std::string buffer = {}, quint64 memoryLimit = loadMemoryLimit());
+    /// Creates a table without rows. The texts of the cells overwrite \a buffer. Texts and index may take
+    /// \a memoryLimit bytes. \a separator is that of the file.
+    explicit TableSource(std::string buffer = {}, char separator = ',', quint64 memoryLimit = loadMemoryLimit());
     [[nodiscard]] std::string_view buffer() const { return m_bytes; }
-
-    // Functions that fill the table. They throw TableError if the table cannot be stored.
+    [[nodiscard]] char separator() const { return m_separator; }
 
     /// Appends a text to the current cell. It may be a part of the buffer that nothing has overwritten yet.
     void append(std::string_view text)
@@ -28,33 +28,24 @@ public:
         std::memmove(&m_bytes[m_size], text.data(), text.size());
         m_size += text.size();
     }
+    /// Ends the current cell. Throws TableError if the table cannot be stored.
     void endCell();
     void endRow();
 
-    /// Sets the separator with which the table is saved as CSV.
-    void setSeparator(char separator) { m_separator = separator; }
-    [[nodiscard]] char separator() const { return m_separator; }
-
-    [[nodiscard]] int rowCount() const { return int(m_rows.size() - 1); }
+    [[nodiscard]] int rowCount() const { return int(m_firstCells.size() - 1); }
     /// Returns the number of cells of the longest row.
     [[nodiscard]] int columnCount() const { return m_columnCount; }
-    [[nodiscard]] int cellCount(int row) const;
-    /// Returns the text of a cell, or an empty text if there is no such cell.
+    /// Returns the text of a cell, or an empty text if the row has no such cell.
     [[nodiscard]] QString text(int row, int column) const;
 
 private:
-    struct Row
-    {
-        quint64 start;
-        quint64 firstCell;
-    };
-
     std::string m_bytes;
-    size_t m_size = 0;               ///< the number of bytes that are in use
-    std::vector<Row> m_rows{Row{}};  ///< the starts of all rows, and of the next one
-    std::vector<quint32> m_cellEnds; ///< counted from the start of the row
+    size_t m_size = 0; ///< the number of bytes that are in use
+    // Deques, because a growing vector takes the memory of the old and the new block.
+    std::deque<quint64> m_cellEnds;
+    std::deque<quint64> m_firstCells{0}; ///< of all rows, and of the next one
     int m_columnCount = 0;
-    char m_separator = ',';
+    char m_separator;
     quint64 m_memoryLimit;
 };
 

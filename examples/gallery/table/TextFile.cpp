@@ -1,6 +1,5 @@
 #include "TextFile.h"
 
-#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 
@@ -17,50 +16,29 @@ namespace {
 
 constexpr std::string_view Utf8Mark = "\xEF\xBB\xBF";
 
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("gallery::TextFile", text);
-}
-
-bool startsWith(std::string_view text, std::string_view prefix)
-{
-    return text.substr(0, prefix.size()) == prefix;
-}
-
-void openFile(const QString& path, QFile& file)
-{
-    const QFileInfo info(path);
-    if (!info.exists())
-        throw TableError{tr("The file does not exist.")};
-    if (info.isDir())
-        throw TableError{tr("This is a folder, not a file.")};
-    // Reading a pipe or a device may never end, and even opening it may block.
-    if (!info.isFile())
-        throw TableError{tr("This is not a regular file.")};
-    if (quint64(info.size()) > loadMemoryLimit())
-        throw TableError{tooBigText()};
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
-        throw TableError{tr("The file cannot be read: %1").arg(file.errorString())};
-}
-
 /// Reads until the end of the file instead of its size, because the file may grow or shrink meanwhile.
-std::string readAll(QFile& file, const ProgressCallback& progress)
+std::string readFile(const QString& path, const ProgressCallback& progress)
 {
+    // Reading a pipe or a device may never end, and even opening it may block.
+    if (QFileInfo::exists(path) && !QFileInfo(path).isFile())
+        throw TableError{TableText::tr("This is not a regular file.")};
+    QFile file(path);
     std::string bytes;
-    bytes.reserve(size_t(file.size()) + ReportStep);
-    for (;;) {
+    for (bool isReadable = file.open(QIODevice::ReadOnly | QIODevice::Unbuffered); isReadable;) {
         const size_t done = bytes.size();
-        report(progress, 0, 40, done, quint64(file.size()));
-        if (done > loadMemoryLimit())
+        const quint64 size = std::max<quint64>(file.size(), done);
+        if (size > loadMemoryLimit())
             throw TableError{tooBigText()};
+        report(progress, 0, 40, done, size);
+        bytes.reserve(size_t(size) + ReportStep);
         bytes.resize(done + ReportStep);
         const qint64 count = file.read(&bytes[done], ReportStep);
-        if (count < 0)
-            throw TableError{tr("The file cannot be read: %1").arg(file.errorString())};
-        bytes.resize(done + size_t(count));
+        bytes.resize(done + size_t(std::max<qint64>(count, 0)));
         if (count == 0)
             return bytes;
+        isReadable = count > 0;
     }
+    throw TableError{TableText::tr("The file cannot be read: %1").arg(file.errorString())};
 }
 
 /// Compares each block with its decoded and encoded form, in which invalid sequences are replaced.
@@ -104,42 +82,28 @@ void report(const ProgressCallback& progress, int first, int last, quint64 done,
 {
     const double share = total > 0 ? qMin(1.0, double(done) / double(total)) : 1.0;
     if (progress && !progress(first + int(share * (last - first))))
-        throw TableError{tr("Loading was cancelled.")};
+        throw TableError{TableText::tr("Loading was cancelled.")};
 }
 
 TextFile readTextFile(const QString& path, const ProgressCallback& progress)
 {
-    QFile file(path);
-    openFile(path, file);
-    TextFile result{readAll(file, progress), QStringLiteral("UTF-8")};
-    if (startsWith(result.text, "\xFF\xFE") || startsWith(result.text, "\xFE\xFF"))
-        result = {utf16ToUtf8(result.text), QStringLiteral("UTF-16")};
-    else if (startsWith(result.text, Utf8Mark))
-        result.text.erase(0, Utf8Mark.size());
-    if (isBinary(result.text))
-        throw TableError{tr("This is not a text file, because it contains binary data.")};
-    if (!isUtf8(result.text, progress))
-        result = {latin1ToUtf8(result.text), QStringLiteral("Latin-1")};
-    return result;
-}
-
-bool isBinary(std::string_view bytes, quint64 offset)
-{
-    constexpr quint64 beginning = 1000;
-    const auto isControl = [](char byte) {
-        return uchar(byte) < 0x20 && std::string_view("\t\n\f\r").find(byte) == std::string_view::npos;
-    };
-    const std::string_view checked = bytes.substr(0, size_t(beginning - std::min(offset, beginning)));
-    return bytes.find('\0') != std::string_view::npos || std::any_of(checked.begin(), checked.end(), isControl);
+    TextFile file{readFile(path, progress), QStringLiteral("UTF-8")};
+    const auto startsWith = [&](std::string_view mark) { return file.text.compare(0, mark.size(), mark) == 0; };
+    if (startsWith("\xFF\xFE") || startsWith("\xFE\xFF"))
+        file = {utf16ToUtf8(file.text), QStringLiteral("UTF-16")};
+    else if (startsWith(Utf8Mark))
+        file.text.erase(0, Utf8Mark.size());
+    if (file.text.find('\0') != std::string::npos)
+        throw TableError{TableText::tr("This is not a text file, because it contains binary data.")};
+    if (!isUtf8(file.text, progress))
+        file = {latin1ToUtf8(file.text), QStringLiteral("Latin-1")};
+    return file;
 }
 
 QString decodeUtf8(std::string_view bytes)
 {
-    int marks = 0;
-    for (; startsWith(bytes, Utf8Mark); ++marks)
-        bytes.remove_prefix(Utf8Mark.size());
-    const QString rest = QString::fromUtf8(bytes.data(), int(bytes.size()));
-    return marks == 0 ? rest : QString(marks, QChar(QChar::ByteOrderMark)) + rest;
+    const QString text = QString::fromUtf8(bytes.data(), int(bytes.size()));
+    return bytes.substr(0, Utf8Mark.size()) == Utf8Mark ? QChar(QChar::ByteOrderMark) + text : text;
 }
 
 quint64 loadMemoryLimit()
@@ -155,7 +119,7 @@ quint64 loadMemoryLimit()
 
 QString tooBigText()
 {
-    return tr("The file is too big for this machine's memory.");
+    return TableText::tr("The file is too big for this machine's memory.");
 }
 
 } // namespace gallery

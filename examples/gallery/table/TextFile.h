@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QString>
 
 #include <functional>
@@ -7,6 +8,12 @@
 #include <string_view>
 
 namespace gallery {
+
+/// The translation context of the texts about tables and files.
+struct TableText
+{
+    Q_DECLARE_TR_FUNCTIONS(gallery::TableText)
+};
 
 /// An exception that ends reading or writing a table. The text is for the user.
 struct TableError
@@ -32,12 +39,8 @@ struct TextFile
 
 /// Reads a regular file completely and reports 0 to 50 percent to \a progress.
 /// A file that is not valid UTF-8 and has no UTF-16 byte order mark is read as Latin-1, in which any bytes are valid.
-/// Throws TableError, also if the file is binary.
+/// Throws TableError, also if the file contains NUL, as binary files do.
 TextFile readTextFile(const QString& path, const ProgressCallback& progress);
-
-/// Returns whether no text file contains \a bytes, which start at \a offset: a NUL anywhere, or a control character
-/// other than tab, LF, CR and FF at the beginning of the file.
-bool isBinary(std::string_view bytes, quint64 offset = 0);
 
 /// Decodes UTF-8. Unlike QString::fromUtf8() it keeps a leading U+FEFF.
 QString decodeUtf8(std::string_view bytes);

@@ -15,14 +15,11 @@ using Texts = QVector<QStringList>;
 
 inline Texts textsOf(const gallery::TableDocument& document)
 {
-    Texts texts(1);
-    for (int column = 0; column < document.columnCount(); ++column)
-        texts[0] += document.headerText(column);
-    for (int row = 0; row < document.rowCount(); ++row) {
-        QStringList line;
+    Texts texts;
+    for (int row = gallery::TableDocument::HeaderRow; row < document.rowCount(); ++row) {
+        texts.append(QStringList());
         for (int column = 0; column < document.columnCount(); ++column)
-            line += document.text(row, column);
-        texts += line;
+            texts.last() += document.text(row, column);
     }
     return texts;
 }
@@ -36,8 +33,7 @@ public:
     QString write(const QString& name, const QByteArray& bytes) const
     {
         QFile file(path(name));
-        const bool written = file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
-        return written ? path(name) : QString();
+        return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() ? path(name) : QString();
     }
 
     QByteArray read(const QString& name) const

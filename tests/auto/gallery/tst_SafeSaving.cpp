@@ -59,7 +59,7 @@ void tst_SafeSaving::keepsOneVersionWhenKilled()
 #else
     const TestFolder folder;
     const QString path = folder.path("t.csv");
-    const QByteArray versions[] = {"old\n" + QByteArray("a,b\n").repeated(3000),
+    const QByteArray versions[] = {"old,x\n" + QByteArray("a,b\n").repeated(3000),
                                    "new\n" + QByteArray("c\n").repeated(7000)};
     const TableDocument documents[] = {*folder.load("t.csv", versions[0]).document,
                                        *folder.load("t.csv", versions[1]).document};
