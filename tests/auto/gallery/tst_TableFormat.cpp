@@ -349,12 +349,12 @@ void tst_TableFormat::writesNulOnlyToJson()
 {
     const TableResult result = m_folder.load("t.json", R"([{"a":"\u0000\u0001\u001b"}])");
     for (const TableFormat& format : {csvFormat(), tsvFormat()}) {
-        const QString path = m_folder.path("nul." + format.extension);
+        const QString path = m_folder.path("with-nul." + format.extension);
         QVERIFY(writeTable(*result.document, path, format).contains("JSON"));
         QVERIFY(!QFile::exists(path));
     }
-    QCOMPARE(writeTable(*result.document, m_folder.path("nul.json"), jsonFormat()), QString());
-    QCOMPARE(textsOf(*readTable(m_folder.path("nul.json")).document), textsOf(*result.document));
+    QCOMPARE(writeTable(*result.document, m_folder.path("with-nul.json"), jsonFormat()), QString());
+    QCOMPARE(textsOf(*readTable(m_folder.path("with-nul.json")).document), textsOf(*result.document));
 }
 
 QTEST_GUILESS_MAIN(tst_TableFormat)

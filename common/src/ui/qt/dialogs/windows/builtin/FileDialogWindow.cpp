@@ -421,8 +421,8 @@ int FileDialogWindow::fileType() const
     if (m_request.types.isEmpty())
         return m_request.type;
     if (isDrawnByQt())
-        return m_request.types.placeOf(m_fileTypeCombo->currentIndex());
-    return m_request.types.placeOfFilter(selectedNameFilter(), m_reportedType);
+        return m_request.types.validIndex(m_fileTypeCombo->currentIndex());
+    return m_request.types.indexOfFilter(selectedNameFilter(), m_reportedType);
 }
 
 void FileDialogWindow::setFileType(int type)
@@ -437,7 +437,7 @@ void FileDialogWindow::showTypes()
 {
     if (m_request.types.isEmpty())
         return;
-    m_reportedType = m_request.types.placeOf(m_request.type);
+    m_reportedType = m_request.types.validIndex(m_request.type);
     if (!isDrawnByQt()) {
         selectNameFilter(nameFilters().value(m_reportedType));
         return;

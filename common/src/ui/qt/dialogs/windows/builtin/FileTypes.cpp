@@ -15,7 +15,7 @@ FileTypes::FileTypes(UINT count, const COMDLG_FILTERSPEC* types)
     }
 }
 
-int FileTypes::placeOf(int index) const
+int FileTypes::validIndex(int index) const
 {
     return index >= 0 && index < m_types.size() ? index : 0;
 }
@@ -33,7 +33,7 @@ QStringList FileTypes::patterns(int index) const
     return m_types.value(index).patterns;
 }
 
-int FileTypes::placeOfFilter(const QString& nameFilter, int current) const
+int FileTypes::indexOfFilter(const QString& nameFilter, int current) const
 {
     const QStringList filters = nameFilters();
     if (filters.value(current) == nameFilter)

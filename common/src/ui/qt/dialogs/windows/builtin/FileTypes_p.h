@@ -21,7 +21,7 @@ public:
     bool isEmpty() const { return m_types.isEmpty(); }
 
     /// Returns `index`, or 0 if it is out of range.
-    int placeOf(int index) const;
+    int validIndex(int index) const;
 
     /// Returns the types as name filters of QFileDialog, which shows each run of white space as one blank.
     QStringList nameFilters() const;
@@ -32,7 +32,7 @@ public:
 
     /// Returns the index of the type with this name filter. Prefers `current` if several types have the filter, and
     /// then the first of them. Returns `current` if no type has the filter.
-    int placeOfFilter(const QString& nameFilter, int current) const;
+    int indexOfFilter(const QString& nameFilter, int current) const;
 
 private:
     struct Type

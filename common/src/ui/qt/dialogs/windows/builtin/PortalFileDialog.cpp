@@ -154,7 +154,7 @@ void PortalFileDialog::takeFolder(const QString& file)
 
 void PortalFileDialog::takeType(int type)
 {
-    if (!m_open || type < 0 || type == m_request.types.placeOf(m_request.type))
+    if (!m_open || type < 0 || type == m_request.types.validIndex(m_request.type))
         return;
     m_request.type = type;
     m_listener.typeChanged();

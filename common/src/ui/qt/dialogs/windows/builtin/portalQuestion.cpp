@@ -134,7 +134,7 @@ std::optional<PortalQuestion> portalQuestion(const FileDialogRequest& request, c
     question.several = request.options & FOS_ALLOWMULTISELECT;
     question.folders = request.options & FOS_PICKFOLDERS;
     question.filters = question.folders ? QList<PortalFilter>() : portalFilters(request.types);
-    question.filter = request.types.placeOf(request.type);
+    question.filter = request.types.validIndex(request.type);
     question.folder = request.folder.isEmpty() ? request.defaultFolder : request.folder;
     question.name = request.fileName;
     const QFileInfo named(request.fileName);

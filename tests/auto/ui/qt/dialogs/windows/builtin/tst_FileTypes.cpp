@@ -30,9 +30,9 @@ private Q_SLOTS:
     void oneType_data();
     void oneType();
     void placesAreKept();
-    void anyNumberIsAPlace();
-    void placeOfAFilter_data();
-    void placeOfAFilter();
+    void anyNumberHasAValidIndex();
+    void indexOfAFilter_data();
+    void indexOfAFilter();
 };
 
 void tst_FileTypes::none()
@@ -42,8 +42,8 @@ void tst_FileTypes::none()
     QCOMPARE(types.count(), 0);
     QCOMPARE(types.nameFilters(), QStringList());
     QCOMPARE(types.patterns(0), QStringList());
-    QCOMPARE(types.placeOf(3), 0);
-    QCOMPARE(types.placeOfFilter(QStringLiteral("Data (*.dat)"), 0), 0);
+    QCOMPARE(types.validIndex(3), 0);
+    QCOMPARE(types.indexOfFilter(QStringLiteral("Data (*.dat)"), 0), 0);
 }
 
 void tst_FileTypes::oneType_data()
@@ -92,16 +92,16 @@ void tst_FileTypes::placesAreKept()
     QCOMPARE(types.patterns(-1), QStringList());
 }
 
-void tst_FileTypes::anyNumberIsAPlace()
+void tst_FileTypes::anyNumberHasAValidIndex()
 {
     const FileTypes types = someTypes();
-    for (const int place : {0, 3, 5})
-        QCOMPARE(types.placeOf(place), place);
+    for (const int index : {0, 3, 5})
+        QCOMPARE(types.validIndex(index), index);
     for (const int outside : {-1, 6, 1000, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()})
-        QCOMPARE(types.placeOf(outside), 0);
+        QCOMPARE(types.validIndex(outside), 0);
 }
 
-void tst_FileTypes::placeOfAFilter_data()
+void tst_FileTypes::indexOfAFilter_data()
 {
     QTest::addColumn<QString>("filter");
     QTest::addColumn<int>("current");
@@ -115,11 +115,11 @@ void tst_FileTypes::placeOfAFilter_data()
     QTest::newRow("current one is none") << "Data (*.plt)" << -1 << 2;
 }
 
-void tst_FileTypes::placeOfAFilter()
+void tst_FileTypes::indexOfAFilter()
 {
     QFETCH(QString, filter);
     QFETCH(int, current);
-    QTEST(someTypes().placeOfFilter(filter, current), "expected");
+    QTEST(someTypes().indexOfFilter(filter, current), "expected");
 }
 
 CORE_TEST_MAIN(tst_FileTypes)
