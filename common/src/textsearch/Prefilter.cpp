@@ -17,4 +17,10 @@ UnitPattern::UnitPattern(const std::vector<char16_t>& units)
     isExact = units.size() == std::size_t(1) << qPopulationCount(differing);
 }
 
+/// Searches a haystack that is too short for vectors. Not inline, because it would use registers that the others need.
+quint64 Prefilter::candidatesInShort(const char16_t* haystack, int count) const
+{
+    return candidates(haystack, count);
+}
+
 } // namespace zelmar::internal

@@ -29,6 +29,20 @@ struct COMMON_UI_QT_INTERNAL_EXPORT UnitPattern
     bool isExact = false; ///< whether the set contains only the code units from which it was constructed
 };
 
+/// The bits of the code units that follow the candidate positions of a needle. They exclude many longer needles. A
+/// default-constructed object excludes none.
+struct FollowingUnits
+{
+    /// Returns whether a code unit that matches `pattern` may be among the following ones.
+    bool mayMatch(const UnitPattern& pattern) const
+    {
+        return ((pattern.value & ~inAny) | (inAll & ~pattern.value & pattern.mask)) == 0;
+    }
+
+    char16_t inAny = 0xffff; ///< the bits that are set in at least one of the code units
+    char16_t inAll = 0;      ///< the bits that are set in all of them
+};
+
 /// A prefilter that finds the candidate positions of a needle in a haystack. It compares two code units of the needle
 /// at many positions at once. Most haystacks have no candidate, and are excluded without a branch on their code units,
 /// which the processor would often mispredict.
@@ -45,6 +59,7 @@ public:
         , m_secondOffset(secondOffset)
         , m_first(first)
         , m_second(second)
+        , m_isSecondEnough(firstOffset == secondOffset && first.mask == second.mask && first.value == second.value)
     {
     }
 
@@ -54,19 +69,26 @@ public:
     /// Returns a bit mask of the positions below `count` at which both patterns match; bit 0 is the start of
     /// `haystack`. `count` is at most maxPositions. Reads the haystack up to the last position plus the larger offset.
     quint64 candidates(const char16_t* haystack, int count) const;
+    /// Does the same. Also sets `following` to the code units that follow the needle at the candidates before the last
+    /// position, or leaves it as it is where that would cost too much. The second offset must be the needle's last.
+    quint64 candidates(const char16_t* haystack, int count, FollowingUnits& following) const;
 
 private:
     quint64 candidatesOneByOne(const char16_t* haystack, int count) const;
+    COMMON_UI_QT_INTERNAL_EXPORT quint64 candidatesInShort(const char16_t* haystack, int count) const;
 #ifdef ZELMAR_TEXTSEARCH_SSE2
     static constexpr int blockSize = 8;
-    quint64 candidatesInBlock(const char16_t* block) const;
+    __m128i matchesInBlock(const char16_t* block) const;
     static __m128i matchesInBlock(const char16_t* block, const UnitPattern& pattern);
+    static __m128i load(const char16_t* block);
+    static quint64 bitsOf(__m128i matches);
 #endif
 
     int m_firstOffset = 0;
     int m_secondOffset = 0;
     UnitPattern m_first;
     UnitPattern m_second;
+    bool m_isSecondEnough = false; ///< whether the needle has only one code unit, so that both patterns are the same
 };
 
 inline quint64 Prefilter::candidatesOneByOne(const char16_t* haystack, int count) const
@@ -83,18 +105,28 @@ inline quint64 Prefilter::candidatesOneByOne(const char16_t* haystack, int count
 
 #ifdef ZELMAR_TEXTSEARCH_SSE2
 
+inline __m128i Prefilter::load(const char16_t* block)
+{
+    return _mm_loadu_si128(reinterpret_cast<const __m128i*>(block));
+}
+
 /// Returns a vector whose lanes are all ones for each code unit of the block that matches.
 inline __m128i Prefilter::matchesInBlock(const char16_t* block, const UnitPattern& pattern)
 {
-    const __m128i units = _mm_loadu_si128(reinterpret_cast<const __m128i*>(block));
-    return _mm_cmpeq_epi16(_mm_and_si128(units, _mm_set1_epi16(short(pattern.mask))),
+    return _mm_cmpeq_epi16(_mm_and_si128(load(block), _mm_set1_epi16(short(pattern.mask))),
                            _mm_set1_epi16(short(pattern.value)));
 }
 
-inline quint64 Prefilter::candidatesInBlock(const char16_t* block) const
+/// Returns a vector whose lanes are all ones for each position of the block at which both patterns match.
+inline __m128i Prefilter::matchesInBlock(const char16_t* block) const
 {
-    const __m128i matches =
-        _mm_and_si128(matchesInBlock(block + m_firstOffset, m_first), matchesInBlock(block + m_secondOffset, m_second));
+    const __m128i matches = matchesInBlock(block + m_secondOffset, m_second);
+    return m_isSecondEnough ? matches : _mm_and_si128(matches, matchesInBlock(block + m_firstOffset, m_first));
+}
+
+/// Returns a bit for each lane.
+inline quint64 Prefilter::bitsOf(__m128i matches)
+{
     return uint(_mm_movemask_epi8(_mm_packs_epi16(matches, _mm_setzero_si128())));
 }
 
@@ -106,8 +138,34 @@ inline quint64 Prefilter::candidates(const char16_t* haystack, int count) const
     for (int block = 0; block < count; block += blockSize) {
         // The last block overlaps the previous one, so that it does not extend beyond the haystack.
         const int position = std::min(block, count - blockSize);
-        candidates |= candidatesInBlock(haystack + position) << position;
+        candidates |= bitsOf(matchesInBlock(haystack + position)) << position;
     }
+    return candidates;
+}
+
+inline quint64 Prefilter::candidates(const char16_t* haystack, int count, FollowingUnits& following) const
+{
+    const int followed = count - 1; // At the last position, the needle may end where the haystack ends.
+    if (followed < blockSize)
+        return candidatesInShort(haystack, count);
+    __m128i inAny = _mm_setzero_si128();
+    __m128i lacking = _mm_setzero_si128();
+    quint64 candidates = bitsOf(matchesInBlock(haystack + count - blockSize)) << (count - blockSize);
+    for (int block = 0; block < followed; block += blockSize) {
+        const int position = std::min(block, followed - blockSize);
+        const __m128i matches = matchesInBlock(haystack + position);
+        const __m128i units = load(haystack + position + m_secondOffset + 1);
+        inAny = _mm_or_si128(inAny, _mm_and_si128(matches, units));
+        lacking = _mm_or_si128(lacking, _mm_andnot_si128(units, matches));
+        candidates |= bitsOf(matches) << position;
+    }
+    // Combines the lanes of both vectors at once.
+    __m128i lanes = _mm_or_si128(_mm_unpacklo_epi16(inAny, lacking), _mm_unpackhi_epi16(inAny, lacking));
+    lanes = _mm_or_si128(lanes, _mm_srli_si128(lanes, 8));
+    lanes = _mm_or_si128(lanes, _mm_srli_si128(lanes, 4));
+    const auto both = uint(_mm_cvtsi128_si32(lanes));
+    following.inAny = char16_t(both);
+    following.inAll = char16_t(~(both >> 16));
     return candidates;
 }
 
@@ -115,6 +173,12 @@ inline quint64 Prefilter::candidates(const char16_t* haystack, int count) const
 
 inline quint64 Prefilter::candidates(const char16_t* haystack, int count) const
 {
+    return candidatesOneByOne(haystack, count);
+}
+
+inline quint64 Prefilter::candidates(const char16_t* haystack, int count, FollowingUnits& following) const
+{
+    Q_UNUSED(following) // Without vectors, to find them costs as much as they save.
     return candidatesOneByOne(haystack, count);
 }
 

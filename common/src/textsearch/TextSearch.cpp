@@ -61,7 +61,14 @@ TextSearch::TextSearch(QString text, Qt::CaseSensitivity caseSensitivity)
 
 qint64 TextSearch::Found::byteCount() const
 {
-    return rows.size() * qint64(sizeof(int)) + lookAheads.size() * qint64(sizeof(LookAhead));
+    return rows.size() * qint64(sizeof(int)) + following.size() * qint64(sizeof(FollowingUnits))
+           + lookAheads.size() * qint64(sizeof(LookAhead));
+}
+
+void TextSearch::Found::forgetLookAheads()
+{
+    following.clear();
+    lookAheads.clear();
 }
 
 inline bool TextSearch::matchesAt(const char16_t* position) const
@@ -81,13 +88,15 @@ bool TextSearch::anyMatches(const char16_t* haystack, quint64 positions) const
     return false;
 }
 
-/// Returns a bit mask of the positions at which the needle may occur, or `somewhere`.
-inline quint64 TextSearch::candidatePositions(QStringView haystack) const
+/// Returns a bit mask of the positions at which the needle may occur, or `somewhere`. Sets `following`, if given,
+/// unless the positions are not known.
+template <typename... Following>
+inline quint64 TextSearch::candidatePositions(QStringView haystack, Following&... following) const
 {
     const int count = int(haystack.size() - m_units.size()) + 1;
     if (count >= Prefilter::maxPositions || m_units.isEmpty())
         return containsAnywhere(haystack) ? somewhere : 0;
-    return count > 0 ? m_prefilter.candidates(unitsOf(haystack), count) : 0;
+    return count > 0 ? m_prefilter.candidates(unitsOf(haystack), count, following...) : 0;
 }
 
 /// Returns whether the haystack contains the needle. Accepts haystacks of any length and every needle.
@@ -104,9 +113,9 @@ bool TextSearch::containsAnywhere(QStringView haystack) const
     return false;
 }
 
-inline bool TextSearch::contains(QStringView haystack) const
+/// Returns whether the needle occurs at any of the candidate positions.
+inline bool TextSearch::containsAt(QStringView haystack, quint64 positions) const
 {
-    const quint64 positions = candidatePositions(haystack);
     // Most haystacks are decided here. If the prefilter is enough, there is no branch on its result.
     if (m_isPrefilterEnough || positions == 0)
         return positions != 0;
@@ -128,7 +137,7 @@ int TextSearch::firstIn(const QStringList& texts) const
     const auto text = texts.cbegin();
     for (int row = 0; row < texts.size(); ++row) {
         prefetch(text[std::min(row + prefetchDistance, int(texts.size()) - 1)]);
-        if (contains(text[row]))
+        if (containsAt(text[row], candidatePositions(text[row])))
             return row;
     }
     return -1;
@@ -137,16 +146,21 @@ int TextSearch::firstIn(const QStringList& texts) const
 TextSearch::Found TextSearch::allIn(const QStringList& texts, int first, int end) const
 {
     const auto text = texts.cbegin();
-    Found found{m_text, QVector<int>(end - first), {}, 0};
+    Found found{m_text, QVector<int>(end - first), QVector<FollowingUnits>(end - first), {}, 0};
     int* const rows = found.rows.data();
+    FollowingUnits* const following = found.following.data();
     int count = 0;
     for (int row = first; row < end; ++row) {
         prefetch(text[std::min(row + prefetchDistance, end - 1)]);
-        rows[count] = row; // The next row overwrites it unless it is counted.
-        count += contains(text[row]);
+        // The next row overwrites these unless they are counted.
+        rows[count] = row;
+        following[count] = {};
+        count += containsAt(text[row], candidatePositions(text[row], following[count]));
     }
     found.rows.resize(count);
     found.rows.squeeze();
+    found.following.resize(count);
+    found.following.squeeze();
     return found;
 }
 
@@ -161,24 +175,47 @@ struct TextSearch::Survivors
 TextSearch::Found TextSearch::allAmong(const Found& candidates, const QStringList& texts) const
 {
     const LookAheadFilter filter = filterFor(candidates);
-    Found found{m_text, {}, {}, filter.start()};
-    found.rows.reserve(candidates.rows.size());
-    found.lookAheads.reserve(candidates.rows.size());
+    const QVector<int> rows = possibleAmong(candidates);
+    Found found{m_text, {}, {}, {}, filter.start()};
+    found.rows.reserve(rows.size());
+    found.lookAheads.reserve(rows.size());
     Survivors survivors;
-    for (int first = 0; first < candidates.rows.size(); first += blockSize) {
-        prefilterBlock(survivors, candidates.rows, first, texts, filter);
-        verifyBlock(survivors, candidates.rows, texts, filter, found);
+    for (int first = 0; first < rows.size(); first += blockSize) {
+        prefilterBlock(survivors, rows, first, texts, filter);
+        verifyBlock(survivors, rows, texts, filter, found);
     }
     found.rows.squeeze();
     found.lookAheads.squeeze();
     return found;
 }
 
+/// Returns whether the needle is one of the candidates with more code units behind it.
+bool TextSearch::continues(const Found& candidates) const
+{
+    return m_units.size() > candidates.needle.size() && m_text.startsWith(candidates.needle, m_caseSensitivity);
+}
+
+/// Returns the rows of the candidates, without most in which no occurrence of their needle is followed by the next code
+/// unit of this one.
+QVector<int> TextSearch::possibleAmong(const Found& candidates) const
+{
+    if (candidates.following.isEmpty() || !continues(candidates))
+        return candidates.rows;
+    const UnitPattern next(m_folding.equivalentsOf(m_units.at(candidates.needle.size())));
+    QVector<int> rows(candidates.rows.size());
+    int* possible = rows.data();
+    for (int i = 0; i < rows.size(); ++i) {
+        *possible = candidates.rows.at(i); // The next row overwrites it unless it is counted.
+        possible += candidates.following.at(i).mayMatch(next);
+    }
+    rows.resize(int(possible - rows.constData()));
+    return rows;
+}
+
 LookAheadFilter TextSearch::filterFor(const Found& candidates) const
 {
-    const bool isUsable = !candidates.lookAheads.isEmpty() && m_units.size() > candidates.needle.size()
-                          && m_units.size() <= candidates.lookAheadStart + LookAhead::capacity
-                          && m_text.startsWith(candidates.needle, m_caseSensitivity);
+    const bool isUsable = !candidates.lookAheads.isEmpty() && continues(candidates)
+                          && m_units.size() <= candidates.lookAheadStart + LookAhead::capacity;
     if (!isUsable)
         return {int(m_text.size()), m_folding};
     return {candidates.lookAheads, candidates.lookAheadStart, m_units, int(candidates.needle.size()), m_folding};

@@ -30,20 +30,22 @@ public:
     {
         QString needle;
         QVector<int> rows; ///< indexes into the texts, from 0, in ascending order
+        /// The code units behind the needle in each of `rows`, or empty.
+        QVector<FollowingUnits> following;
         /// The look-ahead of each of `rows`, or empty.
         QVector<LookAhead> lookAheads;
         int lookAheadStart = 0; ///< offset in the needle at which the look-aheads start
 
-        /// Removes the look-aheads. Must be called when the rows or their texts change. The next search then reads the
-        /// texts again.
-        void forgetLookAheads() { lookAheads.clear(); }
-        /// Returns the size of the rows and the look-aheads in bytes.
+        /// Removes the following code units and the look-aheads. Must be called when the rows or their texts change.
+        /// The next search then reads the texts again.
+        void forgetLookAheads();
+        /// Returns the size of the vectors in bytes.
         qint64 byteCount() const;
     };
 
     /// Returns the index of the first of `texts` that contains the needle, or -1 if none does.
     int firstIn(const QStringList& texts) const;
-    /// Returns the texts in the index range [`first`, `end`) that contain the needle. The result has no look-aheads.
+    /// Returns the texts in the index range [`first`, `end`) that contain the needle, with the code units behind it.
     Found allIn(const QStringList& texts, int first, int end) const;
     /// Returns the candidates that contain the needle. Reads hardly any text if `candidates` has look-aheads from a
     /// search in the same texts, with the same case sensitivity, for a needle that this one starts with.
@@ -52,12 +54,15 @@ public:
 private:
     struct Survivors;
 
-    bool contains(QStringView haystack) const;
     bool containsAnywhere(QStringView haystack) const;
-    quint64 candidatePositions(QStringView haystack) const;
+    template <typename... Following>
+    quint64 candidatePositions(QStringView haystack, Following&... following) const;
+    bool containsAt(QStringView haystack, quint64 positions) const;
     bool anyMatches(const char16_t* haystack, quint64 positions) const;
     bool matchesAt(const char16_t* position) const;
     bool verify(QStringView haystack, quint64 positions, int lookAheadStart, LookAhead& lookAhead) const;
+    bool continues(const Found& candidates) const;
+    QVector<int> possibleAmong(const Found& candidates) const;
     LookAheadFilter filterFor(const Found& candidates) const;
     void prefilterBlock(Survivors& survivors, const QVector<int>& rows, int first, const QStringList& texts,
                         const LookAheadFilter& filter) const;

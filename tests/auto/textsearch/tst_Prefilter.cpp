@@ -7,6 +7,7 @@
 
 #include <random>
 
+using zelmar::internal::FollowingUnits;
 using zelmar::internal::Prefilter;
 using zelmar::internal::UnitPattern;
 
@@ -19,6 +20,7 @@ private Q_SLOTS:
     void coversCodeUnits();
     void marksCandidates_data();
     void marksCandidates();
+    void knowsWhatFollows();
 };
 
 void tst_Prefilter::coversCodeUnits_data()
@@ -78,7 +80,38 @@ void tst_Prefilter::marksCandidates()
             expected |= quint64(isCandidate) << i;
         }
         QCOMPARE(prefilter.candidates(haystack.data(), count), expected);
+        FollowingUnits following;
+        QCOMPARE(prefilter.candidates(haystack.data(), count, following), expected);
+        for (int i = 0; i < count - 1; ++i) {
+            const char16_t unit = haystack[std::size_t(i) + std::size_t(secondOffset) + 1];
+            QVERIFY((expected >> i & 1) == 0 || following.mayMatch(UnitPattern({unit})));
+        }
     }
+}
+
+void tst_Prefilter::knowsWhatFollows()
+{
+    const UnitPattern a({u'a'});
+    const QString haystack = QStringLiteral("ab__________ac_a");
+    FollowingUnits following;
+    Prefilter(0, a, 0, a).candidates(reinterpret_cast<const char16_t*>(haystack.utf16()), haystack.size(), following);
+    QVERIFY(following.mayMatch(UnitPattern({u'b'})));
+    QVERIFY(following.mayMatch(UnitPattern({u'c'})));
+    QVERIFY(following.mayMatch(UnitPattern({u'C', u'c'})));
+#ifdef ZELMAR_TEXTSEARCH_SSE2
+    QCOMPARE(int(following.inAny), 'b' | 'c');
+    QCOMPARE(int(following.inAll), 'b' & 'c');
+    QVERIFY(!following.mayMatch(UnitPattern({u'd'})));
+    QVERIFY(!following.mayMatch(UnitPattern({u'_'})));
+#endif
+    // Without a candidate that something follows, nothing may follow; a short haystack tells nothing.
+    Prefilter(0, a, 0, a).candidates(u"_________a", 10, following);
+#ifdef ZELMAR_TEXTSEARCH_SSE2
+    QVERIFY(!following.mayMatch(UnitPattern({u'b'})));
+#endif
+    following = {};
+    Prefilter(0, a, 0, a).candidates(u"ab", 2, following);
+    QVERIFY(following.mayMatch(UnitPattern({u'd'})));
 }
 
 CORE_TEST_MAIN(tst_Prefilter)
