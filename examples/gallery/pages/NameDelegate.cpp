@@ -9,6 +9,7 @@
 #include <QLineEdit>
 #include <QSignalBlocker>
 
+#include <limits>
 #include <memory>
 #include <utility>
 
@@ -53,6 +54,7 @@ QWidget* NameDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&
     if (!names)
         return TableDelegate::createEditor(parent, option, index);
     box->setListModel(names, true, QCompleter::PopupCompletion, Qt::CaseInsensitive, Qt::ElideRight, Qt::MatchContains);
+    box->lineEdit()->setMaxLength(std::numeric_limits<int>::max()); // by default it would cut long texts
     box->setAccessibleName(index.model()->headerData(index.column(), Qt::Horizontal).toString());
     connect(box.get(), SIGNAL(selectionComplete()), this, SLOT(commit()));
     connect(box.get(), SIGNAL(editingCanceled()), this, SLOT(revert()));

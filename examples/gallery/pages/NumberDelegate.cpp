@@ -4,6 +4,7 @@
 
 #include <QLineEdit>
 #include <QLocale>
+#include <QtNumeric>
 
 #include <utility>
 
@@ -15,7 +16,8 @@ namespace {
 
 const int mostDigits = 12;
 
-/// A number field that shows the number of a cell as it is written there.
+/// A number field that shows the number of a cell as it is written there, and remembers what the user has typed: when
+/// the field loses the keyboard, it replaces the text by that of the nearest value.
 class CellField : public QScientificSpinBox
 {
 public:
@@ -24,27 +26,39 @@ public:
     {
         setDecimals(mostDigits);
         setFrame(false);
+        setAutoFillBackground(true); // because the cell is drawn below
+        connect(lineEdit(), &QLineEdit::textEdited, this,
+                [this](const QString& text) { m_typedText = text.trimmed(); });
     }
 
     void setCellText(const QString& text)
     {
+        const double value = QLocale::c().toDouble(text); // 0 if the cell is empty
         m_cellText = text;
-        m_cellValue = QLocale::c().toDouble(text); // 0 if the cell is empty
+        m_cellValue = qIsFinite(value) ? value : 0;
+        m_typedText = text.trimmed();
         setValue(m_cellValue);
         lineEdit()->setText(text);
     }
     [[nodiscard]] const QString& cellText() const { return m_cellText; }
-    [[nodiscard]] QString typedText() const { return cleanText().trimmed(); }
-    [[nodiscard]] bool isTyped() const { return lineEdit()->isModified(); }
+    /// Returns what the user has typed, or a null text if the user has stepped to another value since.
+    [[nodiscard]] const QString& typedText() const { return m_typedText; }
 
     [[nodiscard]] QString textFromValue(double value) const override
     {
         return value == m_cellValue ? m_cellText : QScientificSpinBox::textFromValue(value);
     }
 
+    void stepBy(int steps) override
+    {
+        QScientificSpinBox::stepBy(steps);
+        m_typedText = value() == m_cellValue ? m_cellText.trimmed() : QString();
+    }
+
 private:
     QString m_cellText;
     double m_cellValue = 0;
+    QString m_typedText;
 };
 
 /// Returns whether other programs can read the text as a number.
@@ -65,11 +79,11 @@ QString shortestText(double value)
 /// Returns the text to store.
 QString numberText(const CellField& field)
 {
-    const QString typed = field.typedText();
+    const QString& typed = field.typedText();
+    if (typed.isNull()) // after steps, whose number may have more digits than are shown
+        return shortestText(field.value());
     if (typed == field.cellText().trimmed())
         return field.cellText();
-    if (!field.isTyped()) // but a number after steps, which may have more digits than are shown
-        return shortestText(field.value());
     return typed.isEmpty() || isPlainNumber(typed) ? typed : shortestText(field.valueFromText(typed));
 }
 

@@ -3,11 +3,16 @@
 #include "TableModel.h"
 
 #include <QKeyEvent>
+#include <QLineEdit>
+
+#include <limits>
 
 namespace gallery {
 
 CellStep stepOfKey(const QKeyEvent& key)
 {
+    if (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier))
+        return {};
     switch (key.key()) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
@@ -34,6 +39,8 @@ QWidget* TableDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem
     QWidget* const editor = QStyledItemDelegate::createEditor(parent, option, index);
     if (editor)
         editor->setAccessibleName(index.model()->headerData(index.column(), Qt::Horizontal).toString());
+    if (auto* field = qobject_cast<QLineEdit*>(editor))
+        field->setMaxLength(std::numeric_limits<int>::max()); // by default it would cut long texts
     return editor;
 }
 

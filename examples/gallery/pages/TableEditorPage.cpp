@@ -115,6 +115,7 @@ TableEditorPage::TableEditorPage()
     m_view->setCellDelegate(*delegate);
     connect(delegate, &TableDelegate::textTaken, m_refusal, &QLabel::hide);
     connect(delegate, &TableDelegate::textRefused, this, &TableEditorPage::showRefusal);
+    connect(m_model, &TableModel::dataChanged, m_refusal, &QLabel::hide);
     addWidgets();
     connectWidgets();
     updateActions();
@@ -251,6 +252,7 @@ bool TableEditorPage::mayReplaceTable(const Next& next)
 void TableEditorPage::startLoading(const QString& path)
 {
     m_loadingPath = path;
+    m_refusal->hide();
     m_loadBar->start(QFileInfo(path).fileName());
     m_statusLine->setCurrentWidget(m_loadBar);
     // Not an override cursor, because loading may end while a dialog has its own entry on the override cursor stack.
@@ -402,6 +404,9 @@ void TableEditorPage::startSaving(const TableTarget& target)
 {
     m_savingTarget = target;
     m_savingState = m_model->state();
+    m_refusal->hide();
+    if (m_view->isVisible())
+        m_view->setFocus(); // because the button that was pressed is disabled meanwhile
     m_worker->save(*m_model->document(), target.path, *target.format);
     updateActions();
     showFacts();

@@ -105,6 +105,12 @@ private Q_SLOTS:
     void editsNumbers();
     void keepsATextThatIsNoNumber();
     void tellsWhatIsNoNumberWhenTheEditorIsLeft();
+    void storesWhatWasTypedWhenLeft_data();
+    void storesWhatWasTypedWhenLeft();
+    void keepsWhatIsNoFiniteNumber();
+    void keepsLongTexts_data();
+    void keepsLongTexts();
+    void keepsTheKeyboardWhenSavedByButton();
     void showsTheCurrentRow();
     void goesToARow();
     void stepsByRowsAndPages();
@@ -827,8 +833,85 @@ void tst_TableEditing::tellsWhatIsNoNumberWhenTheEditorIsLeft()
     QTRY_VERIFY(!view().indexWidget(table().index(0, 2)));
     QCOMPARE(text(0, 2), QString("1.50"));
     QVERIFY(shows("\"12e\" is no number"));
-    edit(0, 2, "12");
+    edit(0, 1, "any");
     QVERIFY(!shows("is no number"));
+}
+
+/// A field that loses the keyboard shows the text of its value, which is not what was typed.
+void tst_TableEditing::storesWhatWasTypedWhenLeft_data()
+{
+    QTest::addColumn<QString>("typed");
+    QTest::newRow("more digits than are shown") << "0.12345678901234567";
+    QTest::newRow("with its zeros") << "2.50";
+    QTest::newRow("nothing") << "";
+}
+
+void tst_TableEditing::storesWhatWasTypedWhenLeft()
+{
+    QFETCH(QString, typed);
+    go(0, 2);
+    press(Qt::Key_F2);
+    press(Qt::Key_Backspace);
+    type(typed);
+    auto* const field = qobject_cast<QDoubleSpinBox*>(view().indexWidget(table().index(0, 2)));
+    QVERIFY(field);
+    field->interpretText();
+    rowField().setFocus();
+    QTRY_VERIFY(!view().indexWidget(table().index(0, 2)));
+    QCOMPARE(text(0, 2), typed);
+}
+
+void tst_TableEditing::keepsWhatIsNoFiniteNumber()
+{
+    const QStringList texts{"inf", "-inf", "nan", "1e999", "n/a"};
+    // Every second of 2000 rows determines the kind of the column.
+    open("limits.csv", "a\n1\n" + texts.join("\n1\n").toUtf8() + "\n" + QByteArray("1\n").repeated(1990));
+    for (const QString& text : texts) {
+        const QModelIndex cell = table().index(2 * int(texts.indexOf(text)) + 1, 0);
+        QCOMPARE(cell.data().toString(), text);
+        go(cell.row(), 0);
+        press(Qt::Key_F2);
+        QVERIFY(qobject_cast<QDoubleSpinBox*>(view().indexWidget(cell)));
+        press(Qt::Key_Return);
+        QTRY_VERIFY(!view().indexWidget(cell));
+        go(cell.row(), 0);
+        press(Qt::Key_F2);
+        rowField().setFocus();
+        QTRY_VERIFY(!view().indexWidget(cell));
+        QCOMPARE(cell.data().toString(), text);
+        takeKeyboardFocus(view());
+    }
+    QVERIFY(!isEdited());
+}
+
+void tst_TableEditing::keepsLongTexts_data()
+{
+    QTest::addColumn<QByteArray>("header");
+    QTest::newRow("completed") << QByteArray("a\n");
+    QTest::newRow("not completed") << QByteArray("a\n1\n");
+}
+
+void tst_TableEditing::keepsLongTexts()
+{
+    QFETCH(QByteArray, header);
+    open("long.csv", header + QByteArray(40000, 'x') + "\n");
+    const int row = table().rowCount() - 1;
+    go(row, 0);
+    press(Qt::Key_F2);
+    press(Qt::Key_End);
+    press(Qt::Key_Backspace);
+    press(Qt::Key_Return);
+    QTRY_COMPARE(text(row, 0).size(), 39999);
+}
+
+/// The button is disabled while the table is saved.
+void tst_TableEditing::keepsTheKeyboardWhenSavedByButton()
+{
+    edit(0, 0, "new");
+    button("&Save").setFocus();
+    QTest::keyClick(&button("&Save"), Qt::Key_Space);
+    QTRY_COMPARE(contents("table.csv").left(30), QByteArray(sample).replace("first", "new").left(30));
+    QVERIFY(view().hasFocus());
 }
 
 // Rows
