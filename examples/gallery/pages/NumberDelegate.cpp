@@ -16,8 +16,8 @@ namespace {
 
 const int mostDigits = 12;
 
-/// A number field that shows the number of a cell as it is written there, and remembers what the user has typed: when
-/// the field loses the keyboard, it replaces the text by that of the nearest value.
+/// A number field that shows the number of a cell as it is written there, and what the user has typed: a field that
+/// loses the keyboard would replace it by the text of the nearest value.
 class CellField : public QScientificSpinBox
 {
 public:
@@ -53,6 +53,14 @@ public:
     {
         QScientificSpinBox::stepBy(steps);
         m_typedText = value() == m_cellValue ? m_cellText.trimmed() : QString();
+    }
+
+protected:
+    void focusOutEvent(QFocusEvent* event) override
+    {
+        QScientificSpinBox::focusOutEvent(event);
+        if (!m_typedText.isNull())
+            lineEdit()->setText(m_typedText);
     }
 
 private:

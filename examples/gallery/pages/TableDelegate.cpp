@@ -9,6 +9,19 @@
 
 namespace gallery {
 
+namespace {
+
+/// Returns whether the event takes the keyboard only until a menu is closed.
+bool isForMenu(const QEvent& event)
+{
+    if (event.type() != QEvent::FocusOut)
+        return false;
+    const Qt::FocusReason reason = static_cast<const QFocusEvent&>(event).reason();
+    return reason == Qt::MenuBarFocusReason || reason == Qt::PopupFocusReason;
+}
+
+} // namespace
+
 CellStep stepOfKey(const QKeyEvent& key)
 {
     if (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier))
@@ -65,6 +78,8 @@ bool TableDelegate::accepts(const QWidget& editor) const
 
 bool TableDelegate::eventFilter(QObject* object, QEvent* event)
 {
+    if (isForMenu(*event)) // Qt would close the editor, and nothing would have the keyboard after the menu.
+        return false;
     const CellStep step = event->type() == QEvent::KeyPress ? stepOfKey(*static_cast<QKeyEvent*>(event)) : CellStep();
     if (step.rows == 0 && step.columns == 0)
         return QStyledItemDelegate::eventFilter(object, event);

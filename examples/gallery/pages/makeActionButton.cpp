@@ -20,6 +20,7 @@ void showAction(QPushButton& button, const QAction& action)
 QPushButton* makeActionButton(QAction& action)
 {
     auto* button = new QPushButton;
+    button->setFocusPolicy(Qt::TabFocus); // A click takes nothing from a cell that is being edited.
     showAction(*button, action);
     QObject::connect(&action, &QAction::changed, button, [button, &action] { showAction(*button, action); });
     QObject::connect(button, &QPushButton::clicked, &action, &QAction::trigger);
