@@ -89,7 +89,6 @@ void tst_TableFormat::readsFiles_data()
     } rows[] = {
         {"empty file", "", {{}}},
         {"only a mark", "\xEF\xBB\xBF", {{}}},
-        {"only a header", "a,b\n", {{"a", "b"}}},
         {"LF", "a,b\n1,2\n3,4\n", {{"a", "b"}, {"1", "2"}, {"3", "4"}}},
         {"mixed line ends, the last missing", "a,b\r1,2\n3,4\r\n5,6", {{"a", "b"}, {"1", "2"}, {"3", "4"}, {"5", "6"}}},
         {"last cell empty, no line end", "a,b\n1,", {{"a", "b"}, {"1", ""}}},

@@ -7,6 +7,9 @@
 #include <QTest>
 #include <QThread>
 
+#include <algorithm>
+#include <functional>
+
 using namespace gallery;
 
 class tst_TableWorker : public QObject
@@ -64,7 +67,7 @@ void tst_TableWorker::loads()
     QVERIFY(m_worker->isLoading());
     QTRY_COMPARE_WITH_TIMEOUT(m_loaded, QStringList{"2000000"}, Deadline);
     QVERIFY(m_percents.size() > 10);
-    QVERIFY(std::is_sorted(m_percents.begin(), m_percents.end(), std::less_equal<int>()));
+    QVERIFY(std::is_sorted(m_percents.begin(), m_percents.end(), std::less_equal<>()));
     QCOMPARE(m_percents.last(), 100);
 }
 
