@@ -17,10 +17,17 @@ UnitPattern::UnitPattern(const std::vector<char16_t>& units)
     isExact = units.size() == std::size_t(1) << qPopulationCount(differing);
 }
 
-/// Searches a haystack that is too short for vectors. Not inline, because it would use registers that the others need.
-quint64 Prefilter::candidatesInShort(const char16_t* haystack, int count) const
+quint64 Prefilter::candidatesOneByOne(const char16_t* haystack, int count, FollowingUnits& following) const
 {
-    return candidates(haystack, count);
+    const quint64 candidates = candidatesOneByOne(haystack, count);
+    following = {0, 0xffff};
+    const quint64 last = quint64(1) << (count - 1); // where the needle may end at the end of the haystack
+    for (quint64 rest = candidates & ~last; rest != 0; rest &= rest - 1) {
+        const char16_t unit = haystack[int(qCountTrailingZeroBits(rest)) + m_secondOffset + 1];
+        following.inAny |= unit;
+        following.inAll &= unit;
+    }
+    return candidates;
 }
 
 } // namespace zelmar::internal

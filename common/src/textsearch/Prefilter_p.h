@@ -69,13 +69,15 @@ public:
     /// Returns a bit mask of the positions below `count` at which both patterns match; bit 0 is the start of
     /// `haystack`. `count` is at most maxPositions. Reads the haystack up to the last position plus the larger offset.
     quint64 candidates(const char16_t* haystack, int count) const;
-    /// Does the same. Also sets `following` to the code units that follow the needle at the candidates before the last
-    /// position, or leaves it as it is where that would cost too much. The second offset must be the needle's last.
+    /// Does the same for a `count` of at least 1. Also sets `following` to the code units that follow the needle at the
+    /// candidates before the last position. The second offset must be the needle's last.
     quint64 candidates(const char16_t* haystack, int count, FollowingUnits& following) const;
 
 private:
     quint64 candidatesOneByOne(const char16_t* haystack, int count) const;
-    COMMON_UI_QT_INTERNAL_EXPORT quint64 candidatesInShort(const char16_t* haystack, int count) const;
+    /// Not inline, because it would use registers that the vectors need.
+    COMMON_UI_QT_INTERNAL_EXPORT quint64 candidatesOneByOne(const char16_t* haystack, int count,
+                                                            FollowingUnits& following) const;
 #ifdef ZELMAR_TEXTSEARCH_SSE2
     static constexpr int blockSize = 8;
     __m128i matchesInBlock(const char16_t* block) const;
@@ -147,7 +149,7 @@ inline quint64 Prefilter::candidates(const char16_t* haystack, int count, Follow
 {
     const int followed = count - 1; // At the last position, the needle may end where the haystack ends.
     if (followed < blockSize)
-        return candidatesInShort(haystack, count);
+        return candidatesOneByOne(haystack, count, following);
     __m128i inAny = _mm_setzero_si128();
     __m128i lacking = _mm_setzero_si128();
     quint64 candidates = bitsOf(matchesInBlock(haystack + count - blockSize)) << (count - blockSize);
@@ -178,8 +180,7 @@ inline quint64 Prefilter::candidates(const char16_t* haystack, int count) const
 
 inline quint64 Prefilter::candidates(const char16_t* haystack, int count, FollowingUnits& following) const
 {
-    Q_UNUSED(following) // Without vectors, to find them costs as much as they save.
-    return candidatesOneByOne(haystack, count);
+    return candidatesOneByOne(haystack, count, following);
 }
 
 #endif

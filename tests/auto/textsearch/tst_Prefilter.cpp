@@ -81,7 +81,8 @@ void tst_Prefilter::marksCandidates()
         }
         QCOMPARE(prefilter.candidates(haystack.data(), count), expected);
         FollowingUnits following;
-        QCOMPARE(prefilter.candidates(haystack.data(), count, following), expected);
+        if (count > 0)
+            QCOMPARE(prefilter.candidates(haystack.data(), count, following), expected);
         for (int i = 0; i < count - 1; ++i) {
             const char16_t unit = haystack[std::size_t(i) + std::size_t(secondOffset) + 1];
             QVERIFY((expected >> i & 1) == 0 || following.mayMatch(UnitPattern({unit})));
@@ -98,20 +99,16 @@ void tst_Prefilter::knowsWhatFollows()
     QVERIFY(following.mayMatch(UnitPattern({u'b'})));
     QVERIFY(following.mayMatch(UnitPattern({u'c'})));
     QVERIFY(following.mayMatch(UnitPattern({u'C', u'c'})));
-#ifdef ZELMAR_TEXTSEARCH_SSE2
-    QCOMPARE(int(following.inAny), 'b' | 'c');
-    QCOMPARE(int(following.inAll), 'b' & 'c');
     QVERIFY(!following.mayMatch(UnitPattern({u'd'})));
     QVERIFY(!following.mayMatch(UnitPattern({u'_'})));
-#endif
-    // Without a candidate that something follows, nothing may follow; a short haystack tells nothing.
-    Prefilter(0, a, 0, a).candidates(u"_________a", 10, following);
-#ifdef ZELMAR_TEXTSEARCH_SSE2
-    QVERIFY(!following.mayMatch(UnitPattern({u'b'})));
-#endif
-    following = {};
-    Prefilter(0, a, 0, a).candidates(u"ab", 2, following);
-    QVERIFY(following.mayMatch(UnitPattern({u'd'})));
+    QCOMPARE(int(following.inAny), 'b' | 'c');
+    QCOMPARE(int(following.inAll), 'b' & 'c');
+    for (const QString& nothingFollows : {QStringLiteral("_________a"), QStringLiteral("_a")}) {
+        following = {};
+        Prefilter(0, a, 0, a)
+            .candidates(reinterpret_cast<const char16_t*>(nothingFollows.utf16()), nothingFollows.size(), following);
+        QVERIFY(!following.mayMatch(UnitPattern({u'b'})));
+    }
 }
 
 CORE_TEST_MAIN(tst_Prefilter)
