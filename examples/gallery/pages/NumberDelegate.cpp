@@ -6,6 +6,7 @@
 #include <QLocale>
 #include <QtNumeric>
 
+#include <optional>
 #include <utility>
 
 using zelmar::ui::QScientificSpinBox;
@@ -41,8 +42,8 @@ public:
         lineEdit()->setText(text);
     }
     [[nodiscard]] const QString& cellText() const { return m_cellText; }
-    /// Returns what the user has typed, or a null text if the user has stepped to another value since.
-    [[nodiscard]] const QString& typedText() const { return m_typedText; }
+    /// Returns what the user has typed, or nothing if the user has stepped to another value since.
+    [[nodiscard]] const std::optional<QString>& typedText() const { return m_typedText; }
 
     [[nodiscard]] QString textFromValue(double value) const override
     {
@@ -52,21 +53,23 @@ public:
     void stepBy(int steps) override
     {
         QScientificSpinBox::stepBy(steps);
-        m_typedText = value() == m_cellValue ? m_cellText.trimmed() : QString();
+        m_typedText.reset();
+        if (value() == m_cellValue)
+            m_typedText = m_cellText.trimmed();
     }
 
 protected:
     void focusOutEvent(QFocusEvent* event) override
     {
         QScientificSpinBox::focusOutEvent(event);
-        if (!m_typedText.isNull())
-            lineEdit()->setText(m_typedText);
+        if (m_typedText)
+            lineEdit()->setText(*m_typedText);
     }
 
 private:
     QString m_cellText;
     double m_cellValue = 0;
-    QString m_typedText;
+    std::optional<QString> m_typedText;
 };
 
 /// Returns whether other programs can read the text as a number.
@@ -87,9 +90,9 @@ QString shortestText(double value)
 /// Returns the text to store.
 QString numberText(const CellField& field)
 {
-    const QString& typed = field.typedText();
-    if (typed.isNull()) // after steps, whose number may have more digits than are shown
+    if (!field.typedText()) // after steps, whose number may have more digits than are shown
         return shortestText(field.value());
+    const QString& typed = *field.typedText();
     if (typed == field.cellText().trimmed())
         return field.cellText();
     return typed.isEmpty() || isPlainNumber(typed) ? typed : shortestText(field.valueFromText(typed));
@@ -140,7 +143,7 @@ QString NumberDelegate::refusedText(const QWidget& editor) const
     const auto* field = dynamic_cast<const CellField*>(&editor);
     if (!field)
         return NameDelegate::refusedText(editor);
-    QString typed = field->typedText();
+    QString typed = field->typedText().value_or(QString());
     int cursor = 0;
     const bool isStored = typed.isEmpty() || typed == field->cellText().trimmed() || isPlainNumber(typed)
                           || field->validate(typed, cursor) == QValidator::Acceptable;

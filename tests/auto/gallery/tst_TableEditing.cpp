@@ -109,6 +109,7 @@ private Q_SLOTS:
     void tellsWhatIsNoNumberWhenTheEditorIsLeft();
     void storesWhatWasTypedWhenLeft_data();
     void storesWhatWasTypedWhenLeft();
+    void keepsAMissingCell();
     void keepsWhatIsNoFiniteNumber();
     void keepsLongTexts_data();
     void keepsLongTexts();
@@ -865,6 +866,18 @@ void tst_TableEditing::storesWhatWasTypedWhenLeft()
     rowField().setFocus();
     QTRY_VERIFY(!view().indexWidget(table().index(0, 2)));
     QCOMPARE(text(0, 2), typed);
+}
+
+void tst_TableEditing::keepsAMissingCell()
+{
+    open("short.csv", "a,b\n1,2\n3\n");
+    go(1, 1);
+    press(Qt::Key_F2);
+    QVERIFY(qobject_cast<QDoubleSpinBox*>(view().indexWidget(table().index(1, 1))));
+    press(Qt::Key_Return);
+    QTRY_VERIFY(!view().indexWidget(table().index(1, 1)));
+    QCOMPARE(text(1, 1), QString());
+    QVERIFY(!isEdited());
 }
 
 void tst_TableEditing::keepsWhatIsNoFiniteNumber()
