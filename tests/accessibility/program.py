@@ -21,7 +21,7 @@ class Failure(Exception):
     """The program did not do what it was told, so that the walk cannot go on."""
 
 
-def wait_until(what, condition, seconds=15):
+def wait_until(what, condition, seconds=45):
     """Returns the first result of `condition` that is true. Fails if there is none in time."""
     end = time.monotonic() + seconds
     while True:
