@@ -14,7 +14,7 @@ set(compat_QxtLabel_folders QxtWidgets QxtGui QxtCore qxt/QxtWidgets qxt/QxtGui 
 set(compat_ctkCompleter_headers ctkCompleter.h ctkWidgetsExport.h)
 set(compat_ctkCompleter_libraries CTKWidgets)
 set(compat_ctkCompleter_folders ctk CTK)
-set(compat_ctkCompleter_sources NarrowedSource.cpp)  # of the stand-in, besides its own
+set(compat_ctkCompleter_sources NarrowedSource.cpp)  # of the substitute, besides its own
 
 # common_ui_qt_find_class(<class>)
 # Creates the target common_ui_qt::<class> if the library that contains the class is installed.

@@ -2,7 +2,7 @@
 
 #include <QString>
 
-// What differs between Qt 5 and Qt 6. No other source of the library asks for the version.
+// Contains all that differs between Qt 5 and Qt 6. No other source of the library asks for the version.
 
 namespace zelmar::internal {
 

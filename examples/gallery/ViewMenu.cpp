@@ -44,8 +44,7 @@ QVariant setting(const char* key)
     return QSettings().value(QLatin1String(key));
 }
 
-/// Returns the palette with each of its brushes as one of its own. Those that a palette leaves to the application's
-/// would stay dark.
+/// Returns `palette` with each brush set explicitly, so that none falls back to the application's dark palette.
 QPalette withOwnBrushes(QPalette palette)
 {
     for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {

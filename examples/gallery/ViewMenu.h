@@ -6,8 +6,8 @@
 
 namespace gallery {
 
-/// The menu with what changes the look of the whole program: dark colours, the direction of the layout, the language of
-/// the library's texts and, from the next start on, the scale. What the user chooses is kept in the settings; what is
+/// A menu with settings for the look of the whole program: dark colours, the direction of the layout, the language of
+/// the library's texts and, from the next start on, the scale. The choices are stored in the settings. A choice that is
 /// switched back looks as before.
 class ViewMenu : public QMenu
 {
@@ -18,7 +18,7 @@ public:
     explicit ViewMenu(QWidget* parent = nullptr);
     ~ViewMenu() override;
 
-    /// Makes the choices of the settings.
+    /// Applies the stored choices.
     void restore();
 
     /// Uses dark colours for this run of the program.

@@ -21,13 +21,13 @@ std::unique_ptr<QWidget> scrolledPage(std::unique_ptr<GalleryPage> page)
         const QWidget* const focused = QApplication::focusWidget();
         if (!focused || !area->widget()->isAncestorOf(focused))
             return;
-        // Not ensureWidgetVisible(), which shows only the line with the cursor. The beginning goes first.
+        // ensureWidgetVisible() would show only the line with the cursor. The beginning is more important than the end.
         const QRect place(focused->mapTo(area->widget(), QPoint()), focused->size());
         area->ensureVisible(place.right(), place.bottom());
         area->ensureVisible(place.left(), place.top());
     };
     QObject::connect(qApp, &QApplication::focusChanged, area, showFocus);
-    // At the next timer, because the layout of the page follows the scroll bars.
+    // The timer lets the layout of the page follow the scroll bars first.
     QObject::connect(area->verticalScrollBar(), &QScrollBar::rangeChanged, area,
                      [area, showFocus] { QTimer::singleShot(0, area, showFocus); });
     return owner;

@@ -13,7 +13,7 @@ class QMenu;
 class QPushButton;
 class QToolButton;
 
-/// What a user sees in a Qt-drawn file dialog, and the keyboard actions of the user.
+/// The parts of a Qt-drawn file dialog that a user sees, and the actions of the user at the keyboard.
 
 QLineEdit& fileNameEdit(QFileDialog& dialog);
 QComboBox& fileTypeCombo(QFileDialog& dialog);

@@ -3,8 +3,8 @@
 #include <QAbstractListModel>
 #include <QStringList>
 
-/// A list that shows its texts in batches, as its viewers ask for more. Rows are put in, changed and taken away among
-/// those that are shown.
+/// A list model that has its rows in batches, each added by fetchMore(). Rows can be inserted, changed and removed
+/// among those that it has already.
 class LazyList : public QAbstractListModel
 {
 public:
@@ -15,8 +15,8 @@ public:
     }
 
     int rowCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : m_shown; }
-    /// Returns an invalid variant for an invalid index, which QCompleter asks for when rows go while it is told of
-    /// others.
+    /// Returns an invalid variant for an invalid index, for which QCompleter asks if rows are removed while it handles
+    /// a change of others.
     QVariant data(const QModelIndex& index, int role) const override
     {
         const bool isText = role == Qt::EditRole || role == Qt::DisplayRole;
@@ -36,7 +36,7 @@ public:
         endInsertRows();
     }
 
-    /// Adds texts that are shown only when somebody asks for more.
+    /// Adds texts whose rows only fetchMore() adds.
     void addUnseen(const QStringList& texts) { m_texts += texts; }
 
     bool setData(const QModelIndex& index, const QVariant& value, int role) override
@@ -70,7 +70,7 @@ public:
     }
 
 private:
-    /// Who is told of a change before it is made cannot have more rows fetched.
+    /// Announces a change with `begin`. Receivers of the signals cannot fetch rows before the change is made.
     template <typename Begin>
     void announce(const Begin& begin)
     {

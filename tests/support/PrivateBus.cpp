@@ -37,7 +37,7 @@ PrivateBus::PrivateBus()
     }
     if (m_daemon.readLine().isEmpty())
         return;
-    // Without the identifier of the bus: the library for D-Bus reads the address once, and later tests have other
+    // Omits the identifier of the bus, because the D-Bus library reads the address once, and later tests have other
     // buses.
     m_address = QStringLiteral("unix:path=%1/bus").arg(runtimeFolder);
     qputenv(addressVariable, m_address.toUtf8());

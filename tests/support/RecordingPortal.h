@@ -41,8 +41,8 @@ public:
         QString path;
     };
 
-    /// How the portal treats calls: it replies with the path of the request, with that of an older portal, which
-    /// chooses the path itself, with an error, or not at all, or answers the request before it replies.
+    /// The ways in which the portal handles calls: it replies with the path of the request, with a path of its own
+    /// choice like an older portal, with an error, or not at all, or it answers the request before it replies.
     enum class Conduct { Replies, ChoosesPath, RepliesWithError, DoesNotReply, AnswersAtOnce };
 
     explicit RecordingPortal(const PrivateBus& bus);

@@ -34,7 +34,7 @@ QList<QUrl> urlsOf(const QStringList& paths)
 
 } // namespace
 
-/// The steps of the test, and the clock that ends what waits for more of them.
+/// The steps of the test, and a timer that ends dialogs that are late.
 class ScriptedDesktop::Script : public QObject
 {
 public:
@@ -94,7 +94,7 @@ public:
     void setDirectory(const QUrl& directory) override;
     QUrl directory() const override { return folder; }
     void selectFile(const QUrl& file) override;
-    QList<QUrl> selectedFiles() const override { return m_desktop.tellsOfPreselection ? m_preselected + files : files; }
+    QList<QUrl> selectedFiles() const override { return m_desktop.reportsPreselection ? m_preselected + files : files; }
     void choose(const QList<QUrl>& chosen)
     {
         m_preselected.clear();
@@ -175,7 +175,7 @@ void ScriptedDesktop::Script::shown(Dialog& dialog)
     if (!step.action)
         return;
     m_awaited = step.name;
-    // Inside the event loop that waits for the dialog, after what the dialog has put off until then itself: no user is
+    // Takes the step in the event loop of the dialog, after the calls that the dialog itself has deferred: no user is
     // faster.
     const auto takeStep = [this, action = step.action] {
         m_awaited.clear();
@@ -184,8 +184,8 @@ void ScriptedDesktop::Script::shown(Dialog& dialog)
     QTimer::singleShot(0, &dialog, [&dialog, takeStep] { QTimer::singleShot(0, &dialog, takeStep); });
 }
 
-/// Rejects what is open for too long: also what only Qt thinks to be open, and what Qt draws while the next step waits
-/// for a dialog of the desktop.
+/// Rejects every dialog that is open beyond the deadline: also one that only Qt regards as open, and one that Qt draws
+/// while the next step waits for a dialog of the desktop.
 void ScriptedDesktop::Script::look()
 {
     const bool waiting = !dialogs.isEmpty() || !m_steps.isEmpty();
@@ -213,7 +213,7 @@ bool ScriptedDesktop::Dialog::show(Qt::WindowFlags /*flags*/, Qt::WindowModality
     isShown = true;
     if (nameFilter.isEmpty())
         nameFilter = options()->initiallySelectedNameFilter();
-    if (m_desktop.tellsOfFiltersOnTheWay)
+    if (m_desktop.reportsFiltersOnTheWay)
         tellOfFilters();
     m_script.shown(*this);
     return true;
@@ -252,7 +252,7 @@ void ScriptedDesktop::Dialog::setDirectory(const QUrl& directory)
 {
     m_script.calls += QStringLiteral("setDirectory ") + directory.toLocalFile();
     folder = directory;
-    if (isShown && m_desktop.tellsOfEveryFolder)
+    if (isShown && m_desktop.reportsEveryFolder)
         Q_EMIT directoryEntered(directory);
 }
 
@@ -266,7 +266,7 @@ void ScriptedDesktop::Dialog::selectNameFilter(const QString& filter)
 {
     m_script.calls += QStringLiteral("selectNameFilter ") + filter;
     nameFilter = filter;
-    if (isShown && m_desktop.tellsOfFiltersOnTheWay)
+    if (isShown && m_desktop.reportsFiltersOnTheWay)
         Q_EMIT filterSelected(filter);
 }
 

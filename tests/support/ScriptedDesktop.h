@@ -6,9 +6,9 @@
 #include <functional>
 #include <memory>
 
-/// A desktop that draws file dialogs itself, in place of the one that the test runs on. While this object lives, Qt
-/// hands it every file dialog that it would hand to a desktop; nothing is on the screen, and the test takes the part of
-/// both the desktop and its user. One at a time; made after the application object.
+/// A replacement for the desktop, which draws file dialogs itself. During its lifetime Qt passes it every file dialog
+/// that it would pass to the desktop. Nothing appears on the screen, and the test acts as the desktop and its user.
+/// Only one may exist at a time, and the application object must exist before it.
 ///
 ///     ScriptedDesktop desktop;
 ///     desktop.onShow("choose a file", [&] {
@@ -18,8 +18,8 @@
 ///     ... // run the dialog
 ///
 /// One step is taken each time that a dialog is shown, inside its event loop. A dialog that is shown more often than
-/// there are steps, or is not closed in time after the last one, is rejected. The end of the desktop fails the test
-/// unless every step was taken, and no dialog was left open or shown once more.
+/// there are steps, or that is not closed in time after the last one, is rejected. The destructor fails the test unless
+/// every step was taken and no dialog was left open or shown once more.
 class ScriptedDesktop
 {
 public:
@@ -29,24 +29,24 @@ public:
     ScriptedDesktop& operator=(const ScriptedDesktop&) = delete;
 
     void onShow(const QString& name, std::function<void()> action);
-    /// A step that leaves it to the program to close the dialog.
+    /// Adds a step that does nothing, because the program closes the dialog itself.
     void onShowDoNothing();
 
-    // In what desktops differ.
+    // Differences between desktops.
 
-    /// Whether dialogs can be shown. If not, Qt draws them after all.
+    /// True if the desktop can show dialogs. Otherwise Qt draws them.
     bool showsDialogs = true;
-    /// Whether a dialog emits filterSelected() also for what the program selects: while it is being shown for each
-    /// filter up to that one, and later for that one.
-    bool tellsOfFiltersOnTheWay = false;
-    /// Whether selectedFiles() names what the program has selected, or only what the user has chosen.
-    bool tellsOfPreselection = true;
-    /// Whether a folder that the program sets is told with directoryEntered(), too.
-    bool tellsOfEveryFolder = false;
+    /// True if a dialog emits filterSelected() also for a filter that the program selects: while it is being shown, for
+    /// each filter up to that one, and later for that one.
+    bool reportsFiltersOnTheWay = false;
+    /// True if selectedFiles() contains what the program has selected, and not only what the user has chosen.
+    bool reportsPreselection = true;
+    /// True if a dialog emits directoryEntered() also for a folder that the program sets.
+    bool reportsEveryFolder = false;
 
-    // What a dialog was asked.
+    // The latest request.
 
-    /// The options that Qt has handed over with the last dialog shown.
+    /// The options that Qt has passed with the dialog that was shown last.
     struct Request
     {
         QString title;
@@ -63,23 +63,23 @@ public:
     };
     Request request;
 
-    /// The calls of all dialogs in order: "show", "hide", "setDirectory /data", "selectFile /data/a.dat",
-    /// "selectNameFilter Data (*.dat)".
+    /// Returns and clears the calls of all dialogs in order: "show", "hide", "setDirectory /data", "selectFile
+    /// /data/a.dat", "selectNameFilter Data (*.dat)".
     QStringList takeCalls();
-    /// How many dialogs there are, shown or not.
+    /// Returns the number of existing dialogs, shown or not.
     int dialogs() const;
-    /// Whether the desktop's window is there.
+    /// Returns whether the desktop's window is visible.
     bool isShown() const;
 
-    // What the user does in the dialog that was made last.
+    // Actions of the user in the dialog that was created last.
 
     void enterFolder(const QString& path);
     void pickFilter(int index);
-    /// Selects files, without accepting them.
+    /// Selects files without accepting the dialog.
     void choose(const QStringList& paths);
-    /// The window stays until Qt hides it.
+    /// Accepts the dialog. Its window stays until Qt hides it.
     void accept();
-    /// The desktop closes its window first, as those do that run in a process of their own.
+    /// Closes the window and then accepts the dialog, as a desktop does whose dialogs run in a process of their own.
     void closeAndAccept();
     void reject();
 

@@ -35,8 +35,8 @@ private:
         return label ? label->text() : QString();
     }
 
-    /// Returns whether the full text is what to say, where the base class would say `own`. As the name, the base class
-    /// knows the text of the buddy label in a form row, which does not tell what the row shows.
+    /// Returns whether text(kind) is the full text instead of `own`, the text of the base class. In a form row the base
+    /// class returns the buddy label's text as the name, which does not tell what the row shows.
     bool isFullText(QAccessible::Text kind, const QString& own) const
     {
         const bool isNamed = !widget()->accessibleName().isEmpty();

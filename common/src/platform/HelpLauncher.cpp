@@ -66,7 +66,7 @@ void HelpLauncher::showHelp(const std::string& topic)
 void HelpLauncher::openTopic(const std::string& topic) const
 {
     if (m_baseUrl.isEmpty()) {
-        qWarning("No place of help pages is set: cannot show the help topic %s", topic.c_str());
+        qWarning("No base URL is set: cannot show the help topic %s", topic.c_str());
         return;
     }
     const QUrl url = topicUrl(m_baseUrl, QString::fromStdString(topic));

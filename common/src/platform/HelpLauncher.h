@@ -35,7 +35,8 @@ public:
     void setBaseUrl(const QUrl& url);
 
     /// Replaces the handler. The default one opens the topic's URL with QDesktopServices. An empty function restores
-    /// the default handler.
+    /// the default handler. A handler that is called for a Help button must not throw, because no exception may pass
+    /// through Qt's event loop.
     void setHandler(Handler handler);
 
     /// Shows `topic` (UTF-8). For the default handler a topic is a path below the base URL with '/' as separator,

@@ -14,9 +14,9 @@ namespace zelmar {
 ///     zelmar::installTranslations();
 ///
 /// Texts that are on the screen already stay as they are. The translation stays installed until the function is called
-/// again or the application object is destroyed, which owns it. A translator that the application installs later goes
-/// first; the context of the library's texts is "common_ui_qt". Does not translate the texts of Qt itself (the files
-/// qtbase_*.qm), and not those of DefaultSaveFileMessageHandler; see TranslatedSaveFileMessageHandler.
+/// again or the application object is destroyed, which owns it. A translator that the application installs later
+/// takes precedence; the context of the library's texts is "common_ui_qt". Does not translate the texts of Qt itself
+/// (the files qtbase_*.qm), nor those of DefaultSaveFileMessageHandler; see TranslatedSaveFileMessageHandler.
 ///
 /// GUI thread only, with a running QCoreApplication.
 COMMON_UI_QT_EXPORT bool installTranslations(const QLocale& locale = QLocale());

@@ -30,7 +30,7 @@ struct ShownControl
     bool visible = true;
 };
 
-/// What a file dialog has shown when it opened. Texts are as the user would see them.
+/// A record of what a file dialog showed when it opened. Texts are as the user would see them.
 struct ShownFileDialog
 {
     enum class Kind { Native, DrawnByQt };
@@ -81,7 +81,7 @@ COMMON_UI_QT_TESTING_EXPORT QString describe(const ShownFileDialog& dialog);
 COMMON_UI_QT_TESTING_EXPORT QString describe(const ShownQuestion& question);
 
 /// Print the description. QtTest calls toString() for an operand of QCOMPARE(), and Catch2 and googletest use the
-/// standard stream.
+/// standard stream. The caller of toString() frees the text with delete[], as QtTest does.
 COMMON_UI_QT_TESTING_EXPORT QDebug operator<<(QDebug debug, const ShownControl& control);
 COMMON_UI_QT_TESTING_EXPORT QDebug operator<<(QDebug debug, const ShownFileDialog& dialog);
 COMMON_UI_QT_TESTING_EXPORT QDebug operator<<(QDebug debug, const ShownQuestion& question);

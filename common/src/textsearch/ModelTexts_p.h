@@ -77,7 +77,7 @@ public:
     const Change* changeSince(quint64 generation) const;
 
 Q_SIGNALS:
-    /// Emitted before rows are inserted, removed or moved. changed() follows.
+    /// Emitted before rows or columns change, the layout changes or the model is reset. changed() follows.
     void aboutToChange();
     /// Emitted when the texts may have a new generation. Slots may delete the model.
     void changed();
@@ -130,8 +130,9 @@ private:
     quint64 m_generationBefore = 0;
     Change m_lastChange;
 
-    /// How far rows may have moved since all texts were read: the numbers of the rows from m_firstMoved on have
-    /// decreased by at most m_movedUp or increased by at most m_movedDown. Late signals carry the former row numbers.
+    /// The greatest distances by which rows may have moved since all texts were read: the numbers of the rows from
+    /// m_firstMoved on have decreased by at most m_movedUp or increased by at most m_movedDown. Late signals carry the
+    /// former row numbers.
     int m_firstMoved = 0;
     int m_movedUp = 0;
     int m_movedDown = 0;

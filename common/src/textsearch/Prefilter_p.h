@@ -75,7 +75,7 @@ public:
 
 private:
     quint64 candidatesOneByOne(const char16_t* haystack, int count) const;
-    /// Not inline, because it would use registers that the vectors need.
+    /// It is not inline, because it would use registers that the vectors need.
     COMMON_UI_QT_INTERNAL_EXPORT quint64 candidatesOneByOne(const char16_t* haystack, int count,
                                                             FollowingUnits& following) const;
 #ifdef ZELMAR_TEXTSEARCH_SSE2

@@ -189,14 +189,14 @@ TextSearch::Found TextSearch::allAmong(const Found& candidates, const QStringLis
     return found;
 }
 
-/// Returns whether the needle is one of the candidates with more code units behind it.
+/// Returns whether the needle starts with the needle of `candidates` and is longer.
 bool TextSearch::continues(const Found& candidates) const
 {
     return m_units.size() > candidates.needle.size() && m_text.startsWith(candidates.needle, m_caseSensitivity);
 }
 
-/// Returns the rows of the candidates, without most in which no occurrence of their needle is followed by the next code
-/// unit of this one.
+/// Returns the rows of the candidates without most of those in which the next code unit of this needle follows no
+/// occurrence of theirs.
 QVector<int> TextSearch::possibleAmong(const Found& candidates) const
 {
     if (candidates.following.isEmpty() || !continues(candidates))

@@ -30,7 +30,8 @@ public:
     {
         QString needle;
         QVector<int> rows; ///< indexes into the texts, from 0, in ascending order
-        /// The code units behind the needle in each of `rows`, or empty.
+        /// The bits of the code units that follow the needle in each of `rows`, or empty. Never set together with
+        /// `lookAheads`.
         QVector<FollowingUnits> following;
         /// The look-ahead of each of `rows`, or empty.
         QVector<LookAhead> lookAheads;
@@ -45,7 +46,8 @@ public:
 
     /// Returns the index of the first of `texts` that contains the needle, or -1 if none does.
     int firstIn(const QStringList& texts) const;
-    /// Returns the texts in the index range [`first`, `end`) that contain the needle, with the code units behind it.
+    /// Returns the texts in the index range [`first`, `end`) that contain the needle, together with the bits of
+    /// the code units that follow it.
     Found allIn(const QStringList& texts, int first, int end) const;
     /// Returns the candidates that contain the needle. Reads hardly any text if `candidates` has look-aheads from a
     /// search in the same texts, with the same case sensitivity, for a needle that this one starts with.

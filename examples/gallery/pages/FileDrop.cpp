@@ -42,7 +42,7 @@ bool FileDrop::eventFilter(QObject* /*window*/, QEvent* event)
         return false;
     auto& drag = static_cast<QDropEvent&>(*event);
     const QString path = onlyFile(*drag.mimeData());
-    // Not as a move, after which the other program would remove its file.
+    // Accepts no move, after which the other program would remove its file.
     const bool isAccepted = !path.isEmpty() && drag.possibleActions() & Qt::CopyAction;
     if (isAccepted)
         drag.setDropAction(Qt::CopyAction);

@@ -23,8 +23,7 @@ namespace {
 /// takes the first name that contains this text, which must not become the value of a cell that accepts any text.
 const char* const ownText = "ownText";
 
-/// Removes the mark from the completion that the combo box marks after each key. The cell takes the text as typed, and
-/// so no other one may look chosen.
+/// Unselects the completion that the combo box selects after each key, because the cell takes the text as typed.
 void unmarkCompletion(const ComboBoxAutoFilter& box)
 {
     if (!box.completer() || !box.completer()->popup())

@@ -6,8 +6,8 @@ namespace gallery {
 
 class TableView;
 
-/// A number field with the number of the current row of a table, from 1, which leads to other rows. A step leads to the
-/// next row, and a step by page, for example with the Page Up key, as many rows further as are visible.
+/// A number field that shows the number of the current row of a table, from 1, and moves to another row by steps. A
+/// step moves to the next row, and a step by page, for example with the Page Up key, by as many rows as are visible.
 class RowField : public zelmar::ui::IntegralSpinBox
 {
 public:
@@ -21,7 +21,7 @@ private:
     void followModel();
 
     TableView& m_view;
-    int m_rows = 1; ///< by which the running step leads further
+    int m_rows = 1; ///< the number of rows by which a running step moves
 };
 
 } // namespace gallery

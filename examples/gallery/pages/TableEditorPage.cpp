@@ -34,7 +34,7 @@ namespace gallery {
 
 namespace {
 
-// Enough rows for suggestions, which are searched quickly.
+// This number of rows is enough for suggestions, and is searched quickly.
 const int rowsLookedAt = 100000;
 const int longestName = 200;
 // Each cleared cell takes memory until another table is opened.
@@ -255,9 +255,9 @@ void TableEditorPage::startLoading(const QString& path)
     m_refusal->hide();
     m_loadBar->start(QFileInfo(path).fileName());
     m_statusLine->setCurrentWidget(m_loadBar);
-    // Not an override cursor, because loading may end while a dialog has its own entry on the override cursor stack.
+    // Sets no override cursor, because loading may end while a dialog has its own entry on the override cursor stack.
     m_view->setCursor(Qt::BusyCursor);
-    m_view->setFocus(); // now, because the user may be somewhere else when the table is loaded
+    m_view->setFocus(); // sets the focus now, because the user may be somewhere else when the table is loaded
     m_worker->load(path);
     updateActions();
 }

@@ -45,7 +45,7 @@ protected:
     void hideEvent(QHideEvent* event) override;
 
 private:
-    /// What the user has asked for, and how it is announced while the table is being saved.
+    /// An action that follows once the table is saved or the edits are discarded, and its announcement while saving.
     struct Next
     {
         QString announcement;

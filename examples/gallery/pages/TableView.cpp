@@ -13,7 +13,7 @@ namespace gallery {
 
 namespace {
 
-// More columns than fit on a screen. Fitting all columns of a wide table would take minutes.
+// This number of columns does not fit on a screen. Fitting all columns of a wide table would take minutes.
 const int fittedColumns = 100;
 const int fittedRows = 100;
 

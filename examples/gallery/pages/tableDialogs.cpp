@@ -107,7 +107,7 @@ std::optional<TableTarget> askWhereToSave(QWidget& window, const QString& shownP
 QMessageBox::StandardButton askWhetherToSave(QWidget& window, const QString& path)
 {
     const QString text = tr("The table \"%1\" has edits that are not saved. Do you want to save them?");
-    // On the heap, because the window may be destroyed while the question is open, and the question with it.
+    // The question is on the heap, because the window may be destroyed while it is open, and the question with it.
     const QPointer<QMessageBox> question =
         new QMessageBox(QMessageBox::Question, tr("Table editor"), text.arg(QFileInfo(path).fileName()),
                         QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, &window);

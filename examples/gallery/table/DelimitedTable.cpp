@@ -13,8 +13,8 @@ bool isLineEnd(char byte)
     return byte == '\n' || byte == '\r';
 }
 
-/// Appends the text up to the closing quote to \a table.
-/// Returns the position after the closing quote, or \a end if there is none.
+/// Appends the text up to the closing quote to `table`.
+/// Returns the position after the closing quote, or `end` if there is none.
 const char* readQuoted(const char* pos, const char* end, TableSource& table)
 {
     for (;;) {
@@ -27,7 +27,7 @@ const char* readQuoted(const char* pos, const char* end, TableSource& table)
     }
 }
 
-/// Appends the cell at \a pos to \a table and returns its end.
+/// Appends the cell at `pos` to `table` and returns its end.
 template <typename IsSeparator>
 const char* readCell(const char* pos, const char* end, IsSeparator isSeparator, TableSource& table)
 {
@@ -85,7 +85,7 @@ std::shared_ptr<const TableSource> readDelimited(std::string text, char separato
     return table;
 }
 
-/// Returns the shortest form that this and other programs read as \a text. Quotes both separators of CSV, because the
+/// Returns the shortest form that this and other programs read as `text`. Quotes both separators of CSV, because the
 /// unused one could otherwise be detected as the separator of the header. Quotes blanks at the ends, because many
 /// programs trim cells, and U+FEFF, because the cell may be the first in the file.
 QByteArray escaped(QString text)

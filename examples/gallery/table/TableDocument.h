@@ -42,7 +42,7 @@ public:
 
     /// Returns the encoding of the file as a text for the user.
     [[nodiscard]] QString encodingName() const { return m_encodingName; }
-    /// Makes the document that of its saved file, which is always UTF-8.
+    /// Records that the file was saved, which is always done as UTF-8.
     void markSaved() { m_encodingName = QStringLiteral("UTF-8"); }
 
     /// Returns the separator of the file.

@@ -17,7 +17,7 @@ struct TableFormat
     QString nameFilter; ///< the name filter for file dialogs: "CSV table (*.csv)"
     QString extension;  ///< "csv", without the dot
 
-    /// Reads a table and reports 50 to 99 percent to \a progress. Throws TableError.
+    /// Reads a table and reports 50 to 99 percent to `progress`. Throws TableError.
     std::shared_ptr<const TableSource> (*read)(std::string text, const ProgressCallback& progress);
     /// Writes a table in UTF-8. Throws TableError if the file could not be read again. The device reports its errors.
     void (*write)(const TableDocument& document, QIODevice& device);

@@ -8,7 +8,7 @@ namespace gallery {
 
 namespace {
 
-// More characters than fit on a screen. Without a limit a view would lay out megabytes for every repaint.
+// This number of characters does not fit on a screen. Without a limit a view would lay out megabytes for every repaint.
 constexpr int LongestShownText = 1000;
 
 } // namespace

@@ -31,14 +31,14 @@ public:
     /// Returns the number of the current state of the texts. Undoing an edit leads back to the state before it; a new
     /// edit leads to a state with a new number.
     [[nodiscard]] int state() const;
-    /// Returns whether the state is another one than that which was loaded or saved last.
+    /// Returns whether edits have been made or undone since the document was loaded or saved.
     [[nodiscard]] bool isModified() const { return state() != m_savedState; }
-    /// Tells that the document was saved when it had this state.
+    /// Records that the document was saved in this state.
     void markSaved(int state);
 
-    /// Returns the edits, for what they are called and whether there are any. Undo them with undo() and redo().
+    /// Returns the undo stack for its texts and states. Use undo() and redo() to undo and redo an edit.
     [[nodiscard]] const QUndoStack& edits() const { return m_edits; }
-    /// Undo or redo one edit, and return its first cell, or an invalid index if there is no such edit.
+    /// Undoes or redoes one edit. Returns its first cell, or an invalid index if there is no such edit.
     QModelIndex undo();
     QModelIndex redo();
     /// Removes the texts of cells as one edit.

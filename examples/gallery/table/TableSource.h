@@ -14,8 +14,8 @@ namespace gallery {
 class TableSource
 {
 public:
-    /// Creates a table without rows. The texts of the cells overwrite \a buffer. Texts and index may take
-    /// \a memoryLimit bytes. \a separator is that of the file.
+    /// Creates a table without rows. The texts of the cells overwrite `buffer`. Texts and index may take
+    /// `memoryLimit` bytes. `separator` is that of the file.
     explicit TableSource(std::string buffer = {}, char separator = ',', quint64 memoryLimit = loadMemoryLimit());
     [[nodiscard]] std::string_view buffer() const { return m_bytes; }
     [[nodiscard]] char separator() const { return m_separator; }

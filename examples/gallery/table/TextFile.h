@@ -25,7 +25,7 @@ struct TableError
 /// it returns false, the load stops at the next step.
 using ProgressCallback = std::function<bool(int percent)>;
 
-/// Calls \a progress, if there is one, with the percentage after a part of the step from \a first to \a last percent.
+/// Calls `progress`, if there is one, with the percentage after a part of the step from `first` to `last` percent.
 /// Throws TableError if the load must stop. Call it after each ReportStep bytes, which take milliseconds.
 void report(const ProgressCallback& progress, int first, int last, quint64 done, quint64 total);
 constexpr size_t ReportStep = 1U << 16;
@@ -37,7 +37,7 @@ struct TextFile
     QString encodingName; ///< the encoding of the file: "UTF-8", "UTF-16" or "Latin-1"
 };
 
-/// Reads a regular file completely and reports 0 to 50 percent to \a progress.
+/// Reads a regular file completely and reports 0 to 50 percent to `progress`.
 /// A file that is not valid UTF-8 and has no UTF-16 byte order mark is read as Latin-1, in which any bytes are valid.
 /// Throws TableError, also if the file contains NUL, as binary files do.
 TextFile readTextFile(const QString& path, const ProgressCallback& progress);

@@ -438,7 +438,7 @@ void tst_TableEditing::endsALoadBeforeAQuestion()
 {
     edit(0, 0, "new");
     m_script->accept(path("table.csv"));
-    // Not by key, after which events are handled that could end the load.
+    // Uses no key press, after which events are handled that could end the load.
     answer(QMessageBox::Discard, [this] { button("&Open…").click(); });
     QVERIFY(!button("&Save").isEnabled());
     answer(QMessageBox::Cancel, [this] { QVERIFY(!m_window->close()); });

@@ -126,7 +126,7 @@ void tst_HelpLauncher::topicThatLeadsOutOfTheBaseUrlIsRejected()
 
 void tst_HelpLauncher::withoutABaseUrl()
 {
-    QTest::ignoreMessage(QtWarningMsg, "No place of help pages is set: cannot show the help topic open.html");
+    QTest::ignoreMessage(QtWarningMsg, "No base URL is set: cannot show the help topic open.html");
     help().showHelp("open.html");
     QVERIFY(m_opened.isEmpty());
 }

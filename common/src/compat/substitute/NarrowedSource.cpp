@@ -44,8 +44,8 @@ void NarrowedSource::setSourceModel(QAbstractItemModel* model)
 }
 
 /// Returns whether the destructor of the model that sourceModel() returns is running. That model cannot be replaced
-/// before it has sent destroyed(), because QAbstractProxyModel disconnects its signals by name and a half-destroyed
-/// model has no names.
+/// before it has sent destroyed(), because QAbstractProxyModel disconnects its signals by name, and the meta-object
+/// of a half-destroyed model no longer has them.
 bool NarrowedSource::isSourceDying() const
 {
     return sourceModel() && sourceModel() != m_source;

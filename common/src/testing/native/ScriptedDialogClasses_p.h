@@ -22,7 +22,7 @@ private:
     const std::shared_ptr<Registrations> m_registrations;
 };
 
-/// Returns whether `dialog`, of the class IFileDialog, is such a dialog.
+/// Returns whether these class objects have created `dialog`, a pointer to an IFileDialog.
 bool isScriptedDialogObject(const void* dialog);
 
 } // namespace zelmar::internal

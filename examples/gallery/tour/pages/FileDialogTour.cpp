@@ -16,10 +16,10 @@ namespace gallery {
 
 namespace {
 
-/// What the tour does on one of the pages of file dialogs.
+/// The actions of the tour on one of the pages of file dialogs.
 struct Choice
 {
-    QString title; ///< of the page
+    QString title; ///< the title of the page
     QString button;
     QStringList names; ///< in the current folder
     int filter;        ///< the 0-based index of the filter that is selected first; -1 for none

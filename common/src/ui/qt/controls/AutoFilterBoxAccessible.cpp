@@ -12,8 +12,8 @@ namespace zelmar::internal {
 
 namespace {
 
-/// The children are the drop-down list and, in an editable box, the field, as for any other combo box of Qt. While the
-/// box is being destroyed, it is a mere widget.
+/// An accessible interface of a ComboBoxAutoFilter. Its children are the drop-down list and, in an editable box, the
+/// field, as for any other combo box of Qt. While the box is being destroyed, it is a mere widget.
 class AutoFilterBoxAccessible : public QAccessibleWidget
 {
 public:

@@ -26,8 +26,8 @@ namespace {
 constexpr int allMeasured = 1000;
 constexpr int fewMeasured = 100;
 
-/// Few enough items to be laid out without a noticeable delay. Much smaller batches show nothing sooner, because a list
-/// that has changed stays empty until its last batch is laid out.
+/// The number of items that are laid out at a time without a noticeable delay. Much smaller batches show nothing
+/// sooner, because a list that has changed stays empty until its last batch is laid out.
 constexpr int batchSize = 100000;
 
 /// Makes `list` lay out the first batch of items at once and the others from its event loop.
@@ -56,7 +56,7 @@ bool leavesToList(QEvent& event)
     return true;
 }
 
-/// Gives the field the name of `box` if assistive technology is listening, which may meet the field before the box.
+/// Names the field while assistive technology is active, because it may query the field before the box.
 void nameFieldFor(ComboBoxAutoFilter& box)
 {
     if (!QAccessible::isActive())
@@ -65,7 +65,7 @@ void nameFieldFor(ComboBoxAutoFilter& box)
         accessible->text(QAccessible::Name); // names the field, too
 }
 
-/// Tells assistive technology that the list of `box` opens or closes, if that is the event of the list.
+/// Tells assistive technology that the list of `box` opens or closes, if `event` shows or hides that list.
 void reportList(ComboBoxAutoFilter& box, const QEvent& event)
 {
     if (event.type() != QEvent::Show && event.type() != QEvent::Hide)

@@ -9,7 +9,8 @@ namespace zelmar::internal {
 
 namespace {
 
-/// More items than are visible at a time. Measuring all items of a long list would delay the pop-up.
+/// The number of items that are measured, more than are visible at a time. Measuring all items of a long list would
+/// delay the pop-up.
 constexpr int measuredItems = 100;
 
 QRect screenOf(const QWidget& widget)

@@ -18,8 +18,8 @@ namespace {
 
 constexpr int mostDigits = 12;
 
-/// More digits after the decimal point than QDoubleSpinBox supports. It uses its maximum then, so that it rounds values
-/// as little as possible.
+/// A number of decimals beyond the maximum of QDoubleSpinBox, which then uses that maximum and rounds values as little
+/// as possible.
 constexpr int allDecimals = 1000;
 
 /// Returns the validation cache of all boxes of the process.

@@ -13,9 +13,9 @@ namespace ui {
 //     zelmar::ui::addFontsToDatabase(QCoreApplication::applicationDirPath().toStdString() + "/fonts");
 //     QApplication::setFont(QFont("Our Sans"));
 //
-// Paths are UTF-8 on every platform. Neither function returns a result or throws for a file that cannot be loaded. It
-// logs the warning "Warning: Failed to load TrueType font from <path>" through Qt's message logger. Despite its wording
-// the functions load every font format that Qt supports.
+// Paths are UTF-8 on every platform. For a file that cannot be loaded, the functions log the warning "Warning: Failed
+// to load TrueType font from <path>" through Qt's message logger; they return no result and throw nothing. Despite its
+// wording they load every font format that Qt supports.
 //
 // GUI thread only, with a running QGuiApplication.
 

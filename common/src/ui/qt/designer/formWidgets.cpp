@@ -10,8 +10,8 @@ namespace published = ::zelmar::ui;
 
 } // namespace zelmar::internal
 
-// moc writes the full names of the classes that it reads into their meta-objects. It reads those of the public classes,
-// and the compiler those of other classes, which are derived from them.
+// moc reads these classes as zelmar::ui::... and writes these names into the meta-objects, as forms need them. The
+// compiler reads classes in zelmar::internal::ui that are derived from the public ones.
 #ifdef Q_MOC_RUN
 namespace zelmar::ui {
 #else

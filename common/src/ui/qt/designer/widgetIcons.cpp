@@ -97,7 +97,7 @@ void drawScientificNumber(QPainter& painter, const QPalette& palette)
 
 QIcon drawnIcon(DrawIcon draw)
 {
-    // Pixmaps, because the widget box ignores an icon that does not know its sizes.
+    // Uses pixmaps, because the widget box ignores an icon that does not know its sizes.
     QIcon icon;
     for (const int side : {16, 22, 24, 32, 44, 48, 64})
         icon.addPixmap(drawnPixmap(draw, side));

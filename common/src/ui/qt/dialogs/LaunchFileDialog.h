@@ -19,10 +19,10 @@ namespace ui {
 ///
 /// - `selectedFiles` receives the chosen files in the dialog's order.
 /// - `selectedFilterIndex` receives the index (from 0) in `nameFilters` of the filter that was selected in the end, or
-///   -1 if it is not among them. If the user has replaced a filter by a typed pattern, this is the index of that
-///   filter.
+///   -1 if it is not among them. The first of several equal filters counts. If the user has replaced a filter by a
+///   typed pattern, this is the index of that filter.
 /// - `caption` is the title of the dialog.
-/// - `nameFilters` contains at least one entry, each of which is one filter in QFileDialog's syntax.
+/// - `nameFilters` contains at least one entry, each of which is one non-empty filter in QFileDialog's syntax.
 /// - `initialFiles` are preselected. The dialog opens in the folder of the first entry; a relative path is relative to
 ///   the current directory of the process. May be empty.
 /// - `save` selects a save dialog instead of an open dialog.

@@ -5,7 +5,8 @@
 namespace zelmar { // NOLINT(modernize-concat-nested-namespaces): C++14 here
 namespace ui {
 
-/// When the native dialogs of Linux and other Unix desktops ask the desktop portal to show the system's own dialog.
+/// A setting that determines when the native dialogs of Linux and other Unix desktops ask the desktop portal to show
+/// the system's own dialog.
 enum class PortalUse {
     /// The portal shows the dialog if the application runs in a sandbox (Flatpak, Snap) or in a desktop session that
     /// names its desktop (XDG_CURRENT_DESKTOP), and if Qt draws on X11 or Wayland.

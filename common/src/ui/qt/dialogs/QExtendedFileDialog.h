@@ -130,7 +130,8 @@ public Q_SLOTS:
     int exec() override;
 
 protected Q_SLOTS:
-    /// Turns a typed name that contains a "*" into a temporary name filter. Accepts any other name.
+    /// Turns a typed name that contains a "*" into a temporary name filter. Accepts any other name with the checks of
+    /// QFileDialog::accept(), or without them after performSelectedFileValidation(false).
     void accept() override;
 
 private Q_SLOTS:

@@ -72,11 +72,12 @@ public:
     /// it is the name of the last round in which the user accepted the dialog, whether or not it may be written.
     std::string selectedFilename() const;
 
-    /// Returns the name filter that is selected in the dialog now.
+    /// Returns the name filter that is selected in the dialog now, or an empty text once the dialog is destroyed.
     std::string selectedFilter() const;
 
     /// Returns the index (from 0) of the selected filter in the list of filters, which is the index of the caller's
-    /// writer. Returns the first index if filters are equal, and -1 if the selected filter is not in the list.
+    /// writer. Returns the first index if filters are equal, and -1 if the selected filter is not in the list or
+    /// the dialog is destroyed.
     int selectedWriter() const;
 
 private:

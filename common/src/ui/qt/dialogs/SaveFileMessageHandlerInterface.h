@@ -15,7 +15,8 @@ namespace zelmar {
 /// 1. filenameToCheck() first and exactly once, with the final name including its extension;
 /// 2. okToOverwriteMessage() only when the name that filenameToCheck() returned exists;
 /// 3. unableToOverwriteMessage() only when the file that filenameToCheck() received cannot be written;
-/// 4. systemAccessError() only when the file system reported an error while the names were examined.
+/// 4. systemAccessError() only when one of these two has thrown a boost::filesystem::filesystem_error. The flow itself
+///    examines names without exceptions. It catches no other exception, and none of filenameToCheck().
 ///
 /// A function may delete the flow, and with it this handler, or the flow's parent. The flow then ends without a name
 /// and touches neither. The arguments of the function stay valid until it returns.
@@ -47,8 +48,8 @@ public:
     /// the library draws reports a missing folder beside the name.
     virtual std::string unableToOverwriteMessage() const = 0;
 
-    /// Returns the question whether to choose another location, because the file system reported `error`. Yes shows the
-    /// dialog again, No ends the flow without a name.
+    /// Returns the question whether to choose another location, because `error` was caught while the name was
+    /// examined. Yes shows the dialog again, No ends the flow without a name.
     virtual std::string systemAccessError(const std::string& error) const = 0;
 };
 

@@ -14,8 +14,8 @@ namespace zelmar::internal {
 /// An interface for an object that takes the place of the user of all file dialogs and save flows, and of the file
 /// system that a save flow asks. Only the library for tests of applications has such an object. GUI thread only.
 ///
-/// A class object that is registered with the shell's functions may provide other native dialogs. This interface covers
-/// what has no such place: the event loop of a dialog that Qt draws, and the steps between two runs of a save flow.
+/// Native dialogs are replaced by registering a class object with the shell's functions. This interface covers the
+/// rest: the event loop of a dialog that Qt draws, and the steps between two runs of a save flow.
 class ScriptedUser
 {
 public:

@@ -1,6 +1,7 @@
 #pragma once
 
-// The two kinds of dialog behind the facades. Of all headers outside windows/, only this one knows the native kind.
+// Includes the two kinds of dialog behind the facades. Of all headers outside windows/, only this one knows the native
+// kind.
 #include "ui/qt/dialogs/ExtendedFileDialog.h"
 #include "ui/qt/dialogs/QExtendedFileDialog.h"
 #include "ui/qt/dialogs/SaveFileQtDialog.h"

@@ -40,11 +40,11 @@ bool FileDialogWidgets::existIn(const QFileDialog& dialog)
 }
 
 FileDialogWidgets::FileDialogWidgets(const QFileDialog& dialog)
-    : m_dialog(const_cast<QFileDialog&>(dialog)) // A stand-in becomes a child of the dialog.
+    : m_dialog(const_cast<QFileDialog&>(dialog)) // A substitute becomes a child of the dialog.
 {
 }
 
-/// Returns the child with this name. Adds a stand-in if there is none.
+/// Returns the child with this name. Adds a substitute if there is none.
 template <typename Part>
 Part& FileDialogWidgets::part(const char* name) const
 {
@@ -90,7 +90,7 @@ QFileSystemModel& FileDialogWidgets::model() const
 QListView& FileDialogWidgets::listView() const
 {
     auto& view = part<QListView>("listView");
-    if (!view.model()) // a stand-in
+    if (!view.model()) // a substitute
         view.setModel(&model());
     return view;
 }

@@ -40,9 +40,11 @@ class QWidget;
 /// Known traps:
 /// - The dialog receives title, file mode, folder, filters, selected filter and file name at the first exec(). Setters
 ///   called later change what the getters return, but not the dialog.
+///   Kept for existing callers, see docs/compatibility.md: prepared-once.
 /// - When the user picks another file type while saving, the dialog replaces the extension of the typed name:
 ///   "data.csv" becomes "data.txt" under "Text (*.txt)", "data" under "All files (*)", and "data.png *.jpg" under
 ///   "Images (*.png *.jpg)". Give a save dialog filters with one pattern each.
+///   Kept for existing callers, see docs/compatibility.md: greedy-extension.
 /// - A dialog that Qt draws opens in its default size each time. It remembers no size, neither for the next exec() nor
 ///   for the next start of the program.
 /// - If the thread is in a multithreaded apartment, or the system cannot create the dialog, exec() returns
@@ -50,8 +52,6 @@ class QWidget;
 ///
 /// Strings are UTF-8. Use on the GUI thread only; the object enters the single-threaded apartment of that thread for
 /// its lifetime.
-///
-/// Kept for existing callers, see docs/compatibility.md: prepared-once.
 class COMMON_UI_QT_EXPORT ExtendedWinFileDialog
 {
 public:

@@ -29,11 +29,10 @@ class SaveFileMessageHandlerInterface;
 /// - The traps of SaveFileQtDialog apply: writing may still fail, and each filter should name exactly one extension.
 /// - The file dialog stays allocated when this object is destroyed, because a derived class may have handed it out. An
 ///   application that saves now and then does not notice.
+///   Kept for existing callers, see docs/compatibility.md: native-dialog-outlives-the-flow.
 /// - The questions have the parent widget as their parent. The file dialog is not a widget, and has already closed.
 ///
 /// Strings are UTF-8. Use on the GUI thread only.
-///
-/// Kept for existing callers, see docs/compatibility.md: native-dialog-outlives-the-flow.
 class COMMON_UI_QT_EXPORT SaveFileWinDialog : public QObject
 {
 public:
@@ -74,15 +73,16 @@ public:
     /// call, and, without doing anything, when it is running already.
     virtual bool launch();
 
-    /// Returns the chosen absolute path, extension included. Valid after launch() has returned true. Afterwards it
-    /// holds the path of the last accepted dialog, even if launch() then returned false.
+    /// Returns the chosen name as an absolute path with its extension. Use it only after launch() has returned true:
+    /// it is the name of the last round in which the user accepted the dialog, whether or not it may be written.
     std::string selectedFilename() const;
 
-    /// Returns the name filter that is selected in the dialog now.
+    /// Returns the name filter that is selected in the dialog now, or an empty text once the dialog is destroyed.
     std::string selectedFilter() const;
 
-    /// Returns the index (from 0) of that filter in the list of filters, which is also the index of the caller's
-    /// writer. Returns the first of several equal filters, and -1 when the list does not contain the filter.
+    /// Returns the index (from 0) of the selected filter in the list of filters, which is the index of the caller's
+    /// writer. Returns the first index if filters are equal, and -1 if the selected filter is not in the list or
+    /// the dialog is destroyed.
     int selectedWriter() const;
 
 protected:

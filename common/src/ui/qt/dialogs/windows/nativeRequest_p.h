@@ -13,7 +13,7 @@
 
 namespace zelmar::internal {
 
-// Pure functions that translate a request into the terms of the native dialog.
+// Functions that translate a request into the terms of the native dialog. Only startFolder() looks at the file system.
 
 /// Returns `options` with the bits for folders, existing files, several files and the overwrite question set or
 /// cleared, and all other bits unchanged. Qt 5's QFileDialog::DirectoryOnly counts as AnyFile.

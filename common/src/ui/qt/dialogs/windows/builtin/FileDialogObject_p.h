@@ -33,8 +33,7 @@ class PortalFileDialog;
 ///   other operations of a sink are ignored.
 /// - If a sink throws an exception, the dialog closes, and Show() throws the exception.
 /// - While a portal shows the dialog, changes take effect only if it asks again. The sinks are notified when the user
-/// has
-///   accepted it.
+///   has accepted it.
 template <typename DialogInterface>
 class FileDialogObject : public RefCounted<DialogInterface, ControlOperations, PortalSeam>, private FileDialogListener
 {

@@ -10,8 +10,9 @@ namespace zelmar::internal {
 class ControlModel;
 struct FileDialogRequest;
 
-/// Returns what a portal is asked for the dialog of `request`, or nothing if no portal can show it: a push button, a
-/// disabled control, a label of the file-name box, a default extension, or folders to save in.
+/// Returns the question by which a portal shows the dialog of `request`, or nothing if the dialog has a part that no
+/// portal can show: a push button, a disabled control, a label of the file-name box, a default extension, or folders to
+/// save in.
 ///
 /// Each visible check button becomes a choice without values, and the menu of the accept button one with a value for
 /// each visible item. A menu with a single visible item gives the accept button its text. The ids are those of the

@@ -7,7 +7,7 @@
 
 namespace zelmar::internal {
 
-/// What an application runs on, as far as it decides on the use of a portal.
+/// The properties of the environment that decide on the use of a portal.
 struct PortalSurroundings
 {
     QString platform;       ///< the name of Qt's platform plugin

@@ -13,7 +13,7 @@ namespace zelmar::internal {
 
 struct PortalQuestion;
 
-/// What the user has chosen in a portal's dialog.
+/// The user's choices in a portal's dialog.
 struct PortalAnswer
 {
     QStringList files;              ///< at least one; absolute paths

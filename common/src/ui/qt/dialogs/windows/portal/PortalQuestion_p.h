@@ -7,7 +7,7 @@
 
 namespace zelmar::internal {
 
-/// What a portal's dialog is to show.
+/// A description of the dialog that a portal is asked to show.
 struct PortalQuestion
 {
     enum class Kind { OpenFile, SaveFile };

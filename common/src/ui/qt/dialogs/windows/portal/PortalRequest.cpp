@@ -58,8 +58,8 @@ QString makeToken()
     return QStringLiteral("common_ui_qt_%1").arg(QRandomGenerator::global()->generate64(), 0, 36);
 }
 
-/// Returns the path at which the portal puts a request, which the caller has to know before the reply: an answer may
-/// come earlier.
+/// Returns the object path of a request. It must be known before the call, because the response may arrive before the
+/// reply.
 QString requestPath(const QDBusConnection& bus, const QString& token)
 {
     const QString sender = bus.baseService().mid(1).replace(QLatin1Char('.'), QLatin1Char('_'));

@@ -66,9 +66,9 @@ private:
     void finish(Outcome outcome);
 
     std::unique_ptr<QDBusConnection> m_bus;                       ///< null without a session bus
-    QString m_path;                                               ///< of the request
+    QString m_path;                                               ///< the path of the request
     QDBusPendingCallWatcher* m_reply = nullptr;                   ///< null unless the portal owes the reply to the call
-    QMap<QString, std::pair<uint, QVariantMap>> m_otherResponses; ///< to the requests at other paths
+    QMap<QString, std::pair<uint, QVariantMap>> m_otherResponses; ///< the responses to requests at other paths
     QEventLoop m_loop;
     QElapsedTimer m_sinceReply;
     QVariantMap m_results;

@@ -39,7 +39,8 @@ COMMON_UI_QT_EXPORT HRESULT CoInitializeEx(void* reserved, DWORD mode);
 COMMON_UI_QT_EXPORT void CoUninitialize();
 
 /// Creates an object with the class object that was registered last for the class, or else a built-in one. Returns
-/// CO_E_NOTINITIALIZED on a thread outside of any apartment and REGDB_E_CLASSNOTREG for an unknown class. Any thread.
+/// CO_E_NOTINITIALIZED on a thread outside of any apartment and REGDB_E_CLASSNOTREG for an unknown class. May be called
+/// on any thread.
 COMMON_UI_QT_EXPORT HRESULT CoCreateInstance(REFCLSID classId, IUnknown* outer, DWORD context, REFIID iid,
                                              void** object);
 

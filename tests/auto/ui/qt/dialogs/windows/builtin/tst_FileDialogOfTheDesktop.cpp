@@ -337,7 +337,7 @@ void tst_FileDialogOfTheDesktop::refusedIsShownAgain()
 
 void tst_FileDialogOfTheDesktop::refusedUntilCancelled()
 {
-    m_desktop->tellsOfFiltersOnTheWay = true;
+    m_desktop->reportsFiltersOnTheWay = true;
     const auto dialog = makeDialogWithTypes();
     dialog->get()->SetFileTypeIndex(3);
     dialog->sink().whenTold = [](const QString& event) { return event == QLatin1String("ok") ? S_FALSE : S_OK; };
@@ -415,15 +415,15 @@ void tst_FileDialogOfTheDesktop::controlAddedWhileOpen()
 
 void tst_FileDialogOfTheDesktop::folderEvents_data()
 {
-    QTest::addColumn<bool>("tellsOfEveryFolder");
+    QTest::addColumn<bool>("reportsEveryFolder");
     QTest::newRow("a desktop that tells what the user enters") << false;
     QTest::newRow("a desktop that tells what the program sets, too") << true;
 }
 
 void tst_FileDialogOfTheDesktop::folderEvents()
 {
-    QFETCH(bool, tellsOfEveryFolder);
-    m_desktop->tellsOfEveryFolder = tellsOfEveryFolder;
+    QFETCH(bool, reportsEveryFolder);
+    m_desktop->reportsEveryFolder = reportsEveryFolder;
     const auto dialog = makeDialogWithTypes();
     QStringList shownFolders;
     dialog->sink().whenTold = [&dialog, &shownFolders](const QString&) {
@@ -445,8 +445,8 @@ void tst_FileDialogOfTheDesktop::folderEvents()
 
 void tst_FileDialogOfTheDesktop::folderSetWhileOpen()
 {
-    for (const bool tellsOfEveryFolder : {false, true}) {
-        m_desktop->tellsOfEveryFolder = tellsOfEveryFolder;
+    for (const bool reportsEveryFolder : {false, true}) {
+        m_desktop->reportsEveryFolder = reportsEveryFolder;
         const auto dialog = makeDialogWithTypes();
         m_desktop->onShow("set", [this, &dialog] {
             QVERIFY(dialog->setFolder(path("deeper")));
@@ -493,7 +493,7 @@ void tst_FileDialogOfTheDesktop::typeSetWhileOpen_data()
 void tst_FileDialogOfTheDesktop::typeSetWhileOpen()
 {
     QFETCH(bool, tellsOfFilters);
-    m_desktop->tellsOfFiltersOnTheWay = tellsOfFilters;
+    m_desktop->reportsFiltersOnTheWay = tellsOfFilters;
     const auto dialog = makeDialogWithTypes();
     m_desktop->onShow("set, pick", [this, &dialog] {
         m_desktop->takeCalls();
@@ -511,7 +511,7 @@ void tst_FileDialogOfTheDesktop::typeSetWhileOpen()
 
 void tst_FileDialogOfTheDesktop::typesOnTheWayAreNotTold()
 {
-    m_desktop->tellsOfFiltersOnTheWay = true;
+    m_desktop->reportsFiltersOnTheWay = true;
     const auto dialog = makeDialogWithTypes();
     dialog->get()->SetFileTypeIndex(3);
     m_desktop->onShow("pick, cancel", [this, &dialog] {
@@ -687,15 +687,15 @@ void tst_FileDialogOfTheDesktop::secondRunGoesOn()
 
 void tst_FileDialogOfTheDesktop::secondRunKeepsTheName_data()
 {
-    QTest::addColumn<bool>("tellsOfPreselection");
+    QTest::addColumn<bool>("reportsPreselection");
     QTest::newRow("a desktop that tells of what is preselected") << true;
     QTest::newRow("a desktop that tells of what was chosen only") << false;
 }
 
 void tst_FileDialogOfTheDesktop::secondRunKeepsTheName()
 {
-    QFETCH(bool, tellsOfPreselection);
-    m_desktop->tellsOfPreselection = tellsOfPreselection;
+    QFETCH(bool, reportsPreselection);
+    m_desktop->reportsPreselection = reportsPreselection;
     const auto dialog = makeDialogWithTypes(CLSID_FileSaveDialog);
     QVERIFY(dialog->setName(QStringLiteral("new.dat")));
     for (int run = 0; run < 2; ++run) {
