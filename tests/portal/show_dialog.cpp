@@ -8,6 +8,7 @@
 #include "ui/qt/dialogs/windows/SaveFileWinDialog.h"
 
 #include <QApplication>
+#include <QDeadlineTimer>
 #include <QFile>
 #include <QTextStream>
 #include <QWidget>
@@ -39,6 +40,14 @@ bool write(const std::string& name)
 {
     QFile file(QString::fromStdString(name));
     return file.open(QIODevice::WriteOnly) && file.write("document") == 8 && file.flush();
+}
+
+bool becomesActive(const QWidget& window)
+{
+    QDeadlineTimer deadline(5000);
+    while (!window.isActiveWindow() && !deadline.hasExpired())
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 100);
+    return window.isActiveWindow();
 }
 
 int save(QWidget& window, const std::string& folder)
@@ -73,8 +82,10 @@ int main(int argc, char* argv[])
         dialog.setFileMode(QFileDialog::Directory);
     else
         dialog.setFileMode(kind == QLatin1String("several") ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile);
-    if (dialog.exec() != QDialog::Accepted)
+    if (dialog.exec() != QDialog::Accepted) {
         print(QStringLiteral("cancelled"));
+        print(becomesActive(window) ? QStringLiteral("active again") : QStringLiteral("not active"));
+    }
     for (const QString& file : dialog.selectedFiles())
         print(file);
     return 0;

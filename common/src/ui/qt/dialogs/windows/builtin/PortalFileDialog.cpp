@@ -9,26 +9,38 @@
 #include "ui/qt/dialogs/windows/portal/PortalAnswer_p.h"
 #include "ui/qt/dialogs/windows/portal/PortalRequest_p.h"
 
+#include <QApplication>
 #include <QDialog>
 #include <QDir>
 #include <QEvent>
 #include <QFileInfo>
-#include <QGuiApplication>
 
 namespace zelmar::internal {
 
 namespace {
 
-/// A modal dialog that is never seen. The application's windows take no input while it exists.
+/// A modal dialog that is never seen. The application's windows take no input while it exists. Then `window` is
+/// activated, because Qt has ignored that the portal's window, which closes first, has passed the focus to it.
 class InputBlocker : public QDialog
 {
 public:
-    InputBlocker()
+    explicit InputBlocker(QWidget* window)
+        : m_window(window)
     {
         setAttribute(Qt::WA_DontShowOnScreen);
         setWindowModality(Qt::ApplicationModal);
         show();
     }
+
+    ~InputBlocker() override
+    {
+        hide();
+        if (m_window && m_window->isVisible() && !QApplication::activeWindow())
+            m_window->activateWindow();
+    }
+
+private:
+    const QPointer<QWidget> m_window;
 };
 
 QString namesOf(const QStringList& files)
@@ -63,7 +75,7 @@ PortalFileDialog::PortalFileDialog(QWidget* owner, FileDialogRequest& request, C
 
 PortalFileDialog::Outcome PortalFileDialog::run()
 {
-    const InputBlocker blocker;
+    const InputBlocker blocker(m_owner ? m_owner->window() : QApplication::activeWindow());
     while (m_open) {
         const std::optional<PortalQuestion> question = nextQuestion();
         if (!question)
