@@ -10,6 +10,7 @@
 #include "ui/qt/controls/PopupFit_p.h"
 
 #include <QAccessible>
+#include <QApplication>
 #include <QKeyEvent>
 #include <QStyle>
 #include <QStyleOptionComboBox>
@@ -63,6 +64,25 @@ void nameFieldFor(ComboBoxAutoFilter& box)
         return;
     if (const QAccessibleInterface* const accessible = QAccessible::queryAccessibleInterface(&box))
         accessible->text(QAccessible::Name); // names the field, too
+}
+
+/// Hides the open list of completions, if any.
+void hideCompletions(const QCompleter* completer)
+{
+    if (completer && completer->popup())
+        completer->popup()->hide();
+}
+
+/// Hides the list of completions when another widget of the window gets the keyboard focus, for example by a shortcut.
+/// QCompleter would leave the list open, and the list would receive the keys. The box sees no event of this, because
+/// QCompleter filters it.
+void hideWithoutFocus(QCompleter& completer)
+{
+    QObject::connect(qApp, &QApplication::focusChanged, &completer, [&completer](QWidget* /*old*/, QWidget* now) {
+        const QWidget* const box = completer.widget();
+        if (box && now && now != box && now->window() == box->window())
+            hideCompletions(&completer);
+    });
 }
 
 /// Tells assistive technology that the list of `box` opens or closes, if `event` shows or hides that list.
@@ -151,6 +171,7 @@ void ComboBoxAutoFilter::init(bool editable, QCompleter::CompletionMode mode, Qt
     }
     completer->setCaseSensitivity(caseSensitivity);
     setCompleter(completer);
+    hideWithoutFocus(*completer);
     if (lineEdit())
         connect(lineEdit(), SIGNAL(editingFinished()), this, SLOT(onEditingFinished()));
     if (auto* const list = qobject_cast<QListView*>(view()))
@@ -242,8 +263,7 @@ void ComboBoxAutoFilter::showPopup()
 void ComboBoxAutoFilter::leave()
 {
     hidePopup(); // returns the keyboard focus to the box, so that close() can pass it on
-    if (m_completer && m_completer->popup())
-        m_completer->popup()->hide();
+    hideCompletions(m_completer);
     close();
     // If the window system has activated the list as a window, the focus returns later, and to the hidden box.
     if (!isWindow() && parentWidget() && window()->focusWidget() == this)
@@ -299,6 +319,8 @@ bool ComboBoxAutoFilter::event(QEvent* e)
 {
     if (e->type() == QEvent::FocusIn)
         nameFieldFor(*this);
+    if (e->type() == QEvent::Hide)
+        hideCompletions(m_completer);
     if (!AutoFilterLineEdit::isTab(*e) || !dynamic_cast<AutoFilterLineEdit*>(lineEdit()))
         return QComboBox::event(e);
     keyPressEvent(static_cast<QKeyEvent*>(e));

@@ -76,6 +76,8 @@ private Q_SLOTS:
     void goesOnWithoutAnEnd_data();
     void goesOnWithoutAnEnd();
     void keepsWhatWasTyped();
+    void completionsGoWithTheFocus();
+    void completionsGoWithTheBox();
     void takesWhatIsHighlighted();
     void marksTheFirstCompletion();
     void completesWithinTheLine();
@@ -310,6 +312,30 @@ void tst_ComboBoxAutoFilterKeyboard::keepsWhatWasTyped()
     QCOMPARE(m_box->lineEdit()->cursorPosition(), 1);
     QCOMPARE(completions().model()->rowCount(), 2);
     QCOMPARE(m_box->currentIndex(), 0);
+}
+
+/// A shortcut may give the focus to another field while the completions are open.
+void tst_ComboBoxAutoFilterKeyboard::completionsGoWithTheFocus()
+{
+    type(QStringLiteral("lue"));
+    QTRY_VERIFY(completions().isVisible());
+    m_after->setFocus(Qt::ShortcutFocusReason);
+    QVERIFY(!completions().isVisible());
+    QTest::keyClick(m_window->windowHandle(), Qt::Key_X);
+    QCOMPARE(m_after->text(), QStringLiteral("x"));
+    QCOMPARE(m_box->lineEdit()->text(), QStringLiteral("lue"));
+    QCOMPARE(m_ends->heard, QStringList());
+}
+
+/// A shortcut may show another page while the completions are open.
+void tst_ComboBoxAutoFilterKeyboard::completionsGoWithTheBox()
+{
+    type(QStringLiteral("lue"));
+    QTRY_VERIFY(completions().isVisible());
+    m_box->hide();
+    QVERIFY(!completions().isVisible());
+    QCOMPARE(m_box->lineEdit()->text(), QStringLiteral("lue"));
+    QCOMPARE(m_ends->heard, QStringList());
 }
 
 void tst_ComboBoxAutoFilterKeyboard::takesWhatIsHighlighted()
