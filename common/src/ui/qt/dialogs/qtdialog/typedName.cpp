@@ -34,7 +34,7 @@ bool isOneName(const QFileDialog& dialog, const QString& text, const QString& pa
 {
     const bool inQuotes = startsWithQuotedName(text);
     if (dialog.fileMode() == QFileDialog::ExistingFiles)
-        return !inQuotes && QFileInfo::exists(path);
+        return !inQuotes && (text.count(QLatin1Char('"')) % 2 == 1 || QFileInfo::exists(path));
     const bool saving = dialog.acceptMode() == QFileDialog::AcceptSave && dialog.fileMode() == QFileDialog::AnyFile;
     return saving || !inQuotes || QFileInfo::exists(path);
 }

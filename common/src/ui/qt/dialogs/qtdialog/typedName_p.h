@@ -16,8 +16,8 @@ namespace zelmar::internal {
 // double quote is part of the name if the text is a single name. The text is a single name
 //
 // - always if a file is saved;
-// - if several files may be chosen: only if a file exists whose name is the whole text, and the text does not start
-//   with a quoted name;
+// - if several files may be chosen: if the text does not start with a quoted name, and either has an odd number of
+//   double quotes or is the name of an existing file;
 // - otherwise: if the text does not start with a quoted name, or if a file exists whose name is the whole text.
 
 /// Returns the absolute path of the file whose name is the text of the box, including its double quotes. Returns

@@ -136,6 +136,7 @@ private Q_SLOTS:
     void severalAreStillSeparated();
     void preselectsSeveralWithQuotes_data() { DrawnDialogs::addKindRows(); }
     void preselectsSeveralWithQuotes();
+    void refusesAMissingFile_data();
     void refusesAMissingFile();
     void choosesAFolder_data() { DrawnDialogs::addKindRows(); }
     void choosesAFolder();
@@ -423,19 +424,32 @@ void tst_typedName::preselectsSeveralWithQuotes()
     QVERIFY(QDir::setCurrent(QDir::homePath()));
 }
 
+void tst_typedName::refusesAMissingFile_data()
+{
+    QTest::addColumn<QFileDialog::FileMode>("mode");
+    QTest::addColumn<QString>("name");
+    // A file "old.dat" exists.
+    QTest::newRow("one file") << QFileDialog::ExistingFile << "run \"old.dat\"";
+    QTest::newRow("several files, a quote without its pair") << QFileDialog::ExistingFiles << "run 12\"";
+}
+
 void tst_typedName::refusesAMissingFile()
 {
+    QFETCH(QFileDialog::FileMode, mode);
+    QFETCH(QString, name);
     const auto dialog = m_place->makeQt(QFileDialog::AcceptOpen);
+    dialog->setFileMode(mode);
     DialogDriver driver;
-    driver.onDialog<QFileDialog>("accept", [](QFileDialog& shown) {
-        typeName(shown, QStringLiteral("run \"old.dat\"")); // A file "old.dat" exists.
+    driver.onDialog<QFileDialog>("accept", [&name](QFileDialog& shown) {
+        typeName(shown, name);
         QVERIFY(!acceptButton(shown).isEnabled());
         pressReturn(shown);
         QVERIFY(shown.isVisible());
+        QCOMPARE(fileNameEdit(shown).text(), name);
         cancel(shown);
     });
-    driver.onDialog<QMessageBox>("told", [](QMessageBox& box) {
-        QCOMPARE(box.text(), QStringLiteral("run \"old.dat\" does not exist."));
+    driver.onDialog<QMessageBox>("told", [&name](QMessageBox& box) {
+        QCOMPARE(box.text(), name + QStringLiteral(" does not exist."));
         QTest::keyClick(&box, Qt::Key_Return);
     });
     QCOMPARE(dialog->exec(), int(QDialog::Rejected));
