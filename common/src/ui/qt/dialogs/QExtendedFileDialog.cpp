@@ -383,7 +383,8 @@ void QExtendedFileDialog::setHelpAction()
         connect(&buttonBox, &QDialogButtonBox::helpRequested, this, &QExtendedFileDialog::launchHelp,
                 Qt::UniqueConnection);
     }
-    help->setText(withAnyFreeMnemonic(help->text(), mnemonicsBeside(*help, *this)));
+    const auto isHelp = [help](const QAbstractButton& button) { return &button == help; };
+    help->setText(withAnyFreeMnemonic(help->text(), mnemonicsBeside(isHelp, *this)));
 }
 
 void QExtendedFileDialog::launchHelp()

@@ -40,13 +40,14 @@ QString withAnyFreeMnemonic(const QString& label, const QSet<QKeySequence>& take
     return bare;
 }
 
-QSet<QKeySequence> mnemonicsBeside(const QAbstractButton& except, const QFileDialog& dialog)
+QSet<QKeySequence> mnemonicsBeside(const std::function<bool(const QAbstractButton&)>& isExcepted,
+                                   const QFileDialog& dialog)
 {
     QSet<QKeySequence> taken;
     for (const QLabel* label : dialog.findChildren<QLabel*>())
         taken.insert(QKeySequence::mnemonic(label->text()));
     for (const QAbstractButton* button : FileDialogWidgets(dialog).buttonBox().buttons()) {
-        if (button != &except)
+        if (!isExcepted(*button))
             taken.insert(QKeySequence::mnemonic(button->text()));
     }
     if (dialog.acceptMode() == QFileDialog::AcceptSave) // The Save button becomes "Open" for the name of a folder.

@@ -6,6 +6,8 @@
 #include <QSet>
 #include <QString>
 
+#include <functional>
+
 class QAbstractButton;
 class QFileDialog;
 
@@ -18,8 +20,9 @@ QString withoutMnemonic(const QString& label);
 /// first letter or digit that is free, and without a mnemonic if all are taken.
 COMMON_UI_QT_INTERNAL_EXPORT QString withAnyFreeMnemonic(const QString& label, const QSet<QKeySequence>& taken);
 
-/// Returns the mnemonics that the button `except` of a Qt-drawn dialog must not have: those of the labels, those of the
-/// other buttons in the button box, and that of the label that the accept button may get while a name is typed.
-QSet<QKeySequence> mnemonicsBeside(const QAbstractButton& except, const QFileDialog& dialog);
+/// Returns the mnemonics that the excepted buttons of a Qt-drawn dialog must not have: those of the labels, those of
+/// the other buttons in the button box, and that of the label that the accept button may get while a name is typed.
+QSet<QKeySequence> mnemonicsBeside(const std::function<bool(const QAbstractButton&)>& isExcepted,
+                                   const QFileDialog& dialog);
 
 } // namespace zelmar::internal

@@ -77,6 +77,7 @@ private Q_SLOTS:
     void helpGivesWayToLabels_data();
     void helpGivesWayToLabels();
     void helpGivesWayToAddedButtons();
+    void addedButtonsGiveWayToOpeningFolders();
     void applicationsLabelsStay();
 
 private:
@@ -238,6 +239,24 @@ void tst_mnemonics::helpGivesWayToAddedButtons()
         QTRY_COMPARE(clicks, 1);
         QTest::keyClick(&shown, Qt::Key_E, Qt::AltModifier);
         QTRY_COMPARE(m_topics, std::vector<std::string>{"topic"});
+        cancel(shown);
+    });
+    QCOMPARE(dialog.exec(), QDialog::Rejected);
+}
+
+/// The Save button becomes "Open" for the name of a folder.
+void tst_mnemonics::addedButtonsGiveWayToOpeningFolders()
+{
+    if (systemLimits::nativeDialogIsTheSystems)
+        QSKIP("the system lays its dialog out");
+    ExtendedWinFileDialog dialog(m_place->window, "Choose", m_place->path().toStdString(), "", "",
+                                 QFileDialog::AcceptSave, false);
+    dialog.addCustomButton("&Order", [] {});
+    DialogDriver driver;
+    driver.onDialog<QFileDialog>("walk", [](QFileDialog& shown) {
+        typeName(shown, QStringLiteral("folder"));
+        QCOMPARE(buttonOf(shown, QDialogButtonBox::AcceptRole)->text(), QFileDialog::tr("&Open"));
+        QCOMPARE(clashes(shown), QStringList());
         cancel(shown);
     });
     QCOMPARE(dialog.exec(), QDialog::Rejected);

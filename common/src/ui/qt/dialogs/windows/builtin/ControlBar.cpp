@@ -90,10 +90,10 @@ bool ControlBar::isAnyShown() const
     return std::any_of(m_buttons.begin(), m_buttons.end(), [](const auto& entry) { return !entry.second->isHidden(); });
 }
 
-bool ControlBar::contains(const QAbstractButton* button) const
+bool ControlBar::contains(const QAbstractButton& button) const
 {
     return std::any_of(m_buttons.begin(), m_buttons.end(),
-                       [button](const auto& entry) { return entry.second == button; });
+                       [&button](const auto& entry) { return entry.second == &button; });
 }
 
 QAbstractButton* ControlBar::buttonFor(const Control& control)

@@ -35,7 +35,7 @@ public:
     /// Returns whether any control is shown, in the row or in the button box.
     bool isAnyShown() const;
     /// Returns whether `button` is one of the added controls.
-    bool contains(const QAbstractButton* button) const;
+    bool contains(const QAbstractButton& button) const;
 
 private:
     QSet<QKeySequence> mnemonicsOfRow(const QSet<QKeySequence>& taken) const;

@@ -3,6 +3,7 @@
 #include "ui/qt/dialogs/qtdialog/FileDialogWidgets_p.h"
 #include "ui/qt/dialogs/qtdialog/closeWithQuestions_p.h"
 #include "ui/qt/dialogs/qtdialog/handleTypedNames_p.h"
+#include "ui/qt/dialogs/qtdialog/mnemonics_p.h"
 #include "ui/qt/dialogs/qtdialog/typedName_p.h"
 #include "ui/qt/dialogs/windows/builtin/AcceptMenu_p.h"
 #include "ui/qt/dialogs/windows/builtin/ControlBar_p.h"
@@ -18,7 +19,6 @@
 #include <QFileSystemModel>
 #include <QGridLayout>
 #include <QItemSelectionModel>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSignalBlocker>
@@ -284,7 +284,8 @@ void FileDialogWindow::updateControls()
         return;
     showAcceptText();
     m_acceptMenu->update(m_controls.acceptMenu());
-    m_controlBar->update(takenMnemonics());
+    const auto isAdded = [this](const QAbstractButton& button) { return m_controlBar->contains(button); };
+    m_controlBar->update(mnemonicsBeside(isAdded, *this));
     fitButtonBox();
     updateTabOrder();
 }
@@ -304,19 +305,6 @@ QString FileDialogWindow::acceptText() const
     if (first && isShown(first->state))
         return first->text;
     return m_request.acceptLabel.isEmpty() ? m_plainAcceptText : m_request.acceptLabel;
-}
-
-QSet<QKeySequence> FileDialogWindow::takenMnemonics() const
-{
-    QSet<QKeySequence> taken;
-    for (const QLabel* label : findChildren<QLabel*>())
-        taken.insert(QKeySequence::mnemonic(label->text()));
-    for (const QAbstractButton* button : m_buttonBox->buttons()) {
-        if (!m_controlBar->contains(button))
-            taken.insert(QKeySequence::mnemonic(button->text()));
-    }
-    taken.remove(QKeySequence());
-    return taken;
 }
 
 void FileDialogWindow::updateTabOrder()

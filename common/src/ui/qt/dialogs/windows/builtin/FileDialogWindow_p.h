@@ -4,8 +4,6 @@
 #include "ui/qt/dialogs/windows/builtin/FileDialogRequest_p.h"
 
 #include <QFileDialog>
-#include <QKeySequence>
-#include <QSet>
 #include <QString>
 
 #include <optional>
@@ -65,7 +63,6 @@ private:
     void updateTabOrder();
     void showAcceptText();
     QString acceptText() const;
-    QSet<QKeySequence> takenMnemonics() const;
 
     void showTypes();
     void useFileType();
