@@ -8,10 +8,10 @@
 #include "ui/qt/dialogs/windows/builtin/AcceptMenu_p.h"
 #include "ui/qt/dialogs/windows/builtin/ControlBar_p.h"
 #include "ui/qt/dialogs/windows/builtin/FileDialogListener_p.h"
+#include "ui/qt/dialogs/windows/builtin/acceptMenuName_p.h"
 #include "ui/qt/dialogs/windows/builtin/texts_p.h"
 
 #include <QComboBox>
-#include <QCoreApplication>
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QEventLoop>
@@ -233,11 +233,8 @@ void FileDialogWindow::attachToWidgets()
     // Unlike directoryEntered(), this signal also reports a folder that the user has typed.
     connect(m_model, &QFileSystemModel::rootPathChanged, this, [this] { reportFolder(); });
     placeControlBar();
-    const bool saving = m_request.kind == DialogKind::Save;
-    m_acceptMenu = new AcceptMenu(*m_acceptButton,
-                                  saving ? QCoreApplication::translate("common_ui_qt", "More ways to save")
-                                         : QCoreApplication::translate("common_ui_qt", "More ways to open"),
-                                  [this](DWORD item) { acceptWith(item); });
+    m_acceptMenu =
+        new AcceptMenu(*m_acceptButton, acceptMenuName(m_request.kind), [this](DWORD item) { acceptWith(item); });
 }
 
 void FileDialogWindow::placeControlBar()

@@ -3,9 +3,9 @@
 #include "ui/qt/dialogs/qtdialog/mnemonics_p.h"
 #include "ui/qt/dialogs/windows/builtin/ControlModel_p.h"
 #include "ui/qt/dialogs/windows/builtin/FileDialogRequest_p.h"
+#include "ui/qt/dialogs/windows/builtin/acceptMenuName_p.h"
 #include "ui/qt/dialogs/windows/portal/portalOptions_p.h"
 
-#include <QCoreApplication>
 #include <QFileInfo>
 #include <QKeySequence>
 
@@ -83,8 +83,7 @@ PortalChoice menuChoice(const Control& menu, const std::vector<ControlItem>& ite
 {
     PortalChoice choice;
     choice.id = QString::number(menu.id);
-    choice.label = kind == DialogKind::Save ? QCoreApplication::translate("common_ui_qt", "More ways to save")
-                                            : QCoreApplication::translate("common_ui_qt", "More ways to open");
+    choice.label = acceptMenuName(kind);
     for (const ControlItem& item : items)
         choice.values += {QString::number(item.id), plainLabel(item.text)};
     choice.initial = choice.values.first().id;
