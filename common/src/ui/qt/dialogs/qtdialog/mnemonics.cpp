@@ -26,6 +26,11 @@ QString withoutMnemonic(const QString& label)
     return result;
 }
 
+QString withoutTakenMnemonic(const QString& label, const QSet<QKeySequence>& taken)
+{
+    return taken.contains(QKeySequence::mnemonic(label)) ? withoutMnemonic(label) : label;
+}
+
 QString withAnyFreeMnemonic(const QString& label, const QSet<QKeySequence>& taken)
 {
     const QKeySequence own = QKeySequence::mnemonic(label);

@@ -16,6 +16,9 @@ namespace zelmar::internal {
 /// Returns `label` without the ampersand of its mnemonic. A doubled ampersand stays.
 QString withoutMnemonic(const QString& label);
 
+/// Returns `label` without its mnemonic if `taken` contains the mnemonic, and unchanged otherwise.
+COMMON_UI_QT_INTERNAL_EXPORT QString withoutTakenMnemonic(const QString& label, const QSet<QKeySequence>& taken);
+
 /// Returns `label` with a mnemonic that is not in `taken`: with its own mnemonic if that is free, otherwise with its
 /// first letter or digit that is free, and without a mnemonic if all are taken.
 COMMON_UI_QT_INTERNAL_EXPORT QString withAnyFreeMnemonic(const QString& label, const QSet<QKeySequence>& taken);

@@ -22,4 +22,12 @@ COMMON_UI_QT_INTERNAL_EXPORT bool startsWithQuotedName(const QString& text);
 /// if `text` does not have that form.
 COMMON_UI_QT_INTERNAL_EXPORT QStringList namesOfQuotedText(const QString& text);
 
+/// Returns the content of a file-name box for `names`: a single name unchanged, several names quoted and separated by
+/// blanks.
+COMMON_UI_QT_SEAM_EXPORT QString fileNameText(const QStringList& names);
+
+/// Returns the names in the content of a file-name box: the quoted names if it begins with one, or else the whole
+/// content as one name.
+COMMON_UI_QT_INTERNAL_EXPORT QStringList namesIn(const QString& fileNameText);
+
 } // namespace zelmar::internal

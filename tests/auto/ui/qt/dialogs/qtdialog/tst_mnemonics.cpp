@@ -70,6 +70,8 @@ private Q_SLOTS:
     void init();
     void cleanupTestCase() { HelpLauncher::getInstance().setHandler({}); }
 
+    void withoutTaken_data();
+    void withoutTaken();
     void freeLetters_data();
     void freeLetters();
     void noneTwice_data();
@@ -94,6 +96,35 @@ void tst_mnemonics::init()
 {
     m_place = std::make_unique<DrawnDialogs>();
     m_topics.clear();
+}
+
+void tst_mnemonics::withoutTaken_data()
+{
+    QTest::addColumn<QString>("label");
+    QTest::addColumn<QString>("expected"); // result when Alt+O is taken
+
+    QTest::newRow("no mnemonic") << "Options"
+                                 << "Options";
+    QTest::newRow("free") << "O&ptions"
+                          << "O&ptions";
+    QTest::newRow("taken") << "&Options"
+                           << "Options";
+    QTest::newRow("taken, the other case") << "Read &only"
+                                           << "Read only";
+    QTest::newRow("letter of its own beside") << "A && &O"
+                                              << "A && O";
+    QTest::newRow("ampersand only") << "A && O"
+                                    << "A && O";
+    QTest::newRow("at the end") << "O&"
+                                << "O&";
+    QTest::newRow("empty") << ""
+                           << "";
+}
+
+void tst_mnemonics::withoutTaken()
+{
+    QFETCH(QString, label);
+    QTEST(withoutTakenMnemonic(label, {QKeySequence(QStringLiteral("Alt+O"))}), "expected");
 }
 
 void tst_mnemonics::freeLetters_data()

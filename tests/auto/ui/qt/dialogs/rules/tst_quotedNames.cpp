@@ -15,6 +15,10 @@ private Q_SLOTS:
     void readsBack();
     void recognizesQuotedNames_data();
     void recognizesQuotedNames();
+    void fileNames_data();
+    void fileNames();
+    void readsOtherForms_data();
+    void readsOtherForms();
 };
 
 void tst_quotedNames::quotes()
@@ -67,6 +71,47 @@ void tst_quotedNames::recognizesQuotedNames()
 {
     QFETCH(QString, text);
     QTEST(startsWithQuotedName(text), "expected");
+}
+
+void tst_quotedNames::fileNames_data()
+{
+    QTest::addColumn<QStringList>("names");
+    QTest::addColumn<QString>("text");
+
+    QTest::newRow("none") << QStringList() << "";
+    QTest::newRow("one") << QStringList{"a b.dat"} << "a b.dat";
+    QTest::newRow("two") << QStringList{"a b.dat", "c.dat"} << "\"a b.dat\" \"c.dat\"";
+    QTest::newRow("three") << QStringList{"a", "b", "c"} << "\"a\" \"b\" \"c\"";
+    QTest::newRow("non-ASCII") << QStringList{QStringLiteral(u"\u6e2c"), "b"} << QStringLiteral(u"\"\u6e2c\" \"b\"");
+    QTest::newRow("one with a quote") << QStringList{"5\" disk"} << "5\" disk";
+    QTest::newRow("one with two quotes") << QStringList{"a \"b\" c"} << "a \"b\" c";
+}
+
+void tst_quotedNames::fileNames()
+{
+    QFETCH(QStringList, names);
+    QFETCH(QString, text);
+    QCOMPARE(fileNameText(names), text);
+    QCOMPARE(namesIn(text), names);
+}
+
+void tst_quotedNames::readsOtherForms_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QStringList>("names");
+
+    QTest::newRow("blank at the end") << "\"a.dat\" \"b.dat\" " << QStringList{"a.dat", "b.dat"};
+    QTest::newRow("no blank between") << "\"a\"\"b\"" << QStringList{"a", "b"};
+    QTest::newRow("one in quotes") << "\"a.dat\"" << QStringList{"a.dat"};
+    QTest::newRow("nothing in quotes") << "\"\" \"b\"" << QStringList{"b"};
+    QTest::newRow("quote at the start only") << "\"a" << QStringList{"\"a"};
+    QTest::newRow("last quote is missing") << "\"a\" \"b" << QStringList{"a", "b"};
+}
+
+void tst_quotedNames::readsOtherForms()
+{
+    QFETCH(QString, text);
+    QTEST(namesIn(text), "names");
 }
 
 CORE_TEST_MAIN(tst_quotedNames)

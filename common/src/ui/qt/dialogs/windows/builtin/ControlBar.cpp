@@ -3,7 +3,6 @@
 #include "ui/qt/dialogs/qtdialog/mnemonics_p.h"
 #include "ui/qt/dialogs/windows/builtin/FileDialogListener_p.h"
 #include "ui/qt/dialogs/windows/builtin/WrappingLayout_p.h"
-#include "ui/qt/dialogs/windows/builtin/texts_p.h"
 
 #include <QCheckBox>
 #include <QDialogButtonBox>
@@ -15,13 +14,6 @@
 namespace zelmar::internal {
 
 namespace {
-
-/// Returns the text of a control in the row: the label, without its mnemonic if the dialog itself uses the same
-/// mnemonic. The application has to avoid conflicts among its own labels.
-QString rowText(const QString& label, QSet<QKeySequence> taken)
-{
-    return withFreeMnemonic(label, taken);
-}
 
 /// Returns the text of a prominent control: the label, with a mnemonic that is not in `taken` if it has one at all.
 /// Only the Help button is prominent, and the mnemonics of all other labels have precedence over its own.
@@ -55,7 +47,7 @@ void ControlBar::update(const QSet<QKeySequence>& taken)
         if (control.prominent && button.parentWidget() == this)
             moveToButtonBox(button);
         button.setText(control.prominent ? prominentText(control.label, takenForProminent)
-                                         : rowText(control.label, taken));
+                                         : withoutTakenMnemonic(control.label, taken));
         applyState(button, control);
         rowNeeded = rowNeeded || (!control.prominent && isShown(control.state));
     }
@@ -68,7 +60,7 @@ QSet<QKeySequence> ControlBar::mnemonicsOfRow(const QSet<QKeySequence>& taken) c
     QSet<QKeySequence> mnemonics;
     for (const Control& control : m_model.controls()) {
         if (control.kind != Control::Kind::AcceptMenu && !control.prominent && isShown(control.state))
-            mnemonics.insert(QKeySequence::mnemonic(rowText(control.label, taken)));
+            mnemonics.insert(QKeySequence::mnemonic(withoutTakenMnemonic(control.label, taken)));
     }
     mnemonics.remove(QKeySequence());
     return mnemonics;

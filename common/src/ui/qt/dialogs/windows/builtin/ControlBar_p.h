@@ -26,8 +26,8 @@ public:
     ControlBar(ControlModel& model, FileDialogListener& listener, QDialogButtonBox& prominentPlace, QWidget* parent);
 
     /// Creates missing controls and shows the current state of the model. A control in the row is shown without its
-    /// mnemonic if that is in `taken`. A prominent control gets another letter of its label as its mnemonic if its own
-    /// one is in `taken` or used in the row.
+    /// mnemonic if that is in `taken`; the application has to avoid conflicts among its own labels. A prominent control
+    /// gets another letter of its label as its mnemonic if its own one is in `taken` or used in the row.
     void update(const QSet<QKeySequence>& taken);
 
     /// Returns all controls, also the prominent ones, in the order in which they were added.

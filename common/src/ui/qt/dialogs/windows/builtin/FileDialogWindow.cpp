@@ -5,11 +5,11 @@
 #include "ui/qt/dialogs/qtdialog/handleTypedNames_p.h"
 #include "ui/qt/dialogs/qtdialog/mnemonics_p.h"
 #include "ui/qt/dialogs/qtdialog/typedName_p.h"
+#include "ui/qt/dialogs/rules/quotedNames_p.h"
 #include "ui/qt/dialogs/windows/builtin/AcceptMenu_p.h"
 #include "ui/qt/dialogs/windows/builtin/ControlBar_p.h"
 #include "ui/qt/dialogs/windows/builtin/FileDialogListener_p.h"
 #include "ui/qt/dialogs/windows/builtin/acceptMenuName_p.h"
-#include "ui/qt/dialogs/windows/builtin/texts_p.h"
 
 #include <QComboBox>
 #include <QDialogButtonBox>

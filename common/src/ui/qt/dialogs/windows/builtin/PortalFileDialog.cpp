@@ -1,11 +1,11 @@
 #include "ui/qt/dialogs/windows/builtin/PortalFileDialog_p.h"
 
+#include "ui/qt/dialogs/rules/quotedNames_p.h"
 #include "ui/qt/dialogs/save/grantedFile_p.h"
 #include "ui/qt/dialogs/windows/builtin/ControlModel_p.h"
 #include "ui/qt/dialogs/windows/builtin/FileDialogListener_p.h"
 #include "ui/qt/dialogs/windows/builtin/FileDialogRequest_p.h"
 #include "ui/qt/dialogs/windows/builtin/portalQuestion_p.h"
-#include "ui/qt/dialogs/windows/builtin/texts_p.h"
 #include "ui/qt/dialogs/windows/portal/PortalAnswer_p.h"
 #include "ui/qt/dialogs/windows/portal/PortalRequest_p.h"
 
