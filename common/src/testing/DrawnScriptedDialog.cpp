@@ -2,6 +2,7 @@
 
 #include "testing/ScriptStep_p.h"
 #include "ui/qt/dialogs/ScriptedUser_p.h"
+#include "ui/qt/dialogs/rules/quotedNames_p.h"
 
 #include <QDialogButtonBox>
 #include <QDir>
@@ -128,8 +129,7 @@ void DrawnScriptedDialog::enterFolder(const QString& folder) const
 void DrawnScriptedDialog::selectFiles(const QStringList& files) const
 {
     const QString& first = files.first();
-    const QString quoted = QLatin1Char('"') + files.join(QStringLiteral("\" \"")) + QLatin1Char('"');
-    const QString text = files.size() == 1 ? first : quoted;
+    const QString text = fileNameText(files);
     const QString folder = QFileInfo(first).path();
     const bool folderExists = QFileInfo(folder).isDir();
     if (folderExists)
