@@ -2,7 +2,9 @@
 
 #include "testing/ScriptStep_p.h"
 #include "testing/native/ScriptedDialogClasses_p.h"
+#include "ui/qt/dialogs/rules/nativeFilters_p.h"
 #include "ui/qt/dialogs/windows/builtin/ShellItem_p.h"
+#include "ui/qt/dialogs/windows/builtin/dialogOptions_p.h"
 #include "ui/qt/dialogs/windows/com/CoTaskMemString_p.h"
 #include "ui/qt/dialogs/windows/com/fileSystemPath_p.h"
 
@@ -26,21 +28,12 @@ std::set<const void*>& dialogObjects()
     return objects;
 }
 
-/// Returns the name filter that a file type was made of. A filter without a description became the type "File of Type".
+/// Returns the name filter that a file type was made of.
 QString nameFilter(const COMDLG_FILTERSPEC& type)
 {
     const QString patterns = textOf(type.pszSpec).replace(QLatin1Char(';'), QLatin1Char(' '));
     const QString name = textOf(type.pszName);
-    return name == QLatin1String("File of Type") ? patterns : QStringLiteral("%1 (%2)").arg(name, patterns);
-}
-
-QFileDialog::FileMode fileMode(FILEOPENDIALOGOPTIONS options)
-{
-    if (options & FOS_PICKFOLDERS)
-        return QFileDialog::Directory;
-    if (options & FOS_ALLOWMULTISELECT)
-        return QFileDialog::ExistingFiles;
-    return options & FOS_FILEMUSTEXIST ? QFileDialog::ExistingFile : QFileDialog::AnyFile;
+    return name == unnamedFileType ? patterns : QStringLiteral("%1 (%2)").arg(name, patterns);
 }
 
 ShownControl shownControl(ShownControl::Kind kind, const QString& label, CDCONTROLSTATEF state)
@@ -190,7 +183,7 @@ ShownFileDialog ScriptedDialogObject<DialogInterface>::shown() const
     ShownFileDialog shown;
     shown.kind = ShownFileDialog::Kind::Native;
     shown.acceptMode = m_mode;
-    shown.fileMode = fileMode(m_options);
+    shown.fileMode = fileModeOf(m_options);
     shown.caption = m_title;
     shown.folder = m_folder;
     shown.defaultName = m_fileName;

@@ -33,8 +33,7 @@ std::optional<Bracketed> lastBracketed(const QString& filter, const QString& ope
 
 NativeFilter nativeFilter(const QString& filter)
 {
-    Bracketed parts =
-        lastBracketed(filter, QStringLiteral(" (")).value_or(Bracketed{QStringLiteral("File of Type"), filter});
+    Bracketed parts = lastBracketed(filter, QStringLiteral(" (")).value_or(Bracketed{unnamedFileType, filter});
     return {parts.before, parts.inside.replace(QLatin1Char(' '), QLatin1Char(';'))};
 }
 

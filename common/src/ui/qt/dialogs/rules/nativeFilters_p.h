@@ -17,6 +17,9 @@ struct NativeFilter
     QString pattern; ///< several patterns are separated by ";"
 };
 
+/// The name of a file type that is made from a filter without a description.
+inline const QLatin1String unnamedFileType("File of Type");
+
 /// Splits a name filter: "Images (*.png *.jpg)" becomes "Images" and "*.png;*.jpg". Drops what follows the last ")". A
 /// filter without a blank and a parenthesised part, or with a line break, becomes the pattern of the type "File of
 /// Type".
