@@ -27,7 +27,7 @@ void EventSinks::acceptLateEvents(DWORD cookie)
     m_lateSinks.insert(cookie);
 }
 
-bool EventSinks::acceptLateEvents() const
+bool EventSinks::allAcceptLateEvents() const
 {
     return std::all_of(m_sinks.begin(), m_sinks.end(),
                        [this](const auto& entry) { return m_lateSinks.count(entry.first) != 0; });

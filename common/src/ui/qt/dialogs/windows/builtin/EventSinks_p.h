@@ -21,7 +21,7 @@ public:
     /// Declares that the sink with this cookie may be notified of all events after the dialog has closed.
     void acceptLateEvents(DWORD cookie);
     /// Returns whether all sinks may.
-    bool acceptLateEvents() const;
+    bool allAcceptLateEvents() const;
 
     /// Calls `tell` for each sink in the order in which they were added. `tell` may add and remove sinks: a removed
     /// sink is no longer called, and an added sink is called only the next time. An exception that `tell` throws ends

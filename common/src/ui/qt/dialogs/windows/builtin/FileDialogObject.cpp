@@ -70,7 +70,7 @@ HRESULT FileDialogObject<DialogInterface>::Show(HWND owner)
 template <typename DialogInterface>
 std::optional<bool> FileDialogObject<DialogInterface>::runInPortal(QWidget* owner)
 {
-    if (!callsForPortal(ui::portalUse(), portalSurroundings()) || !m_sinks.acceptLateEvents())
+    if (!callsForPortal(ui::portalUse(), portalSurroundings()) || !m_sinks.allAcceptLateEvents())
         return std::nullopt;
     FileDialogListener& listener = *this;
     m_portalDialog = std::make_unique<PortalFileDialog>(owner, m_request, this->controls(), listener, m_completion);
