@@ -1,5 +1,7 @@
 #include "ui/qt/controls/numbers/appendShortestText_p.h"
 
+#include "ui/qt/controls/numbers/exactIntegers_p.h"
+
 #include <QLatin1String>
 #include <QLocale>
 
@@ -30,7 +32,6 @@ void appendInFormat(QString& text, double value, std::chars_format format)
 /// versions of Qt differ. From 2^53 on an integer may have more digits than a double holds, so nothing is certain.
 bool isSurelyFixedNotation(double magnitude)
 {
-    constexpr double exactIntegers = 9007199254740992.0; // 2^53
     if (magnitude < 1e5)
         return magnitude >= 1e-3;
     return magnitude < exactIntegers

@@ -1,5 +1,6 @@
 #include "ui/qt/controls/numbers/canTextGrowIntoRange_p.h"
 
+#include "ui/qt/controls/numbers/exactIntegers_p.h"
 #include "ui/qt/controls/numbers/growDigitsIntoRange_p.h"
 #include "ui/qt/controls/numbers/powerOfTen_p.h"
 
@@ -10,9 +11,6 @@ namespace zelmar::internal {
 namespace {
 
 constexpr QLatin1Char decimalPoint('.');
-
-/// 2^53. QString::number() writes an integral double below this magnitude exactly, whatever the number of digits.
-constexpr double exactIntegers = 9007199254740992.0;
 
 /// A magnitude whose integral part always has more digits than fit into a qint64.
 constexpr double beyond64Bits = 1e19;
