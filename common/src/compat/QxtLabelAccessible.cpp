@@ -46,17 +46,9 @@ private:
     }
 };
 
-/// Returns the interface for `object` if `className` is QxtLabel. Qt calls this function with the object's class first
-/// and then with each of its base classes, so that derived labels are covered, too.
-QAccessibleInterface* makeInterface(const QString& className, QObject* object)
-{
-    auto* label = className == QLatin1String("QxtLabel") ? qobject_cast<QxtLabel*>(object) : nullptr;
-    return label ? new QxtLabelAccessible(label) : nullptr;
-}
-
 } // namespace
 
 void zelmar::internal::makeQxtLabelsAccessible()
 {
-    static const AccessibleFactory factory(makeInterface);
+    makeAccessible<QxtLabel, QxtLabelAccessible>();
 }

@@ -87,9 +87,7 @@ QxtLabel::QxtLabel(QWidget* parent, Qt::WindowFlags flags)
     : m_impl(new Impl{*this})
 {
     zelmar::internal::makeQxtLabelsAccessible();
-    // The constructor of QFrame must not set the parent. While it runs, the object is a mere frame, and Qt would keep
-    // an accessible interface for that if the parent is disabled.
-    setParent(parent, flags);
+    setParent(parent, flags); // only now: see makeAccessible()
 }
 
 QxtLabel::~QxtLabel() = default;

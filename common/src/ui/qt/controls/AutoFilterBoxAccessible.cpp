@@ -97,19 +97,11 @@ private:
     }
 };
 
-QAccessibleInterface* makeInterface(const QString& className, QObject* object)
-{
-    auto* const box = className == QLatin1String("zelmar::ui::ComboBoxAutoFilter")
-                          ? qobject_cast<ui::ComboBoxAutoFilter*>(object)
-                          : nullptr;
-    return box ? new AutoFilterBoxAccessible(box) : nullptr;
-}
-
 } // namespace
 
 void makeAutoFilterBoxesAccessible()
 {
-    static const AccessibleFactory factory(makeInterface);
+    makeAccessible<ui::ComboBoxAutoFilter, AutoFilterBoxAccessible>();
 }
 
 } // namespace zelmar::internal

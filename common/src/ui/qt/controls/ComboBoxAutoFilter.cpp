@@ -101,9 +101,7 @@ void reportList(ComboBoxAutoFilter& box, const QEvent& event)
 ComboBoxAutoFilter::ComboBoxAutoFilter(QWidget* parent)
 {
     makeAutoFilterBoxesAccessible();
-    // The constructor of QComboBox must not set the parent. While it runs, the object is a mere combo box, and Qt would
-    // keep an accessible interface for that if the parent is disabled.
-    setParent(parent);
+    setParent(parent); // only now: see makeAccessible()
     auto* const list = new AutoFilterItemView;
     setView(list);
     // Event filters are called in reverse order of installation, so this object filters before QComboBox's container.

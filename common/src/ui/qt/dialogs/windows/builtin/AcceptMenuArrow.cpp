@@ -57,22 +57,12 @@ private:
     bool isMenuShown() const { return arrow() && arrow()->menu() && arrow()->menu()->isVisible(); }
 };
 
-QAccessibleInterface* makeInterface(const QString& className, QObject* object)
-{
-    auto* const arrow = className == QLatin1String("zelmar::internal::AcceptMenuArrow")
-                            ? qobject_cast<AcceptMenuArrow*>(object)
-                            : nullptr;
-    return arrow ? new ArrowAccessible(arrow) : nullptr;
-}
-
 } // namespace
 
 AcceptMenuArrow::AcceptMenuArrow(QWidget* button)
 {
-    static const AccessibleFactory factory(makeInterface);
-    // The constructor of QWidget must not set the parent. While it runs, the object is a mere widget, and Qt would keep
-    // an accessible interface for that if the parent is disabled.
-    setParent(button);
+    makeAccessible<AcceptMenuArrow, ArrowAccessible>();
+    setParent(button); // only now: see makeAccessible()
     setObjectName(QStringLiteral("acceptMenuArrow"));
     setPopupMode(QToolButton::InstantPopup);
     setFocusPolicy(Qt::StrongFocus);
