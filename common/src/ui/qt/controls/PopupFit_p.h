@@ -12,8 +12,6 @@ namespace zelmar::internal {
 /// is a child of the list.
 class PopupFit : public QObject
 {
-    Q_OBJECT
-
 public:
     PopupFit(QListView& list, QWidget& field);
 

@@ -43,7 +43,7 @@ HRESULT ExtendedWinFileDialog::Impl::ExtendedWinFileDialogEventHandler::OnFolder
 {
     if (!m_owner)
         return S_OK;
-    const auto directory = m_owner->m_directory; // outlives an owner that an observer deletes
+    const auto directory = m_owner->m_directory; // outlives an owner that is deleted while the shell answers
     IShellItem* folder = nullptr;
     dialog->GetFolder(&folder);
     const ComPtr<IShellItem> reference = adopt(folder);
@@ -56,7 +56,7 @@ HRESULT ExtendedWinFileDialog::Impl::ExtendedWinFileDialogEventHandler::OnTypeCh
 {
     if (!m_owner)
         return S_OK;
-    const auto currentFilterIndex = m_owner->m_currentFilterIndex; // as above
+    const auto currentFilterIndex = m_owner->m_currentFilterIndex; // outlives an owner that an observer deletes
     UINT index = 0;
     if (SUCCEEDED(dialog->GetFileTypeIndex(&index)))
         currentFilterIndex->setValue(static_cast<int>(index));

@@ -24,7 +24,7 @@ public:
     /// Leaves the apartment first, and releases the dialog object last of all members.
     ///
     /// Compatibility: apartment-left-first
-    virtual ~Impl();
+    ~Impl();
     Q_DISABLE_COPY(Impl)
 
     QDialog::DialogCode exec();

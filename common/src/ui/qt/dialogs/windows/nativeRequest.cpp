@@ -34,8 +34,8 @@ std::string startFolder(const std::string& directory)
 {
     try {
         const boost::filesystem::path path = utf8Path(directory);
-        const boost::filesystem::file_type type = zelmar::internal::fileTypeOf(path);
-        if (!zelmar::internal::countsAsExisting(type))
+        const boost::filesystem::file_type type = fileTypeOf(path);
+        if (!countsAsExisting(type))
             return {};
         return genericUtf8(type == boost::filesystem::directory_file ? path : path.parent_path());
     } catch (const boost::filesystem::filesystem_error&) {
