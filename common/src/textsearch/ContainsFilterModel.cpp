@@ -11,7 +11,7 @@ namespace {
 
 /// The maximum size of all results together, in integers per row of the source model. The oldest results are dropped if
 /// there are more.
-constexpr qint64 keptResults = 4;
+constexpr qint64 maxIntegersPerRow = 4;
 
 /// Returns whether another fetch is worthwhile: `model` can fetch more rows, and the previous fetch has changed the
 /// number of rows. `rows` is the number before that fetch, or -1 if there was none.
@@ -142,7 +142,7 @@ void ContainsFilterModel::dropOldResults()
         return std::accumulate(m_results.begin(), m_results.end(), qint64(0),
                                [](qint64 sum, const Result& result) { return sum + result.found.byteCount(); });
     };
-    while (m_results.size() > 1 && held() > keptResults * sourceModel()->rowCount() * qint64(sizeof(int)))
+    while (m_results.size() > 1 && held() > maxIntegersPerRow * sourceModel()->rowCount() * qint64(sizeof(int)))
         m_results.erase(m_results.begin());
 }
 

@@ -22,7 +22,7 @@ QString takeText(QVariant&& value)
 
 /// The maximum number of unchanged rows that are read again because rows have moved. If more rows would have to be
 /// read, the cache is dropped.
-constexpr int mostSuspects = 1000;
+constexpr int maxSuspectRows = 1000;
 
 } // namespace
 
@@ -284,8 +284,8 @@ void ModelTexts::noteMoves(const Change& change)
 {
     const bool isFirst = m_movedUp == 0 && m_movedDown == 0;
     m_firstMoved = isFirst ? change.first : std::min(m_firstMoved, change.first);
-    m_movedUp = std::min(m_movedUp + change.removed, mostSuspects + 1);
-    m_movedDown = std::min(m_movedDown + change.inserted, mostSuspects + 1);
+    m_movedUp = std::min(m_movedUp + change.removed, maxSuspectRows + 1);
+    m_movedDown = std::min(m_movedDown + change.inserted, maxSuspectRows + 1);
 }
 
 // Changed texts
@@ -301,7 +301,8 @@ void ModelTexts::onDataChanged(const QModelIndex& topLeft, const QModelIndex& bo
     if (m_changesUnderWay > 0 || !m_isRead)
         return;
     const Change rows = suspectRows(topLeft.row(), bottomRight.row());
-    if (!isAll && isListenedTo() && isValid() && rows.inserted <= bottomRight.row() - topLeft.row() + 1 + mostSuspects)
+    if (!isAll && isListenedTo() && isValid()
+        && rows.inserted <= bottomRight.row() - topLeft.row() + 1 + maxSuspectRows)
         return readAgain(rows);
     drop();
     Q_EMIT changed();

@@ -15,7 +15,7 @@ namespace gallery {
 
 namespace {
 
-const int mostDigits = 12;
+const int maxDecimals = 12;
 
 /// A number field that shows the number of a cell as it is written there, and what the user has typed: a field that
 /// loses the keyboard would replace it by the text of the nearest value.
@@ -25,7 +25,7 @@ public:
     explicit CellField(QWidget* parent)
         : QScientificSpinBox(parent)
     {
-        setDecimals(mostDigits);
+        setDecimals(maxDecimals);
         setFrame(false);
         setAutoFillBackground(true); // because the cell is drawn below
         connect(lineEdit(), &QLineEdit::textEdited, this,

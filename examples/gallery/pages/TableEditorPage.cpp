@@ -38,7 +38,7 @@ namespace {
 const int rowsLookedAt = 100000;
 const int longestName = 200;
 // Each cleared cell takes memory until another table is opened.
-const int mostCellsCleared = 100000;
+const int maxCellsCleared = 100000;
 
 /// Returns the platform's keys, and `common` if it is not among them.
 QList<QKeySequence> keys(QKeySequence::StandardKey standard, const char* common = "")
@@ -371,8 +371,8 @@ void TableEditorPage::clearCells()
     qint64 cells = 0;
     for (const QItemSelectionRange& range : selection)
         cells += qint64(range.width()) * range.height();
-    if (cells > mostCellsCleared)
-        m_messages->add(tr("No more than %1 cells are cleared at once.").arg(QLocale().toString(mostCellsCleared)));
+    if (cells > maxCellsCleared)
+        m_messages->add(tr("No more than %1 cells are cleared at once.").arg(QLocale().toString(maxCellsCleared)));
     else
         m_model->clear(selection.indexes());
 }

@@ -15,7 +15,7 @@ using Model = QAbstractItemModel;
 
 /// The minimum number of rows that are narrowed. QCompleter filters fewer rows in less time than a screen refresh
 /// takes.
-constexpr int manyRows = 1000;
+constexpr int minNarrowedRows = 1000;
 
 } // namespace
 
@@ -81,7 +81,7 @@ void NarrowedSource::followFilter()
 
 bool NarrowedSource::isWorthNarrowing() const
 {
-    return m_source && !isSourceDying() && m_source->rowCount() >= manyRows;
+    return m_source && !isSourceDying() && m_source->rowCount() >= minNarrowedRows;
 }
 
 bool NarrowedSource::isShown(const Query& query) const

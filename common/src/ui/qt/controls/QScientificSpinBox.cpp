@@ -16,7 +16,7 @@ namespace zelmar::ui {
 
 namespace {
 
-constexpr int mostDigits = 12;
+constexpr int maxDecimals = 12;
 
 /// A number of decimals beyond the maximum of QDoubleSpinBox, which then uses that maximum and rounds values as little
 /// as possible.
@@ -82,7 +82,7 @@ struct QScientificSpinBox::Impl
         return readNumber(text, position, rulesOf(*spinBox, decimals), lastReading());
     }
 
-    int decimals = mostDigits;
+    int decimals = maxDecimals;
     QDoubleSpinBox* spinBox;
     boost::signals2::signal<void()>* increment;
     boost::signals2::signal<void()>* decrement;
@@ -109,7 +109,7 @@ int QScientificSpinBox::decimals() const
 void QScientificSpinBox::setDecimals(int d)
 {
     const bool showsValue = cleanText() == textFromValue(value());
-    m_impl->decimals = qMin(d, mostDigits);
+    m_impl->decimals = qMin(d, maxDecimals);
     if (showsValue)
         setSuffix(suffix()); // makes the base class format the value again
 }

@@ -8,13 +8,13 @@ namespace zelmar::internal {
 
 namespace {
 
-constexpr quint64 mostCandidates = 500000;
+constexpr quint64 maxCandidates = 500000;
 
 /// The number of decimal digits of 2^63, the greatest magnitude of a qint64.
-constexpr int mostDigits = 19;
+constexpr int maxDigits = 19;
 
 /// The decimal digits of a number, most significant first. The number 0 has the single digit 0.
-using Digits = QVarLengthArray<int, mostDigits + 1>;
+using Digits = QVarLengthArray<int, maxDigits + 1>;
 
 Digits digitsOf(quint64 number)
 {
@@ -94,7 +94,7 @@ public:
             const Digits digits = digitsOf(bound);
             if (const auto found = withSameLength(digits))
                 return found;
-            if (digits.size() == (m_step < 0 ? 1 : mostDigits))
+            if (digits.size() == (m_step < 0 ? 1 : maxDigits))
                 return std::nullopt;
             bound = quint64(m_step < 0 ? powerOfTen(digits.size() - 1) - 1 : powerOfTen(digits.size()));
         }
@@ -168,12 +168,12 @@ std::optional<qint64> growDigitsIntoRange(qint64 number, qint64 low, qint64 high
         return number;
     if (high < low)
         return std::nullopt;
-    const bool isBounded = quint64(high) - quint64(low) >= mostCandidates;
-    const qint64 lowest = isBounded ? high - qint64(mostCandidates - 1) : low;
+    const bool isBounded = quint64(high) - quint64(low) >= maxCandidates;
+    const qint64 lowest = isBounded ? high - qint64(maxCandidates - 1) : low;
     if (const auto found = highestWithDigits(digitsOf(magnitudeOf(number)), lowest, high))
         return found;
     // A search that fails at its last permitted candidate counts as cut short, even if the range ends there.
-    if (quint64(high) - quint64(low) >= mostCandidates - 1)
+    if (quint64(high) - quint64(low) >= maxCandidates - 1)
         return number;
     return std::nullopt;
 }

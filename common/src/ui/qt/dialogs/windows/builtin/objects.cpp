@@ -12,16 +12,16 @@ using namespace zelmar::internal;
 
 namespace {
 
-/// The apartment of a thread.
-struct Apartment
+/// The state of a thread's apartment.
+struct ApartmentState
 {
     int entered = 0; ///< how many times the thread has entered it without leaving
     DWORD mode = COINIT_MULTITHREADED;
 };
 
-Apartment& currentApartment()
+ApartmentState& currentApartment()
 {
-    thread_local Apartment apartment;
+    thread_local ApartmentState apartment;
     return apartment;
 }
 
@@ -81,7 +81,7 @@ ClassRegistry& classRegistry()
 
 HRESULT CoInitializeEx(void* /*reserved*/, DWORD mode)
 {
-    Apartment& apartment = currentApartment();
+    ApartmentState& apartment = currentApartment();
     const DWORD kind = mode & COINIT_APARTMENTTHREADED;
     if (apartment.entered > 0 && apartment.mode != kind)
         return RPC_E_CHANGED_MODE;
@@ -91,7 +91,7 @@ HRESULT CoInitializeEx(void* /*reserved*/, DWORD mode)
 
 void CoUninitialize()
 {
-    Apartment& apartment = currentApartment();
+    ApartmentState& apartment = currentApartment();
     apartment.entered = std::max(0, apartment.entered - 1);
 }
 
