@@ -24,7 +24,9 @@ function(common_ui_qt_add_layer folder)
     common_ui_qt_set_up(${target})
     set_target_properties(${target} PROPERTIES COMMON_UI_QT_FOLDER "${folder}" POSITION_INDEPENDENT_CODE ON)
     target_compile_definitions(${target} PRIVATE
-        common_ui_qt_EXPORTS $<$<BOOL:${COMMON_UI_QT_BUILD_TESTS}>:COMMON_UI_QT_EXPORT_INTERNALS>)
+        common_ui_qt_EXPORTS
+        $<$<BOOL:${COMMON_UI_QT_BUILD_TESTS}>:COMMON_UI_QT_EXPORT_INTERNALS>
+        $<$<BOOL:${COMMON_UI_QT_BUILD_TESTING_LIBRARY}>:COMMON_UI_QT_EXPORT_SEAM>)
     target_include_directories(${target} PRIVATE
         "${CMAKE_CURRENT_SOURCE_DIR}/src" "${CMAKE_CURRENT_BINARY_DIR}/generated")
     target_link_libraries(${target} PRIVATE ${arg_LIBRARIES})
