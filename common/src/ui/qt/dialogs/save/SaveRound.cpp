@@ -1,10 +1,10 @@
 #include "ui/qt/dialogs/save/SaveRound_p.h"
 
 #include "ui/qt/dialogs/SaveFileMessageHandlerInterface.h"
+#include "ui/qt/dialogs/files/fileExistence_p.h"
+#include "ui/qt/dialogs/files/writeProbe_p.h"
 #include "ui/qt/dialogs/rules/defaultExtension_p.h"
 #include "ui/qt/dialogs/save/SaveDialogInterface_p.h"
-#include "ui/qt/dialogs/save/fileExistence_p.h"
-#include "ui/qt/dialogs/save/writeProbe_p.h"
 
 #include <boost/filesystem/operations.hpp>
 

@@ -1,9 +1,9 @@
 #include "ui/qt/dialogs/windows/nativeRequest_p.h"
 
 #include "platform/utf8ToWideString.h"
+#include "ui/qt/dialogs/files/fileExistence_p.h"
 #include "ui/qt/dialogs/rules/nativeFilters_p.h"
 #include "ui/qt/dialogs/rules/utf8Path_p.h"
-#include "ui/qt/dialogs/save/fileExistence_p.h"
 
 #include <boost/filesystem/exception.hpp>
 

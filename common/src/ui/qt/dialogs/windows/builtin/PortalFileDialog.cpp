@@ -1,7 +1,7 @@
 #include "ui/qt/dialogs/windows/builtin/PortalFileDialog_p.h"
 
+#include "ui/qt/dialogs/files/grantedFile_p.h"
 #include "ui/qt/dialogs/rules/quotedNames_p.h"
-#include "ui/qt/dialogs/save/grantedFile_p.h"
 #include "ui/qt/dialogs/windows/builtin/ControlModel_p.h"
 #include "ui/qt/dialogs/windows/builtin/FileDialogListener_p.h"
 #include "ui/qt/dialogs/windows/builtin/FileDialogRequest_p.h"

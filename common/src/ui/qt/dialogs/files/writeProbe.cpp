@@ -1,7 +1,7 @@
-#include "ui/qt/dialogs/save/writeProbe_p.h"
+#include "ui/qt/dialogs/files/writeProbe_p.h"
 
-#include "ui/qt/dialogs/save/fileExistence_p.h"
-#include "ui/qt/dialogs/save/grantedFile_p.h"
+#include "ui/qt/dialogs/files/fileExistence_p.h"
+#include "ui/qt/dialogs/files/grantedFile_p.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,4 +1,4 @@
-#include "ui/qt/dialogs/save/grantedFile_p.h"
+#include "ui/qt/dialogs/files/grantedFile_p.h"
 
 #include <QDir>
 #include <QString>

@@ -1,5 +1,5 @@
-#include "ui/qt/dialogs/save/grantedFile_p.h"
-#include "ui/qt/dialogs/save/writeProbe_p.h"
+#include "ui/qt/dialogs/files/grantedFile_p.h"
+#include "ui/qt/dialogs/files/writeProbe_p.h"
 
 #include "AccessRights.h"
 #include "DialogFolders.h"

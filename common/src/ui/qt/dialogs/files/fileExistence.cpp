@@ -1,4 +1,4 @@
-#include "ui/qt/dialogs/save/fileExistence_p.h"
+#include "ui/qt/dialogs/files/fileExistence_p.h"
 
 namespace fs = boost::filesystem;
 

@@ -1,4 +1,4 @@
-#include "ui/qt/dialogs/save/writeProbe_p.h"
+#include "ui/qt/dialogs/files/writeProbe_p.h"
 
 #include "DialogFolders.h"
 #include "OrdinaryUser.h"
