@@ -23,6 +23,13 @@ QFont headingFont(const QWidget& widget)
     return font;
 }
 
+bool hasWords(const QString& searched, const QString& text)
+{
+    const QStringList words = text.simplified().split(QLatin1Char(' '));
+    return std::all_of(words.begin(), words.end(),
+                       [&](const QString& word) { return searched.contains(word, Qt::CaseInsensitive); });
+}
+
 } // namespace
 
 GalleryPage::GalleryPage(QString title, const QString& description)
@@ -45,9 +52,12 @@ void GalleryPage::offerCode(const PageCode& code)
 
 bool GalleryPage::matches(const QString& text) const
 {
-    const QStringList words = text.simplified().split(QLatin1Char(' '));
-    return std::all_of(words.begin(), words.end(),
-                       [this](const QString& word) { return m_searchedText.contains(word, Qt::CaseInsensitive); });
+    return hasWords(m_searchedText, text);
+}
+
+bool GalleryPage::titleMatches(const QString& text) const
+{
+    return hasWords(m_title, text);
 }
 
 void GalleryPage::addHeading(QVBoxLayout& layout, const QString& description)

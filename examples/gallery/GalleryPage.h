@@ -27,6 +27,8 @@ public:
     /// Returns whether each word of `text` is in the title, in the description or in the name of a class or function of
     /// the library that the page uses. Case does not matter.
     [[nodiscard]] bool matches(const QString& text) const;
+    /// Returns whether each word of `text` is in the title. Case does not matter.
+    [[nodiscard]] bool titleMatches(const QString& text) const;
 
     /// Adds a button below the page that shows `code`.
     void offerCode(const PageCode& code);

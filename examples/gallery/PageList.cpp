@@ -10,6 +10,7 @@
 #include <QStyle>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <cstdlib>
 
 namespace gallery {
@@ -21,7 +22,7 @@ PageList::PageList()
 {
     addWidgets();
     connect(m_search, &QLineEdit::textChanged, this, &PageList::filter);
-    connect(m_search, &QLineEdit::returnPressed, this, &PageList::selectFirst);
+    connect(m_search, &QLineEdit::returnPressed, this, &PageList::selectBest);
     connect(m_list, &QListWidget::currentRowChanged, this, &PageList::currentChanged);
 }
 
@@ -111,15 +112,28 @@ void PageList::filter(const QString& text)
     for (int row = 0; row < m_list->count(); ++row)
         m_list->setRowHidden(row, !m_pages[row]->matches(text));
     if (m_list->isRowHidden(current()))
-        selectFirst();
+        selectBest();
     tellWhetherNothingMatches(nextShown(-1, 1) < 0);
 }
 
-void PageList::selectFirst()
+void PageList::selectBest()
 {
-    const int first = nextShown(-1, 1);
-    if (first >= 0)
-        m_list->setCurrentRow(first);
+    const int best = bestMatch();
+    if (best >= 0)
+        m_list->setCurrentRow(best);
+}
+
+/// Returns the page whose title matches if there is one, else a page that matches, or -1. The current page comes before
+/// others that match as well.
+int PageList::bestMatch() const
+{
+    const auto titleMatches = [this](const GalleryPage* page) { return page->titleMatches(m_search->text()); };
+    if (current() >= 0 && titleMatches(m_pages[current()]))
+        return current();
+    const auto titled = std::find_if(m_pages.begin(), m_pages.end(), titleMatches);
+    if (titled != m_pages.end())
+        return int(titled - m_pages.begin());
+    return m_list->isRowHidden(current()) ? nextShown(-1, 1) : current();
 }
 
 void PageList::tellWhetherNothingMatches(bool nothing)

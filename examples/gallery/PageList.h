@@ -13,8 +13,8 @@ namespace gallery {
 class GalleryPage;
 
 /// The list of the pages, with a field above it that hides the pages which do not match what is typed. The current page
-/// stays as long as it matches; then the first matching one follows. In the field, Down goes to the list, Return
-/// selects the first match, and Escape shows all pages again.
+/// stays as long as it matches; then the best match follows. In the field, Down goes to the list, Return selects the
+/// best match, and Escape shows all pages again.
 class PageList : public QWidget
 {
     Q_OBJECT
@@ -46,7 +46,8 @@ protected:
 private:
     void addWidgets();
     void filter(const QString& text);
-    void selectFirst();
+    void selectBest();
+    [[nodiscard]] int bestMatch() const;
     void tellWhetherNothingMatches(bool nothing);
     [[nodiscard]] int nextShown(int index, int direction) const;
 

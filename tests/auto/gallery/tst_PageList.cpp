@@ -29,7 +29,9 @@ private Q_SLOTS:
     void findsByTitleDescriptionAndClass_data();
     void findsByTitleDescriptionAndClass();
     void keepsTheCurrentPageWhileItMatches();
-    void returnSelectsTheFirstMatch();
+    void returnSelectsTheBestMatch_data();
+    void returnSelectsTheBestMatch();
+    void returnStaysAmongEqualMatches();
     void tellsThatNothingMatches();
     void downGoesToTheListAndEscapeShowsAll();
     void stepsOverHiddenPages();
@@ -37,6 +39,7 @@ private Q_SLOTS:
 
 private:
     QStringList shownTitles() const;
+    int rowOf(const QString& title) const;
     QString currentTitle() const { return m_rows->currentItem()->text(); }
     void type(const QString& text);
 
@@ -63,6 +66,13 @@ void tst_PageList::cleanup()
 {
     m_list.reset();
     m_pages.clear();
+}
+
+int tst_PageList::rowOf(const QString& title) const
+{
+    const auto found =
+        std::find_if(m_pages.begin(), m_pages.end(), [&](const auto& page) { return page->title() == title; });
+    return int(found - m_pages.begin());
 }
 
 QStringList tst_PageList::shownTitles() const
@@ -107,26 +117,54 @@ void tst_PageList::findsByTitleDescriptionAndClass()
 
 void tst_PageList::keepsTheCurrentPageWhileItMatches()
 {
-    const auto found =
-        std::find_if(m_pages.begin(), m_pages.end(), [](const auto& page) { return page->title() == "Save a file"; });
-    m_list->setCurrent(int(found - m_pages.begin()));
+    m_list->setCurrent(rowOf("Save a file"));
     QSignalSpy changes(m_list.get(), &PageList::currentChanged);
     type("file");
     QCOMPARE(currentTitle(), QString("Save a file"));
     QCOMPARE(changes.size(), 0);
     type("number");
-    QCOMPARE(currentTitle(), shownTitles().first());
+    QCOMPARE(currentTitle(), QString("Number fields"));
     QCOMPARE(changes.size(), 1);
 }
 
-void tst_PageList::returnSelectsTheFirstMatch()
+void tst_PageList::returnSelectsTheBestMatch_data()
 {
-    m_list->setCurrent(int(m_pages.size()) - 1);
-    type("table");
-    QCOMPARE(currentTitle(), m_pages.back()->title());
-    QVERIFY(shownTitles().size() > 1);
+    QTest::addColumn<QString>("from");
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("to");
+    QTest::newRow("title, from a matching description") << "Table editor"
+                                                        << "save a file"
+                                                        << "Save a file";
+    QTest::newRow("title, from no match") << "Helpers"
+                                          << "numb"
+                                          << "Number fields";
+    QTest::newRow("title, behind a matching description") << "Open several files"
+                                                          << "number"
+                                                          << "Number fields";
+    QTest::newRow("description") << "Table editor"
+                                 << "double, with a precision"
+                                 << "Number fields";
+}
+
+void tst_PageList::returnSelectsTheBestMatch()
+{
+    QFETCH(QString, from);
+    QFETCH(QString, typed);
+    QFETCH(QString, to);
+    m_list->setCurrent(rowOf(from));
+    type(typed);
     QTest::keyClick(m_field, Qt::Key_Return);
-    QCOMPARE(currentTitle(), shownTitles().first());
+    QCOMPARE(currentTitle(), to);
+}
+
+void tst_PageList::returnStaysAmongEqualMatches()
+{
+    m_list->setCurrent(rowOf("Save a file"));
+    for (const char* const typed : {"file", "takes the name", ""}) {
+        type(typed);
+        QTest::keyClick(m_field, Qt::Key_Return);
+        QCOMPARE(currentTitle(), QString("Save a file"));
+    }
 }
 
 void tst_PageList::tellsThatNothingMatches()
