@@ -127,10 +127,15 @@ void NumberFieldsPage::takeStepsOver(bool on)
         connection.disconnect();
     if (!on)
         return;
-    m_takenOver[0] = m_number->signalIncrement.connect([this] { m_number->setValue(m_number->value() * 10); });
-    m_takenOver[1] = m_number->signalDecrement.connect([this] { m_number->setValue(m_number->value() / 10); });
-    m_takenOver[2] = m_integer->signalIncrement.connect([this] { m_integer->setValue(m_integer->value() * 2); });
-    m_takenOver[3] = m_integer->signalDecrement.connect([this] { m_integer->setValue(m_integer->value() / 2); });
+    // A step begins at the number that is shown, which may not be the value yet.
+    const auto shown = [](auto* field) {
+        field->interpretText();
+        return field->value();
+    };
+    m_takenOver[0] = m_number->signalIncrement.connect([=] { m_number->setValue(shown(m_number) * 10); });
+    m_takenOver[1] = m_number->signalDecrement.connect([=] { m_number->setValue(shown(m_number) / 10); });
+    m_takenOver[2] = m_integer->signalIncrement.connect([=] { m_integer->setValue(shown(m_integer) * 2); });
+    m_takenOver[3] = m_integer->signalDecrement.connect([=] { m_integer->setValue(shown(m_integer) / 2); });
 }
 
 void NumberFieldsPage::showState()
