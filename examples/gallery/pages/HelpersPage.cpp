@@ -181,8 +181,17 @@ void HelpersPage::addFonts()
     form->addRow(row);
     form->addRow(tr("New families"), m_families);
     form->addRow(tr("The first of them"), m_sample);
+    connect(m_path, &QLineEdit::textChanged, this, &HelpersPage::offerFonts);
     connect(m_addFile, &QPushButton::clicked, this, [this] { addFontsFrom(zelmar::ui::addFontToDatabase); });
     connect(m_addFolder, &QPushButton::clicked, this, [this] { addFontsFrom(zelmar::ui::addFontsToDatabase); });
+    offerFonts();
+}
+
+/// Disables the buttons without a path, because an empty one stands for the current folder.
+void HelpersPage::offerFonts()
+{
+    for (QPushButton* button : {m_addFile, m_addFolder})
+        button->setDisabled(m_path->text().isEmpty());
 }
 
 void HelpersPage::addFontsFrom(void (*add)(const std::string&))

@@ -35,6 +35,7 @@ private:
     void work();
     void setConnected(bool on);
     void showMainWindow();
+    void offerFonts();
     void addFontsFrom(void (*add)(const std::string&));
 
     QPushButton* m_work;
