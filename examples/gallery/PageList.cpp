@@ -113,6 +113,7 @@ void PageList::filter(const QString& text)
         m_list->setRowHidden(row, !m_pages[row]->matches(text));
     if (m_list->isRowHidden(current()))
         selectBest();
+    m_list->scrollToItem(m_list->currentItem());
     tellWhetherNothingMatches(nextShown(-1, 1) < 0);
 }
 

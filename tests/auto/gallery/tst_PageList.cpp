@@ -34,6 +34,7 @@ private Q_SLOTS:
     void returnStaysAmongEqualMatches();
     void tellsThatNothingMatches();
     void downGoesToTheListAndEscapeShowsAll();
+    void keepsTheCurrentPageInSight();
     void stepsOverHiddenPages();
     void showsAPageThatDoesNotMatch();
 
@@ -197,6 +198,19 @@ void tst_PageList::downGoesToTheListAndEscapeShowsAll()
     type("number");
     QTest::keyClick(m_field, Qt::Key_Escape);
     QCOMPARE(shownTitles().size(), int(m_pages.size()));
+}
+
+void tst_PageList::keepsTheCurrentPageInSight()
+{
+    m_rows->setFixedHeight(4 * m_rows->sizeHintForRow(0));
+    m_list->adjustSize();
+    type(m_pages.back()->title());
+    QTest::keyClick(m_field, Qt::Key_Return);
+    QCOMPARE(m_list->current(), int(m_pages.size()) - 1);
+    QTest::keyClick(m_field, Qt::Key_Escape);
+    QCOMPARE(shownTitles().size(), int(m_pages.size()));
+    const QRect row = m_rows->visualItemRect(m_rows->currentItem());
+    QVERIFY(m_rows->viewport()->rect().contains(row));
 }
 
 void tst_PageList::stepsOverHiddenPages()
