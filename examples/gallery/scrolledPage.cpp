@@ -2,12 +2,44 @@
 
 #include "GalleryPage.h"
 
+#include <QAbstractSpinBox>
 #include <QApplication>
+#include <QComboBox>
+#include <QEvent>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QTimer>
 
 namespace gallery {
+
+namespace {
+
+/// Lets the wheel scroll the page while the pointer is over a field without the keyboard focus.
+class WheelFilter : public QObject
+{
+public:
+    using QObject::QObject;
+
+    bool eventFilter(QObject* field, QEvent* event) override
+    {
+        if (event->type() != QEvent::Wheel || static_cast<QWidget*>(field)->hasFocus())
+            return false;
+        event->ignore();
+        return true;
+    }
+};
+
+void keepTheWheelFromFields(QScrollArea& area)
+{
+    auto* const filter = new WheelFilter(&area);
+    for (auto* field : area.widget()->findChildren<QWidget*>())
+        if (qobject_cast<QAbstractSpinBox*>(field) || qobject_cast<QComboBox*>(field)) {
+            field->setFocusPolicy(Qt::StrongFocus);
+            field->installEventFilter(filter);
+        }
+}
+
+} // namespace
 
 std::unique_ptr<QWidget> scrolledPage(std::unique_ptr<GalleryPage> page)
 {
@@ -17,6 +49,7 @@ std::unique_ptr<QWidget> scrolledPage(std::unique_ptr<GalleryPage> page)
     area->setFocusPolicy(Qt::NoFocus);
     area->setWidgetResizable(true);
     area->setWidget(page.release());
+    keepTheWheelFromFields(*area);
     const auto showFocus = [area] {
         const QWidget* const focused = QApplication::focusWidget();
         if (!focused || !area->widget()->isAncestorOf(focused))

@@ -9,6 +9,7 @@
 #include "TestHome.h"
 
 #include <QAbstractButton>
+#include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -19,9 +20,11 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSettings>
+#include <QSpinBox>
 #include <QStackedWidget>
 #include <QToolButton>
 #include <QVBoxLayout>
+#include <QWheelEvent>
 #include <QtTest>
 
 #include <memory>
@@ -98,6 +101,16 @@ QVector<Mnemonic> mnemonicsAroundPages(GalleryWindow& window)
     return mnemonics;
 }
 
+/// Turns the wheel down by a notch over `widget`, as a user does, which may also set the keyboard focus.
+void turnWheelDown(QWidget& widget)
+{
+    const QPoint place = widget.rect().center();
+    QWheelEvent event(place, widget.mapToGlobal(place), QPoint(), QPoint(0, -120), Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    QSpontaneKeyEvent::setSpontaneous(&event);
+    QApplication::instance()->notify(&widget, &event);
+}
+
 QRect screenOf(const QWidget& window)
 {
     return window.screen()->availableGeometry();
@@ -114,6 +127,7 @@ private Q_SLOTS:
     void showsThePageThatKeepsItOpen();
     void closesIfEachPageLetsIt();
     void scrollsToTheKeyboardFocus();
+    void wheelScrollsOverFieldsWithoutFocus();
     void scrollsToTheCode();
     void pagesNeedNoHorizontalScrollBar();
     void mnemonicsDoNotClash();
@@ -161,6 +175,40 @@ void tst_GalleryWindow::scrollsToTheKeyboardFocus()
     QVERIFY(distant->visibleRegion().isEmpty());
     takeKeyboardFocus(*distant);
     QCOMPARE(distant->visibleRegion().boundingRect(), distant->rect());
+}
+
+void tst_GalleryWindow::wheelScrollsOverFieldsWithoutFocus()
+{
+    auto page = std::make_unique<Page>("tall", true);
+    auto* const number = new QSpinBox;
+    number->setValue(50);
+    auto* const choice = new QComboBox;
+    choice->addItems({"one", "two", "three"});
+    page->addAtTheEnd(number, 0);
+    page->addAtTheEnd(choice, 0);
+    page->addAtTheEnd(new QLineEdit, 3000);
+    std::vector<std::unique_ptr<GalleryPage>> made;
+    made.push_back(std::move(page));
+    GalleryWindow window(std::move(made));
+    window.show();
+    const QScrollBar& bar = *window.findChild<QStackedWidget*>()->findChild<QScrollArea*>()->verticalScrollBar();
+    takeKeyboardFocus(*window.findChild<QListWidget*>());
+
+    turnWheelDown(*number->findChild<QLineEdit*>());
+    const int afterNumber = bar.value();
+    QVERIFY(afterNumber > 0);
+    turnWheelDown(*choice);
+    QVERIFY(bar.value() > afterNumber);
+    QCOMPARE(number->value(), 50);
+    QCOMPARE(choice->currentIndex(), 0);
+    QVERIFY(!number->hasFocus() && !choice->hasFocus());
+
+    takeKeyboardFocus(*number);
+    turnWheelDown(*number->findChild<QLineEdit*>());
+    QCOMPARE(number->value(), 49);
+    takeKeyboardFocus(*choice);
+    turnWheelDown(*choice);
+    QCOMPARE(choice->currentIndex(), 1);
 }
 
 void tst_GalleryWindow::scrollsToTheCode()
