@@ -8,6 +8,7 @@
 #include <QEvent>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QStyle>
 #include <QTimer>
 
 namespace gallery {
@@ -39,6 +40,25 @@ void keepTheWheelFromFields(QScrollArea& area)
         }
 }
 
+/// Shows `focused` from its beginning on, and the beginning of the page, such as the label of `focused`, if both fit.
+void showOnPage(QScrollArea& area, const QWidget& focused)
+{
+    const QWidget& page = *area.widget();
+    const QRect visual(focused.mapTo(&page, QPoint()), focused.size());
+    // From here on, left is where lines begin.
+    QRect place = QStyle::visualRect(area.layoutDirection(), page.rect(), visual);
+    // A layout may have made a field wider than it needs to be.
+    place.setWidth(qMin(place.width(), focused.sizeHint().width()));
+    if (place.right() < area.viewport()->width())
+        place.setLeft(0);
+    // ensureWidgetVisible() would show only the line with the cursor. The beginning is more important than the end.
+    for (const QPoint& corner : {place.bottomRight(), place.topLeft()}) {
+        // ensureVisible() mirrors within the viewport, not within the page.
+        const QPoint point = QStyle::visualPos(area.layoutDirection(), area.viewport()->rect(), corner);
+        area.ensureVisible(point.x(), point.y());
+    }
+}
+
 } // namespace
 
 std::unique_ptr<QWidget> scrolledPage(std::unique_ptr<GalleryPage> page)
@@ -52,12 +72,8 @@ std::unique_ptr<QWidget> scrolledPage(std::unique_ptr<GalleryPage> page)
     keepTheWheelFromFields(*area);
     const auto showFocus = [area] {
         const QWidget* const focused = QApplication::focusWidget();
-        if (!focused || !area->widget()->isAncestorOf(focused))
-            return;
-        // ensureWidgetVisible() would show only the line with the cursor. The beginning is more important than the end.
-        const QRect place(focused->mapTo(area->widget(), QPoint()), focused->size());
-        area->ensureVisible(place.right(), place.bottom());
-        area->ensureVisible(place.left(), place.top());
+        if (focused && area->widget()->isAncestorOf(focused))
+            showOnPage(*area, *focused);
     };
     QObject::connect(qApp, &QApplication::focusChanged, area, showFocus);
     // The timer lets the layout of the page follow the scroll bars first.

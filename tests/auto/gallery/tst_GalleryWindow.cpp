@@ -11,6 +11,7 @@
 #include <QAbstractButton>
 #include <QComboBox>
 #include <QGroupBox>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -127,6 +128,8 @@ private Q_SLOTS:
     void showsThePageThatKeepsItOpen();
     void closesIfEachPageLetsIt();
     void scrollsToTheKeyboardFocus();
+    void showsTheLabelOfTheFocusedField_data();
+    void showsTheLabelOfTheFocusedField();
     void wheelScrollsOverFieldsWithoutFocus();
     void scrollsToTheCode();
     void pagesNeedNoHorizontalScrollBar();
@@ -175,6 +178,42 @@ void tst_GalleryWindow::scrollsToTheKeyboardFocus()
     QVERIFY(distant->visibleRegion().isEmpty());
     takeKeyboardFocus(*distant);
     QCOMPARE(distant->visibleRegion().boundingRect(), distant->rect());
+}
+
+void tst_GalleryWindow::showsTheLabelOfTheFocusedField_data()
+{
+    QTest::addColumn<Qt::LayoutDirection>("direction");
+    QTest::newRow("left to right") << Qt::LeftToRight;
+    QTest::newRow("right to left") << Qt::RightToLeft;
+}
+
+void tst_GalleryWindow::showsTheLabelOfTheFocusedField()
+{
+    QFETCH(Qt::LayoutDirection, direction);
+    auto page = std::make_unique<Page>("wide", true);
+    auto* const row = new QWidget;
+    auto* const line = new QHBoxLayout(row);
+    auto* const label = new QLabel("The name of the number");
+    label->setMinimumWidth(150); // more than the margin that a scroll area leaves
+    auto* const field = new QSpinBox;
+    auto* const distant = new QToolButton;
+    distant->setFocusPolicy(Qt::StrongFocus);
+    line->addWidget(label);
+    line->addWidget(field, 1);
+    line->addWidget(distant);
+    row->setMinimumWidth(3000);
+    page->addAtTheEnd(row, 0);
+    std::vector<std::unique_ptr<GalleryPage>> made;
+    made.push_back(std::move(page));
+    GalleryWindow window(std::move(made));
+    window.setLayoutDirection(direction);
+    window.show();
+
+    takeKeyboardFocus(*distant);
+    QCOMPARE(distant->visibleRegion().boundingRect(), distant->rect());
+    QVERIFY(label->visibleRegion().isEmpty());
+    takeKeyboardFocus(*field);
+    QCOMPARE(label->visibleRegion().boundingRect(), label->rect());
 }
 
 void tst_GalleryWindow::wheelScrollsOverFieldsWithoutFocus()
