@@ -96,8 +96,9 @@ public:
 
     /// Returns the chosen files like QFileDialog, except that double quotes are part of a file name if the file-name
     /// box contains a single name. If a file is saved, the text always is a single name. If several files may be
-    /// chosen, it is one only if a file of that name exists and the text does not start with a quoted name. Otherwise
-    /// it is one unless it starts with a quoted name and no file of that name exists.
+    /// chosen, it is one if it does not start with a quoted name, and either has an odd number of double quotes or is
+    /// the name of an existing file. Otherwise it is one unless it starts with a quoted name and no file of that name
+    /// exists.
     ///
     /// Shadows a function that is not virtual. Called through a QFileDialog pointer, QFileDialog's function splits the
     /// name at the quotes.
